@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Starts the desktop program; without a display, says so and shows the kvlr commands.
+set -euo pipefail
+build=${1:-build}
+if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
+  echo "No display found: the desktop program needs one (try xvfb-run make run)."
+  echo "The command-line tool works without one:"
+  echo
+  "$build/cli/kvlr" --help
+  exit 0
+fi
+exec "$build/app/kvl-r"

@@ -1,0 +1,104 @@
+#include "core/SwimCodes.h"
+
+#include <gtest/gtest.h>
+
+namespace kvlr {
+namespace {
+
+TEST(DistanceTest, IndexAndEquivalents) {
+  const std::vector<int> distances = {25, 50, 100, 200, 400, 500, 800, 1000, 1500, 1650};
+  for (int i = 0; i < static_cast<int>(distances.size()); ++i) {
+    EXPECT_EQ(DistanceIndex(distances[i]), i) << distances[i];
+  }
+  for (int other : {0, 6, 11, 75, 1600}) EXPECT_EQ(DistanceIndex(other), 10) << other;
+
+  // clang-format off
+  const std::vector<std::tuple<int, char, int>> equivalents = {
+      {400, 'Y', 500}, {800, 'Y', 1000}, {1500, 'Y', 1650}, {500, 'Y', 500},
+      {500, 'S', 400}, {1000, 'L', 800}, {1650, 'S', 1500}, {400, 'L', 400},
+      {200, 'Y', 200}, {500, ' ', 500}};
+  // clang-format on
+  for (const auto& [distance, course, expected] : equivalents) {
+    EXPECT_EQ(EquivalentDistance(distance, course), expected) << distance << course;
+  }
+}
+
+TEST(AgeGroupTest, PresetRows) {
+  // clang-format off
+  const std::vector<std::tuple<int, int, int>> cases = {
+      {0, 6, 0}, {0, 8, 1}, {0, 10, 2}, {15, 99, 3}, {0, 99, 4}, {1, 99, 4}, {7, 8, 5}, {9, 10, 6},
+      {11, 12, 7}, {13, 14, 8}, {15, 16, 9}, {17, 18, 10}, {15, 18, 23},
+      {8, 8, 12}, {12, 12, 16}, {18, 18, 22},
+      {7, 7, 11}, {19, 19, 11}, {0, 12, 11}, {10, 99, 11}, {6, 8, 11}};
+  // clang-format on
+  for (const auto& [lo, hi, expected] : cases) {
+    EXPECT_EQ(AgeGroupIndex(lo, hi), expected) << lo << "-" << hi;
+  }
+}
+
+TEST(AgeGroupTest, Texts) {
+  // clang-format off
+  const std::vector<std::pair<int, std::string>> lo_hi = {
+      {99, "Open"}, {1099, "10-Ov"}, {199, "01-Ov"}, {10, "Un-10"}, {8, "Un-08"},
+      {1112, "11-12"}, {812, "08-12"}};
+  // clang-format on
+  for (const auto& [value, expected] : lo_hi) EXPECT_EQ(LoHiText(value), expected) << value;
+
+  EXPECT_EQ(AgeRangeText(0, 10), "Under-10");
+  EXPECT_EQ(AgeRangeText(15, 99), "15 Over");
+  EXPECT_EQ(AgeRangeText(11, 12), "11-12");
+
+  EXPECT_EQ(AgeRangeCaption(0, 0), "");
+  EXPECT_EQ(AgeRangeCaption(0, 99), "Open");
+  EXPECT_EQ(AgeRangeCaption(0, 10), "10 and Under");
+  EXPECT_EQ(AgeRangeCaption(15, 99), "15 and Over");
+  EXPECT_EQ(AgeRangeCaption(11, 12), "11 - 12");
+}
+
+TEST(WordsTest, StrokeSexFinals) {
+  // clang-format off
+  const std::vector<std::tuple<int, const char*, std::string>> strokes = {
+      {1, "I", "Free"}, {3, "L", "Breast"}, {4, "E", "Fly"}, {5, "I", "IM"},
+      {5, "R", "Medley Relay"}, {1, "R", "Free Relay"}, {6, "I", ""}, {0, "", ""}};
+  // clang-format on
+  for (const auto& [stroke, i_r, expected] : strokes) {
+    EXPECT_EQ(StrokeText(stroke, i_r), expected) << stroke << i_r;
+  }
+
+  EXPECT_EQ(SexWord("F"), "Female");
+  EXPECT_EQ(SexWord("X"), "Mixed");
+  EXPECT_EQ(SexWord(""), "");
+  EXPECT_EQ(GirlWord(0), "Women");
+  EXPECT_EQ(BoyWord(2), "Boys");
+
+  EXPECT_EQ(FinalsWord("I"), "Semi-Final");
+  EXPECT_EQ(FinalsWord("T"), "Time Trial");
+  EXPECT_EQ(FinalsWord("L"), "");
+}
+
+TEST(EventNumberTextTest, FourCharactersDigitOrLetterLast) {
+  // clang-format off
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"7", "   7"}, {" 12 ", "  12"}, {"123", " 123"},
+      {"12A", " 12A"}, {"7B", "  7B"}, {"", "    "}};
+  // clang-format on
+  for (const auto& [text, expected] : cases) EXPECT_EQ(EventNumberText(text), expected) << text;
+}
+
+TEST(ListsTest, IndexesOtherCodeReliesOn) {
+  // Screens index these lists by stroke, DistanceIndex + 1 and course number.
+  EXPECT_EQ(StartStrokeList().size(), 8u);
+  EXPECT_EQ(StartStrokeList()[7], "Medley R");
+  const auto loaded = LoadStrokeArray();
+  ASSERT_EQ(loaded.size(), 10u);
+  EXPECT_EQ(loaded[6], "");
+  EXPECT_EQ(loaded[9], "Medley Relay");
+  const auto distances = DistanceList();
+  ASSERT_EQ(distances.size(), 14u);
+  EXPECT_EQ(distances[DistanceIndex(100) + 1], " 100");
+  EXPECT_EQ(distances[DistanceIndex(1650) + 1], "1650");
+  EXPECT_EQ(CourseList()[CourseLetters.find('S') + 1], "SCM");
+}
+
+}  // namespace
+}  // namespace kvlr

@@ -1,0 +1,44 @@
+#include "support/TempHome.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+#include "store/Database.h"
+#include "store/DbVersion.h"
+
+namespace kvlr::test {
+namespace fs = std::filesystem;
+
+namespace {
+fs::path MakeRoot() {
+  std::string pattern = (fs::temp_directory_path() / "kvlr-test-XXXXXX").string();
+  if (!::mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
+  return pattern;
+}
+}  // namespace
+
+TempHome::TempHome()
+    : state(ProgramHome(MakeRoot() / "home"), io, clock, disk),
+      root_(state.home.Root().parent_path()) {
+  fs::create_directories(Data());
+  state.home.Ensure();
+}
+
+TempHome::~TempHome() {
+  state.gDb.reset();
+  state.gReportDb.reset();
+  std::error_code ec;
+  fs::remove_all(root_, ec);
+}
+
+fs::path MakeOpenDatabase(TempHome& t, const std::string& name) {
+  fs::path file = t.Data() / name;
+  if (!CreateNewDatabase(t.state, file)) throw std::runtime_error("create failed");
+  t.state.gDatabaseName = file.string();
+  if (!OpenLocalDB(t.state)) throw std::runtime_error("open failed");
+  CheckDbVersion(t.state);
+  ApplyDatabaseSettings(t.state);
+  return file;
+}
+
+}  // namespace kvlr::test

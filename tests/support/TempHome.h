@@ -1,0 +1,42 @@
+#pragma once
+// A fresh program home and data folder for one test, removed afterwards, with a state
+// object wired to a scripted user, a fixed clock and a disk of chosen room.
+
+#include <filesystem>
+#include <memory>
+
+#include "core/AppState.h"
+#include "support/ScriptedUserIo.h"
+
+namespace kvlr::test {
+
+class FakeDisk final : public DiskInfo {
+ public:
+  std::uintmax_t FreeBytes(const std::filesystem::path&) const override { return free_bytes; }
+  std::uintmax_t free_bytes = 1ull << 40;
+};
+
+class TempHome {
+ public:
+  TempHome();
+  ~TempHome();
+  TempHome(const TempHome&) = delete;
+  TempHome& operator=(const TempHome&) = delete;
+
+  const std::filesystem::path& Root() const { return root_; }
+  std::filesystem::path Home() const { return root_ / "home"; }
+  std::filesystem::path Data() const { return root_ / "data"; }
+
+  ScriptedUserIo io;
+  FixedClock clock{DateTime{Date{2026, 11, 22}, 10, 30, 0}};
+  FakeDisk disk;
+  AppState state;
+
+ private:
+  std::filesystem::path root_;
+};
+
+// A new database file in the data folder, complete as after its first open, and open as gDb.
+std::filesystem::path MakeOpenDatabase(TempHome& t, const std::string& name = "family.mdb");
+
+}  // namespace kvlr::test
