@@ -35,6 +35,10 @@ Field FieldOf(char conversion) {
   }
 }
 
+bool IsSeparator(char c) {
+  return c == '/' || c == '-' || c == '.' || c == ' ';
+}
+
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }

@@ -8,12 +8,15 @@ namespace {
 bool IsLower(char c) {
   return c >= 'a' && c <= 'z';
 }
+
 bool IsUpper(char c) {
   return c >= 'A' && c <= 'Z';
 }
+
 char ToUpper(char c) {
   return IsLower(c) ? static_cast<char>(c - 'a' + 'A') : c;
 }
+
 char ToLower(char c) {
   return IsUpper(c) ? static_cast<char>(c - 'A' + 'a') : c;
 }

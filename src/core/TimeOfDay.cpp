@@ -66,7 +66,7 @@ TimeOfDayResult ParseTimeOfDay(std::string_view text) {
 
   const size_t colon = body.find(':');
   if (colon != std::string::npos) {
-    if (colon == 0 || colon + 3 != body.size()) return FormatError();
+    if (colon == 0 || colon > 2 || colon + 3 != body.size()) return FormatError();
     int hours = DigitsValue(body.substr(0, colon));
     int minutes = DigitsValue(body.substr(colon + 1));
     if (hours < 0 || minutes < 0) return FormatError();
@@ -83,7 +83,7 @@ TimeOfDayResult ParseTimeOfDay(std::string_view text) {
   const int value = DigitsValue(body);
   if (value < 0) return FormatError();
   if (word.empty()) {
-    // Midnight as "0:00": a "##" picture would print no hour digit at all.
+    // Hour 0 keeps its digit: "0:00", never a bare ":00".
     if (value < 25) return {Clock(value, 0, word), ""};
     if (value >= 100 && value <= 2400) return FromHhmm(value, word);
     return {};

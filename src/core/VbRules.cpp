@@ -13,6 +13,7 @@ namespace {
 bool IsVbBlank(char c) {
   return c == ' ' || c == '\t' || c == '\n';
 }
+
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }

@@ -45,6 +45,7 @@ void RefuseInvalid(AppState& state) {
 std::unique_ptr<SQLite::Database> TryOpen(const fs::path& file) {
   auto db = OpenStoreFile(file, OpenMode::kExisting);
   if (!IsKvlDatabase(*db)) return nullptr;
+  HoldExclusively(*db);
   return db;
 }
 
@@ -111,13 +112,14 @@ std::unique_ptr<SQLite::Database> OpenStoreFile(const fs::path& file, OpenMode m
   int flags = SQLite::OPEN_READWRITE;
   if (mode == OpenMode::kCreate) flags |= SQLite::OPEN_CREATE;
   auto db = std::make_unique<SQLite::Database>(file.string(), flags);
-  if (exclusive) {
-    // Held for the whole run, as the file is opened for one user.
-    db->exec("PRAGMA locking_mode = EXCLUSIVE");
-    db->exec("BEGIN EXCLUSIVE");
-    db->exec("COMMIT");
-  }
+  // Locks once taken are held for the whole run, as the file is opened for one user.
+  if (exclusive) db->exec("PRAGMA locking_mode = EXCLUSIVE");
   return db;
+}
+
+void HoldExclusively(SQLite::Database& db) {
+  db.exec("BEGIN EXCLUSIVE");
+  db.exec("COMMIT");
 }
 
 void PopulateCodeTable(SQLite::Database& db) {

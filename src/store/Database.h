@@ -14,10 +14,13 @@ namespace kvlr {
 
 enum class OpenMode { kExisting, kCreate };
 
-// Opens a store file for this process alone: another program opening it is refused as "in
-// use". Throws SQLite::Exception on failure.
+// Opens a store file. With `exclusive` the file is kept for this process alone once
+// HoldExclusively has run: another program opening it is refused as "in use". Nothing is
+// written by opening. Throws SQLite::Exception on failure.
 std::unique_ptr<SQLite::Database> OpenStoreFile(const std::filesystem::path& file, OpenMode mode,
                                                 bool exclusive = true);
+// Takes the file's write lock for the rest of the run.
+void HoldExclusively(SQLite::Database& db);
 
 // Makes a new database with the tables of a new file, in their order. On a failure the user
 // is told which table and why, and false comes back (the half-made file stays). The file

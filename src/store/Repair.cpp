@@ -3,6 +3,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <fmt/format.h>
+#include <variant>
 #include <sqlite3.h>
 
 #include "core/ErrorHandler.h"
@@ -11,6 +12,9 @@
 #include "store/Database.h"
 #include "store/ReportDatabase.h"
 #include "store/StoreTexts.h"
+#include "store/TableBuilder.h"
+#include "store/UserTables.h"
+#include "store/WorkoutTables.h"
 
 namespace kvlr {
 namespace fs = std::filesystem;
@@ -43,32 +47,51 @@ bool IntegrityOk(const fs::path& file) {
   }
 }
 
-// Copies one table row by row, keeping what can be read before the damage.
+// Copies one table row by row, keeping what can be read before the damage. The rows are
+// read first: a read of a damaged page may undo the transaction it happens in.
 void CopyRowsOneByOne(SQLite::Database& db, const std::string& table) {
   const std::string q = Quoted(table);
-  SQLite::Statement read(db, fmt::format("SELECT * FROM damaged.{}", q));
-  const int columns = read.getColumnCount();
-  std::string marks;
-  for (int i = 0; i < columns; ++i) marks += i ? ",?" : "?";
-  SQLite::Statement write(db, fmt::format("INSERT OR IGNORE INTO main.{} VALUES ({})", q, marks));
+  using Value = std::variant<std::monostate, int64_t, double, std::string>;
+  std::vector<std::vector<Value>> rows;
+  int columns = 0;
   try {
+    SQLite::Statement read(db, fmt::format("SELECT * FROM damaged.{}", q));
+    columns = read.getColumnCount();
     while (read.executeStep()) {
-      write.reset();
+      auto& row = rows.emplace_back();
       for (int i = 0; i < columns; ++i) {
         SQLite::Column c = read.getColumn(i);
         switch (c.getType()) {
-          case SQLITE_INTEGER: write.bind(i + 1, c.getInt64()); break;
-          case SQLITE_FLOAT: write.bind(i + 1, c.getDouble()); break;
-          case SQLITE_TEXT: write.bind(i + 1, c.getString()); break;
-          case SQLITE_BLOB: write.bind(i + 1, c.getBlob(), c.getBytes()); break;
-          default: write.bind(i + 1); break;
+          case SQLITE_INTEGER: row.emplace_back(c.getInt64()); break;
+          case SQLITE_FLOAT: row.emplace_back(c.getDouble()); break;
+          case SQLITE_TEXT:
+          case SQLITE_BLOB: row.emplace_back(c.getString()); break;
+          default: row.emplace_back(std::monostate{}); break;
         }
       }
-      write.exec();
     }
   } catch (const SQLite::Exception&) {
     // The rest of the table lies in damaged pages.
   }
+  if (rows.empty()) return;
+  std::string marks;
+  for (int i = 0; i < columns; ++i) marks += i ? ",?" : "?";
+  SQLite::Transaction transaction(db);
+  SQLite::Statement write(db, fmt::format("INSERT OR IGNORE INTO main.{} VALUES ({})", q, marks));
+  for (const auto& row : rows) {
+    write.reset();
+    write.clearBindings();
+    for (int i = 0; i < columns; ++i) {
+      std::visit(
+          [&](const auto& v) {
+            using T = std::decay_t<decltype(v)>;
+            if constexpr (!std::is_same_v<T, std::monostate>) write.bind(i + 1, v);
+          },
+          row[static_cast<size_t>(i)]);
+    }
+    write.exec();
+  }
+  transaction.commit();
 }
 
 // Builds `target` from what `source` still holds: the schema first, then the rows, then the
@@ -76,6 +99,8 @@ void CopyRowsOneByOne(SQLite::Database& db, const std::string& table) {
 void Salvage(const fs::path& source, const fs::path& target) {
   RemoveIfExists(target);
   SQLite::Database db(target.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  // Lets a file shorter than its header says be read up to where it ends.
+  db.exec("PRAGMA writable_schema = ON");
   SQLite::Statement attach(db, "ATTACH DATABASE ? AS damaged");
   attach.bind(1, source.string());
   attach.exec();
@@ -84,7 +109,7 @@ void Salvage(const fs::path& source, const fs::path& target) {
     std::string type, name, sql;
   };
   std::vector<Item> items;
-  {
+  try {
     SQLite::Statement schema(db,
                              "SELECT type, name, sql FROM damaged.sqlite_master WHERE sql IS NOT "
                              "NULL AND name NOT LIKE 'sqlite_%'");
@@ -92,20 +117,29 @@ void Salvage(const fs::path& source, const fs::path& target) {
       items.push_back({schema.getColumn(0).getString(), schema.getColumn(1).getString(),
                        schema.getColumn(2).getString()});
     }
+  } catch (const SQLite::Exception&) {
+    // The rest of the table list is lost; the declared layout fills the gap below.
   }
-  SQLite::Transaction transaction(db);
+  SQLite::Transaction tables(db);
   for (const auto& item : items) {
     if (item.type == "table") db.exec(item.sql);
   }
+  const auto saved = TableNames(db);
+  for (const auto* tables : {&UserTables(), &WorkoutTables()}) {
+    for (const auto& table : *tables) {
+      if (!saved.count(UpperName(table.name))) CreateTable(db, table);
+    }
+  }
+  tables.commit();
   for (const auto& item : items) {
     if (item.type != "table") continue;
     try {
       db.exec(fmt::format("INSERT INTO main.{0} SELECT * FROM damaged.{0}", Quoted(item.name)));
     } catch (const SQLite::Exception&) {
-      db.exec(fmt::format("DELETE FROM main.{}", Quoted(item.name)));
       CopyRowsOneByOne(db, item.name);
     }
   }
+  SQLite::Transaction indexes(db);
   for (const auto& item : items) {
     if (item.type == "table") continue;
     try {
@@ -114,8 +148,9 @@ void Salvage(const fs::path& source, const fs::path& target) {
       // A unique index the saved rows break is left out rather than losing the rows.
     }
   }
-  transaction.commit();
+  indexes.commit();
   db.exec("DETACH DATABASE damaged");
+  db.exec("PRAGMA writable_schema = OFF");
 }
 
 }  // namespace

@@ -1,1 +1,191 @@
+// The files the store makes hold exactly the declared layout.
+
 #include <gtest/gtest.h>
+
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
+
+#include "store/ReportDatabase.h"
+#include "store/ReportTables.h"
+#include "store/TableBuilder.h"
+#include "store/UserTables.h"
+#include "store/WorkoutTables.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+using test::MakeOpenDatabase;
+using test::TempHome;
+
+std::vector<std::string> ColumnsOf(SQLite::Database& db, const std::string& table) {
+  std::vector<std::string> names;
+  SQLite::Statement q(db, "SELECT name FROM pragma_table_info(?)");
+  q.bind(1, table);
+  while (q.executeStep()) names.push_back(q.getColumn(0).getString());
+  return names;
+}
+
+struct IndexInfo {
+  bool found = false;
+  bool unique = false;
+  std::vector<std::string> columns;
+};
+
+IndexInfo IndexOf(SQLite::Database& db, const TableDef& table, const IndexDef& index) {
+  IndexInfo info;
+  // The primary key of an auto-increment column is the column itself.
+  const FieldDef* f = index.columns.size() == 1 ? table.Field(index.columns[0].name) : nullptr;
+  if (index.primary && f && f->auto_increment) {
+    SQLite::Statement sql(db, "SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?");
+    sql.bind(1, table.name);
+    sql.executeStep();
+    info.found = sql.getColumn(0).getString().find("CONSTRAINT \"" + index.name +
+                                                   "\" PRIMARY KEY AUTOINCREMENT") !=
+                 std::string::npos;
+    info.unique = true;
+    info.columns = {f->name};
+    return info;
+  }
+  SQLite::Statement list(db, "SELECT \"unique\" FROM pragma_index_list(?) WHERE name = ?");
+  SQLite::bind(list, table.name, IndexFileName(table, index));
+  if (!list.executeStep()) return info;
+  info.found = true;
+  info.unique = list.getColumn(0).getInt() != 0;
+  SQLite::Statement cols(db, "SELECT name FROM pragma_index_info(?) ORDER BY seqno");
+  cols.bind(1, IndexFileName(table, index));
+  while (cols.executeStep()) info.columns.push_back(cols.getColumn(0).getString());
+  return info;
+}
+
+void ExpectLayout(SQLite::Database& db, const std::vector<TableDef>& tables) {
+  for (const auto& table : tables) {
+    SCOPED_TRACE(table.name);
+    std::vector<std::string> expected;
+    for (const auto& f : table.fields) expected.push_back(f.name);
+    auto actual = ColumnsOf(db, table.name);
+    // Completion may append fields after the declared ones (the workout group of Athlete).
+    ASSERT_GE(actual.size(), expected.size());
+    actual.resize(expected.size());
+    EXPECT_EQ(actual, expected);
+    for (const auto& index : table.indexes) {
+      SCOPED_TRACE(index.name);
+      IndexInfo info = IndexOf(db, table, index);
+      ASSERT_TRUE(info.found);
+      EXPECT_EQ(info.unique, index.unique);
+      ASSERT_EQ(info.columns.size(), index.columns.size());
+      for (size_t i = 0; i < info.columns.size(); ++i) {
+        EXPECT_TRUE(SameName(info.columns[i], index.columns[i].name));
+      }
+    }
+  }
+}
+
+TEST(Schema, NewDatabaseHoldsEveryTableFieldAndIndex) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  ExpectLayout(*t.state.gDb, UserTables());
+  ExpectLayout(*t.state.gDb, WorkoutTables());
+  EXPECT_TRUE(IndexExists(*t.state.gDb, "Athlete.athWKgroup"));
+}
+
+TEST(Schema, ReportDatabaseHoldsEveryTable) {
+  TempHome t;
+  ASSERT_TRUE(CheckReportTables(t.state));
+  ExpectLayout(*t.state.gReportDb, ReportTables());
+  ExpectLayout(*t.state.gReportDb, WorkoutReportTables());
+}
+
+TEST(Schema, NamesOfFieldsKeepTheirDeclaredOrderInKeyTables) {
+  const TableDef* result = FindTable(UserTables(), "Result");
+  ASSERT_NE(result, nullptr);
+  std::vector<std::string> names;
+  for (const auto& f : result->fields) names.push_back(f.name);
+  EXPECT_EQ(names, (std::vector<std::string>{"MEET", "ATHLETE", "I_R", "SCORE", "F_P", "SPLIT",
+                                             "EX", "ORIGIN", "NT", "RESULT", "MISC", "AGE",
+                                             "DISTANCE", "STROKE", "MTEVENT", "PLACE", "RANK",
+                                             "TRANK", "COURSE"}));
+  EXPECT_EQ(FindTable(UserTables(), "Athlete")->fields.back().name, "KVL2000");
+  EXPECT_EQ(StandardsTable("AGSTD").fields.size(), 3u + 72u + 4u);
+}
+
+TEST(Schema, StandardsTableIndexEndsDescending) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  TableDef std_table = StandardsTable("AGSTD2026");
+  CreateTable(*t.state.gDb, std_table);
+  SQLite::Statement q(*t.state.gDb,
+                      "SELECT desc FROM pragma_index_xinfo('AGSTD2026.Hi_Age') WHERE key = 1 "
+                      "ORDER BY seqno DESC LIMIT 1");
+  ASSERT_TRUE(q.executeStep());
+  EXPECT_EQ(q.getColumn(0).getInt(), 1);
+  EXPECT_EQ(ColumnsOf(*t.state.gDb, "AGSTD2026")[3], "F(0)");
+}
+
+// What the store must refuse, whatever screen or import writes it.
+TEST(Schema, StoreRefusesDuplicatesOverSizeAndOutOfRange) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  SQLite::Database& db = *t.state.gDb;
+  db.exec("INSERT INTO MEET (MName, Start, Course) VALUES ('Spring Open', '2026-03-01', 'Y')");
+  struct Case {
+    const char* name;
+    const char* sql;
+    const char* words;
+  };
+  const Case cases[] = {
+      {"same meet name and day, other case",
+       "INSERT INTO MEET (MName, Start) VALUES ('SPRING OPEN', '2026-03-01')", "UNIQUE"},
+      {"text over its size",
+       "INSERT INTO Athlete (Last, First) VALUES ('Abcdefghijklmnopqrstu', 'Ann')",
+       "Last can not be longer than 20 characters"},
+      {"byte out of range", "INSERT INTO RESULT (MEET, ATHLETE, NT) VALUES (1, 1, 256)",
+       "NT must be from 0 to 255"},
+      {"integer out of range", "INSERT INTO RESULT (MEET, ATHLETE, AGE) VALUES (1, 1, 40000)",
+       "AGE must be from -32768 to 32767"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    try {
+      db.exec(c.sql);
+      ADD_FAILURE() << "accepted";
+    } catch (const SQLite::Exception& e) {
+      EXPECT_NE(std::string(e.what()).find(c.words), std::string::npos) << e.what();
+    }
+  }
+  // Same name on another day is a different meet.
+  EXPECT_NO_THROW(db.exec("INSERT INTO MEET (MName, Start) VALUES ('Spring Open', '2026-03-02')"));
+}
+
+TEST(Schema, OneEntryAndOneResultASwimmerPerEventAndRound) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  SQLite::Database& db = *t.state.gDb;
+  db.exec("INSERT INTO ENTRY (Meet, Athlete, I_R, MtEvent) VALUES (1, 1, 'I', 7)");
+  EXPECT_THROW(db.exec("INSERT INTO ENTRY (Meet, Athlete, I_R, MtEvent) VALUES (1, 1, 'I', 7)"),
+               SQLite::Exception);
+  EXPECT_NO_THROW(db.exec("INSERT INTO ENTRY (Meet, Athlete, I_R, MtEvent) VALUES (1, 1, 'E', 7)"));
+
+  db.exec("INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P) VALUES (1, 1, 'I', 7, 'P')");
+  EXPECT_THROW(
+      db.exec("INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P) VALUES (1, 1, 'I', 7, 'P')"),
+      SQLite::Exception);
+  EXPECT_NO_THROW(
+      db.exec("INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P) VALUES (1, 1, 'I', 7, 'F')"));
+}
+
+TEST(Schema, TextComparesWithoutCaseAndKeepsApostrophes) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  SQLite::Database& db = *t.state.gDb;
+  SQLite::Statement insert(db, "INSERT INTO Athlete (Last, First, Sex) VALUES (?, ?, ?)");
+  SQLite::bind(insert, "O'Brien", "Siobhan \"Shiv\"", "F");
+  insert.exec();
+  SQLite::Statement find(db, "SELECT First FROM Athlete WHERE Last = ?");
+  find.bind(1, "o'brien");
+  ASSERT_TRUE(find.executeStep());
+  EXPECT_EQ(find.getColumn(0).getString(), "Siobhan \"Shiv\"");
+}
+
+}  // namespace
+}  // namespace kvlr
