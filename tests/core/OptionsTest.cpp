@@ -1,1 +1,73 @@
 #include <gtest/gtest.h>
+
+#include <SQLiteCpp/Statement.h>
+
+#include "core/Options.h"
+#include "core/SwimCodes.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+namespace fs = std::filesystem;
+using test::MakeOpenDatabase;
+using test::TempHome;
+
+TEST(GetOptions, EmptyTableGetsTheDefaultsWithTodayAsLastBackup) {
+  TempHome t;
+  MakeOpenDatabase(t);  // its first open read OPTIONS
+  SQLite::Statement q(*t.state.gDb,
+                      "SELECT count(*), LastBackup, CvtFactor, Cvt500, Cvt1650, CvtType, Y2L, "
+                      "BackupCheck, UpdateCheck, Course, NoAge FROM OPTIONS");
+  ASSERT_TRUE(q.executeStep());
+  EXPECT_EQ(q.getColumn(0).getInt(), 1);
+  EXPECT_EQ(q.getColumn(1).getString(), "2026-11-22");
+  EXPECT_DOUBLE_EQ(q.getColumn(2).getDouble(), 1.11);
+  EXPECT_DOUBLE_EQ(q.getColumn(3).getDouble(), 0.875);
+  EXPECT_DOUBLE_EQ(q.getColumn(4).getDouble(), 1.006);
+  EXPECT_EQ(q.getColumn(5).getInt(), 2);
+  EXPECT_EQ(q.getColumn(6).getInt(), 1);
+  EXPECT_EQ(q.getColumn(7).getInt(), 7);
+  EXPECT_EQ(q.getColumn(8).getInt(), 7);
+  EXPECT_EQ(q.getColumn(9).getString(), "Y");
+  EXPECT_EQ(q.getColumn(10).getInt(), 1);
+
+  const std::array<double, 9> expected = {1.11, 0.8, 0.6, 1, 0.7, 0.8, 0, 0.875, 1.006};
+  for (size_t i = 0; i < expected.size(); ++i) EXPECT_DOUBLE_EQ(t.state.gConvert[i], expected[i]);
+  EXPECT_TRUE(t.state.gY2L);
+  EXPECT_EQ(t.state.gBackupDays, 7);
+  EXPECT_EQ(t.state.gStroke, LoadStrokeArray());
+}
+
+TEST(GetOptions, ReadsAChangedRowIntoTheState) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  t.state.gDb->exec(
+      "UPDATE OPTIONS SET Favorite = 'LCM', UseLeadOff = 1, RptUCase = 1, BackupCheck = 30, "
+      "UpdateCheck = 0, CvtFactor = 1.2, FavSex = 2");
+  GetOptions(t.state);
+  EXPECT_EQ(t.state.gFavorite, "LCM");
+  EXPECT_TRUE(t.state.gUseLeadOff);
+  EXPECT_TRUE(t.state.gRptUCase);
+  EXPECT_EQ(t.state.gBackupDays, 30);
+  EXPECT_EQ(t.state.gUpdateDays, 0);
+  EXPECT_DOUBLE_EQ(t.state.gConvert[0], 1.2);
+  EXPECT_EQ(t.state.gFavSex, 2);
+}
+
+TEST(GetDirectories, FallsBackToTheDataFolder) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  const fs::path imports = t.Root() / "imports";
+  fs::create_directories(imports);
+  SQLite::Statement set(*t.state.gDb, "UPDATE OPTIONS SET ImportDir = ?, ExportDir = ?");
+  set.bind(1, imports.string());
+  set.bind(2, (t.Root() / "deleted since").string());
+  set.exec();
+  EXPECT_EQ(GetDirectories(t.state, DirectoryKind::kImport), imports);
+  EXPECT_EQ(GetDirectories(t.state, DirectoryKind::kExport), t.Data());
+  EXPECT_EQ(GetDirectories(t.state, DirectoryKind::kBackup), t.Data());
+}
+
+}  // namespace
+}  // namespace kvlr

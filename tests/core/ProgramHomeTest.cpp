@@ -1,1 +1,50 @@
 #include <gtest/gtest.h>
+
+#include "core/Errors.h"
+#include "core/FileOps.h"
+#include "core/ProgramHome.h"
+#include "core/ShippedFiles.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(ProgramHome, ResolvesFromTheEnvironment) {
+  EXPECT_EQ(ProgramHome::Resolve("/x/home", "/xdg", "/u"), fs::path("/x/home"));
+  EXPECT_EQ(ProgramHome::Resolve("", "/xdg", "/u"), fs::path("/xdg/kvl-r"));
+  EXPECT_EQ(ProgramHome::Resolve(nullptr, nullptr, "/u"), fs::path("/u/.local/share/kvl-r"));
+  EXPECT_EQ(ProgramHome::DefaultDataDir("/u"), fs::path("/u/KVL-R-Data"));
+}
+
+TEST(ProgramHome, AMissingHomeIsMadeWithTheShippedRules) {
+  test::TempHome t;
+  ProgramHome home(t.Root() / "new" / "deeper");
+  home.Ensure();
+  EXPECT_TRUE(fs::is_directory(home.ReportDir()));
+  EXPECT_EQ(ReadWholeFile(home.ImportRules()), kDefaultImportRules);
+}
+
+TEST(ProgramHome, AHomeInUseKeepsTheUsersChoices) {
+  test::TempHome t;
+  ProgramHome home(t.Root() / "used");
+  home.Ensure();
+  WriteFileAtomically(home.SystemFile(), "in use");
+  fs::remove(home.ImportRules());
+  home.Ensure();  // a removed rules file stays removed, so the check can say so
+  EXPECT_FALSE(fs::exists(home.ImportRules()));
+}
+
+TEST(FileOps, AFailedWriteLeavesTheOldFile) {
+  test::TempHome t;
+  const fs::path file = t.Data() / "keep.txt";
+  WriteFileAtomically(file, "old");
+  EXPECT_THROW(WriteFileAtomically(t.Data() / "missing" / "x.txt", "new"), FileError);
+  fs::create_directories(t.Data() / "blocker.tmp");  // the temporary name is taken by a folder
+  EXPECT_THROW(WriteFileAtomically(t.Data() / "blocker", "new"), FileError);
+  EXPECT_EQ(ReadWholeFile(file), "old");
+}
+
+}  // namespace
+}  // namespace kvlr
