@@ -131,15 +131,17 @@ void PopulateCodeTable(SQLite::Database& db) {
 
 bool CreateNewDatabase(AppState& state, const fs::path& file) {
   state.gDatabaseName = file.string();
+  std::error_code ec;
+  if (fs::exists(file, ec)) {
+    state.io->Tell(fmt::format("{}\r\n{} already exists.", store_text::kDidntCreateDatabase,
+                               file.string()));
+    return false;
+  }
   std::unique_ptr<SQLite::Database> db;
   try {
-    std::error_code ec;
-    if (fs::exists(file, ec)) {
-      throw FileError(err::kFileAlreadyOpen, fmt::format("{} already exists.", file.string()));
-    }
     db = OpenStoreFile(file, OpenMode::kCreate);
   } catch (const std::exception& e) {
-    state.io->Tell(fmt::format("{}\r\n{}", store_text::kDidntCreateDatabase, e.what()));
+    ReportError(state, "basSetup.CreateNewDatabase", e);
     return false;
   }
   SQLite::Transaction transaction(*db);
