@@ -6,43 +6,15 @@
 
 #include <fmt/format.h>
 
-#include "CliArgs.h"
-#include "ConsoleUserIo.h"
-#include "core/DatabaseName.h"
-#include "core/Errors.h"
-#include "core/TimeText.h"
-#include "core/VbRules.h"
+#include "Command.h"
 #include "store/Database.h"
 #include "store/DbVersion.h"
-#include "store/Repair.h"
-#include "store/TableBuilder.h"
 
 namespace kvlr {
 namespace fs = std::filesystem;
 
-namespace {
+namespace cli {
 
-constexpr int kOk = 0;
-constexpr int kRefused = 1;
-constexpr int kMisuse = 2;
-
-struct Context {
-  const CliEnvironment& env;
-  AppState& state;
-  ConsoleUserIo& io;
-  ParsedArgs args;
-};
-
-struct Command {
-  std::string name;
-  std::string usage;
-  std::string summary;
-  std::set<std::string> value_options;
-  std::set<std::string> flag_options;
-  std::function<int(Context&)> run;
-};
-
-// A line of tab-separated columns.
 void Row(std::ostream& out, const std::vector<std::string>& columns) {
   for (size_t i = 0; i < columns.size(); ++i) out << (i ? "\t" : "") << columns[i];
   out << "\n";
@@ -53,21 +25,11 @@ std::string OnePath(const Context& c) {
   return c.args.positional[0];
 }
 
-// The checks of the Open/New dialog on a chosen name.
-bool DatabaseFileNameOk(Context& c, const fs::path& file) {
-  const std::string name = file.filename().string();
-  if (UCase(name.size() >= 3 ? name.substr(name.size() - 3) : name) != "MDB") {
-    c.io.Tell("Not a valid filename: " + name);
-    return false;
-  }
-  if (name.find('.') == std::string::npos) {
-    c.io.Tell("Not a valid validfilename: " + name);
-    return false;
-  }
-  return DatabaseNameOk(file.stem().string(), kMaxDatabaseName, c.io);
+std::string Required(const Context& c, const std::string& option) {
+  if (!c.args.values.count(option)) throw UsageError(option + " is required");
+  return c.args.values.at(option);
 }
 
-// What the first open of a database does: complete, upgrade, read its settings.
 bool OpenAsAtStart(Context& c, const fs::path& file) {
   std::error_code ec;
   if (!fs::exists(file, ec)) {
@@ -81,67 +43,21 @@ bool OpenAsAtStart(Context& c, const fs::path& file) {
   return true;
 }
 
-int NewDb(Context& c) {
-  const fs::path file = OnePath(c);
-  if (!DatabaseFileNameOk(c, file)) return kRefused;
-  if (!CreateNewDatabase(c.state, fs::absolute(file))) return kRefused;
-  if (!OpenAsAtStart(c, file)) return kRefused;
-  Row(c.env.out, {"Database", "Tables"});
-  Row(c.env.out, {c.state.gDatabaseName, std::to_string(TableNames(*c.state.gDb).size())});
-  return kOk;
-}
+}  // namespace cli
 
-int CheckDb(Context& c) {
-  if (!OpenAsAtStart(c, OnePath(c))) return kRefused;
-  Row(c.env.out, {"Table", "Rows"});
-  SQLite::Statement tables(*c.state.gDb,
-                           "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT "
-                           "LIKE 'sqlite_%' ORDER BY name COLLATE NOCASE");
-  while (tables.executeStep()) {
-    std::string name = tables.getColumn(0).getString();
-    Row(c.env.out, {name, std::to_string(RowCount(*c.state.gDb, name))});
-  }
-  return kOk;
-}
+namespace {
 
-int Repair(Context& c) {
-  const fs::path file = OnePath(c);
-  if (!OpenAsAtStart(c, file)) return kRefused;
-  std::error_code ec;
-  const auto before = fs::file_size(file, ec);
-  if (!RepairAndCompact(c.state)) return kRefused;
-  Row(c.env.out, {"Database", "Bytes before", "Bytes after"});
-  Row(c.env.out, {c.state.gDatabaseName, std::to_string(before),
-                  std::to_string(fs::file_size(file, ec))});
-  return kOk;
-}
+using namespace cli;
 
-int Time(Context& c) {
-  if (c.args.positional.empty()) throw UsageError("expects at least one TEXT");
-  Row(c.env.out, {"Text", "Normalized", "Score", "Formatted", "Padded", "ScoreText"});
-  for (const auto& text : c.args.positional) {
-    std::string canonical = text;
-    const int32_t score = TimeTextToScore(canonical);
-    Row(c.env.out, {text, NormalizeTimeText(text), std::to_string(score),
-                    FormatTime(score, false), FormatTime(score, true),
-                    ScoreText(score, 1, "", 0)});
-  }
-  return kOk;
-}
-
+// Every command, in the order help lists them.
 const std::vector<Command>& Commands() {
-  static const std::vector<Command> commands = {
-      {"new-db", "kvlr new-db PATH",
-       "Make a new database file (*.mdb) with every table, ready to use.", {}, {}, NewDb},
-      {"check-db", "kvlr check-db PATH",
-       "Open a database, complete missing tables, bring it to this version; list tables and "
-       "row counts.",
-       {}, {}, CheckDb},
-      {"repair", "kvlr repair PATH",
-       "Remove orphan rows, check and rebuild the file, compact it in place.", {}, {}, Repair},
-      {"time", "kvlr time TEXT...",
-       "Show how typed times are read: normalized text, score, printed forms.", {}, {}, Time},
-  };
+  static const std::vector<Command> commands = [] {
+    std::vector<Command> all;
+    for (auto list : {DatabaseCommands}) {
+      for (auto& c : list()) all.push_back(std::move(c));
+    }
+    return all;
+  }();
   return commands;
 }
 

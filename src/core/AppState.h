@@ -91,9 +91,8 @@ struct AppState {
   bool gY2L = true;
   int gFavSex = 0;
   int gNoAge = 1;
-  // Conversion factors of OPTIONS, slots 0 to 8; 9 and 10 belong to the conversion itself.
-  std::array<double, 11> gConvert{};
-  int gCvtType = 2;
+  // Course conversion factors: OPTIONS fields in slots 0 to 8, 2.0 in slot 9, 0 in slot 10.
+  std::array<double, 11> gCvtFactors{};
 
   std::string gDefaultPrinter;
   PrinterNames gPrinter;

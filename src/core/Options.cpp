@@ -41,8 +41,10 @@ void GetOptions(AppState& state) {
     query.reset();
     query.executeStep();
   }
-  for (int i = 0; i < 9; ++i) state.gConvert[i] = DoubleOr0(query.getColumn(i));
-  state.gCvtType = IntOr0(query.getColumn(9));
+  for (int i = 0; i < 9; ++i) state.gCvtFactors[i] = DoubleOr0(query.getColumn(i));
+  // Whatever the table holds for the method, the conversion always works the second way.
+  state.gCvtFactors[9] = 2.0;
+  state.gCvtFactors[10] = 0.0;
   state.gY2L = IntOr0(query.getColumn(10)) != 0;
   state.gBackupDays = static_cast<uint8_t>(IntOr0(query.getColumn(11)));
   state.gUpdateDays = static_cast<uint8_t>(IntOr0(query.getColumn(12)));

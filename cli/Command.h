@@ -1,0 +1,54 @@
+#pragma once
+// What every kvlr command is given and the small helpers they share.
+
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "CliArgs.h"
+#include "Commands.h"
+#include "ConsoleUserIo.h"
+#include "core/AppState.h"
+
+namespace kvlr::cli {
+
+inline constexpr int kOk = 0;
+inline constexpr int kRefused = 1;
+inline constexpr int kMisuse = 2;
+
+struct Context {
+  const CliEnvironment& env;
+  AppState& state;
+  ConsoleUserIo& io;
+  ParsedArgs args;
+};
+
+struct Command {
+  std::string name;
+  std::string usage;
+  std::string summary;
+  std::set<std::string> value_options;
+  std::set<std::string> flag_options;
+  std::function<int(Context&)> run;
+};
+
+// A line of tab-separated columns.
+void Row(std::ostream& out, const std::vector<std::string>& columns);
+
+// The one positional PATH of a command; UsageError otherwise.
+std::string OnePath(const Context& c);
+
+// The value of a required option; UsageError when absent.
+std::string Required(const Context& c, const std::string& option);
+
+// What the first open of a database does at start: open, complete, upgrade, read settings.
+// False (the user told) when the file is missing or refused.
+bool OpenAsAtStart(Context& c, const std::filesystem::path& file);
+
+// The commands of each subsystem.
+std::vector<Command> DatabaseCommands();
+
+}  // namespace kvlr::cli
