@@ -50,5 +50,8 @@ bool OpenAsAtStart(Context& c, const std::filesystem::path& file);
 
 // The commands of each subsystem.
 std::vector<Command> DatabaseCommands();
+std::vector<Command> ConversionCommands();
+std::vector<Command> RankCommands();
+std::vector<Command> BestCommands();
 
 }  // namespace kvlr::cli
