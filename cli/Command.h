@@ -53,5 +53,7 @@ std::vector<Command> DatabaseCommands();
 std::vector<Command> ConversionCommands();
 std::vector<Command> RankCommands();
 std::vector<Command> BestCommands();
+std::vector<Command> BackupCommands();
+std::vector<Command> AthleteCommands();
 
 }  // namespace kvlr::cli

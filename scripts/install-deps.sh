@@ -6,6 +6,7 @@ packages=(
   g++ cmake ninja-build ccache pkg-config
   qt6-base-dev
   libsqlitecpp-dev libsqlite3-dev sqlite3
+  libzip-dev
   libfmt-dev
   libgtest-dev libgmock-dev libbenchmark-dev
 )
