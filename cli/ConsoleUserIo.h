@@ -25,6 +25,9 @@ class ConsoleUserIo final : public UserIo {
   Answer Message(std::string_view text, int style, std::string_view title) override;
   void Progress(std::string_view) override {}
 
+  // Replaces the --yes (true) / --no (false) answer; nullopt asks again.
+  void SetPreset(std::optional<bool> preset) { preset_ = preset; }
+
   // True once a plain message (a refusal or a report) was shown.
   bool Told() const { return told_; }
 

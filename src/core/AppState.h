@@ -53,6 +53,8 @@ struct AppState {
   const DiskInfo* disk;
   // The machine's date pattern (nl_langinfo(D_FMT)); read by the app, never by core routines.
   std::string locale_date_format = "%m/%d/%y";
+  // Where user data go by default; a missing folder marks a first run.
+  std::filesystem::path data_root = ProgramHome::DefaultDataDir();
 
   std::unique_ptr<SQLite::Database> gDb;
   std::unique_ptr<SQLite::Database> gReportDb;

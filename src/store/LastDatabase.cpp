@@ -14,7 +14,7 @@ namespace kvlr {
 std::vector<std::string> GetLastDatabase(AppState& state) {
   auto db = OpenSystemFile(state.home);
   SQLite::Statement query(*db,
-                          "SELECT FullName, StandardFile FROM Settings ORDER BY \"Date\" DESC");
+                          "SELECT FullName, StandardFile FROM Settings ORDER BY \"Date\" DESC, rowid DESC");
   std::vector<std::string> names;
   bool found = false;
   while (query.executeStep()) {

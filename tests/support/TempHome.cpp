@@ -21,6 +21,7 @@ TempHome::TempHome()
     : state(ProgramHome(MakeRoot() / "home"), io, clock, disk),
       root_(state.home.Root().parent_path()) {
   fs::create_directories(Data());
+  state.data_root = Data();
   state.home.Ensure();
 }
 

@@ -1,1 +1,184 @@
 #include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "standards/Conversion.h"
+#include "standards/ConversionSettings.h"
+#include "standards/ConvertScreen.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+using test::MakeOpenDatabase;
+using test::TempHome;
+
+// One application for the whole program, whichever screen test comes first. It is never
+// destroyed: Qt's own statics would otherwise be torn down around it at exit.
+void EnsureApp() {
+  static int argc = 1;
+  static char arg0[] = "ui_standards_test";
+  static char* argv[] = {arg0, nullptr};
+  if (!QApplication::instance()) new QApplication(argc, argv);
+}
+
+void Type(QWidget* box, const QString& text) {
+  for (QChar ch : text) {
+    QKeyEvent press(QEvent::KeyPress, ch.unicode(), Qt::NoModifier, QString(ch));
+    QApplication::sendEvent(box, &press);
+  }
+}
+
+void Press(QWidget* widget, int key) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+  QApplication::sendEvent(widget, &press);
+}
+
+class ConvertScreen : public testing::Test {
+ protected:
+  ConvertScreen() {
+    EnsureApp();
+    MakeOpenDatabase(t);
+  }
+  QLineEdit* Box(const char* name) { return screen->findChild<QLineEdit*>(name); }
+  // Replaces a box's text as a user would, then leaves it with Enter.
+  void Retype(const char* name, const QString& text) {
+    QLineEdit* box = Box(name);
+    box->selectAll();
+    Type(box, text);
+    Press(box, Qt::Key_Return);
+  }
+  bool TurnBoxesEnabled() {
+    bool all = true, any = false;
+    for (const char* name : {"txtFreeTurn", "txtBackTurn", "txtBreastTurn", "txtFlyTurn",
+                             "txtIMTurn"}) {
+      all = all && Box(name)->isEnabled();
+      any = any || Box(name)->isEnabled();
+    }
+    EXPECT_EQ(all, any) << "the five turn boxes go together";
+    return all;
+  }
+  double OptionsField(const char* field) {
+    return t.state.gDb->execAndGet(std::string("SELECT ") + field + " FROM OPTIONS").getDouble();
+  }
+
+  TempHome t;
+  std::unique_ptr<frmConvt> screen;
+};
+
+TEST_F(ConvertScreen, ShowsTheSavedFactorsAndTheHelps) {
+  screen = std::make_unique<frmConvt>(t.state);
+  EXPECT_EQ(screen->windowTitle(), "Course Conversion Setup");
+  const std::vector<std::pair<const char*, QString>> boxes = {
+      {"txtCvtFactor", "1.11"}, {"txtFreeTurn", "0.8"}, {"txtBackTurn", "0.6"},
+      {"txtBreastTurn", "1"},   {"txtFlyTurn", "0.7"},  {"txtIMTurn", "0.8"},
+      {"txtStraight", "0"},     {"txtCvt500", "0.875"}, {"txtCvt1650", "1.006"}};
+  for (const auto& [name, text] : boxes) {
+    ASSERT_NE(Box(name), nullptr) << name;
+    EXPECT_EQ(Box(name)->text(), text) << name;
+  }
+  EXPECT_TRUE(screen->findChild<QRadioButton*>("optY2L")->isChecked());
+  EXPECT_EQ(screen->findChild<QRadioButton*>("optY2L")->text(), "LC Meters to Yards");
+  EXPECT_EQ(screen->findChild<QRadioButton*>("optL2S")->text(), "LC Meters to SC Meters");
+  EXPECT_TRUE(TurnBoxesEnabled());
+
+  QStringList captions, labels;
+  for (auto* group : screen->findChildren<QGroupBox*>()) captions << group->title();
+  for (auto* label : screen->findChildren<QLabel*>()) labels << label->text();
+  for (std::string_view group : {kYardsGroup, kTurnGroup, kLongGroup}) {
+    EXPECT_TRUE(captions.contains(QString::fromUtf8(group.data(), group.size()))) << group;
+  }
+  std::vector<std::string_view> helps = {kYardsHelp,      kTurnHelp,       kStraightHelp,
+                                         kCvt500Caption,  kCvt500Typical,  kCvt1650Caption,
+                                         kCvt1650Typical, kLongToMeters,   kLongToYards};
+  helps.insert(helps.end(), kTurnExample.begin(), kTurnExample.end());
+  for (std::string_view help : helps) {
+    EXPECT_TRUE(labels.contains(QString::fromUtf8(help.data(), help.size()))) << help;
+  }
+}
+
+TEST_F(ConvertScreen, LeavingStraightAppliesItsRule) {
+  screen = std::make_unique<frmConvt>(t.state);
+  Retype("txtStraight", "0.05");
+  EXPECT_FALSE(TurnBoxesEnabled());
+  EXPECT_TRUE(t.io.shown.empty());
+
+  Retype("txtStraight", "0.2");
+  EXPECT_TRUE(t.io.Saw("Maximum allowable is 0.1 ( 10% )"));
+  EXPECT_EQ(Box("txtStraight")->text(), "0");
+  EXPECT_TRUE(TurnBoxesEnabled());
+
+  // A minus sign can't be typed: no factor is ever negative.
+  Box("txtStraight")->clear();
+  Type(Box("txtStraight"), "-0.05");
+  EXPECT_EQ(Box("txtStraight")->text(), "0.05");
+}
+
+TEST_F(ConvertScreen, OpensWithTurnBoxesOffWhenAStraightFactorIsSaved) {
+  t.state.gDb->exec("UPDATE OPTIONS SET Straight = 0.02");
+  screen = std::make_unique<frmConvt>(t.state);
+  EXPECT_FALSE(TurnBoxesEnabled());
+  EXPECT_TRUE(t.io.shown.empty());
+}
+
+TEST_F(ConvertScreen, SaveWritesAndTakesEffectAtOnce) {
+  screen = std::make_unique<frmConvt>(t.state);
+  Retype("txtCvtFactor", "1.2");
+  Retype("txtFreeTurn", "1");
+  screen->findChild<QRadioButton*>("optL2S")->click();
+  screen->findChild<QPushButton*>("cmdSave")->click();
+
+  EXPECT_EQ(screen->result(), QDialog::Accepted);
+  EXPECT_EQ(t.state.gCvtFactors[0], 1.2);
+  EXPECT_EQ(t.state.gCvtFactors[1], 1.0);
+  EXPECT_EQ(ConvertTime(t.state, 200, 12000, 1, 'S', 'L'), 12400);
+  EXPECT_DOUBLE_EQ(OptionsField("CvtFactor"), 1.2);
+  EXPECT_DOUBLE_EQ(OptionsField("FreeTurn"), 1.0);
+  EXPECT_EQ(OptionsField("Y2L"), 0);
+  EXPECT_EQ(OptionsField("CvtType"), 2);
+}
+
+TEST_F(ConvertScreen, SaveChecksAStraightBoxNotYetLeft) {
+  screen = std::make_unique<frmConvt>(t.state);
+  Box("txtStraight")->selectAll();
+  Type(Box("txtStraight"), "0.5");
+  screen->findChild<QPushButton*>("cmdSave")->click();
+  EXPECT_TRUE(t.io.Saw("Maximum allowable is 0.1 ( 10% )"));
+  EXPECT_EQ(OptionsField("Straight"), 0);
+}
+
+TEST_F(ConvertScreen, CancelAndEscapeLeaveEverythingAsItWas) {
+  for (bool escape : {false, true}) {
+    screen = std::make_unique<frmConvt>(t.state);
+    screen->show();
+    Retype("txtCvtFactor", "1.3");
+    if (escape) {
+      Press(screen.get(), Qt::Key_Escape);
+    } else {
+      screen->findChild<QPushButton*>("cmdCancel")->click();
+    }
+    EXPECT_EQ(screen->result(), QDialog::Rejected) << escape;
+    EXPECT_FALSE(screen->isVisible()) << escape;
+    EXPECT_EQ(t.state.gCvtFactors[0], 1.11) << escape;
+    EXPECT_DOUBLE_EQ(OptionsField("CvtFactor"), 1.11) << escape;
+  }
+}
+
+TEST_F(ConvertScreen, AFailedSaveIsReportedAndKeepsTheScreen) {
+  screen = std::make_unique<frmConvt>(t.state);
+  screen->show();
+  t.state.gDb->exec("DROP TABLE OPTIONS");
+  EXPECT_FALSE(screen->Save());
+  EXPECT_TRUE(t.io.Saw("frmConvt.cmdSave_Click"));
+  EXPECT_TRUE(screen->isVisible());
+  EXPECT_EQ(t.state.gCvtFactors[0], 1.11);
+}
+
+}  // namespace
+}  // namespace kvlr

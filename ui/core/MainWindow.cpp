@@ -1,25 +1,402 @@
 #include "core/MainWindow.h"
 
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QMenuBar>
+#include <QPrinterInfo>
 #include <QStatusBar>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "core/PreferenceScreens.h"
+#include "core/PrinterInfo.h"
+#include "core/ShellDialogs.h"
+#include "core/SwimCodes.h"
+#include "shell/Login.h"
+#include "shell/OpenDatabase.h"
+#include "shell/ShellTexts.h"
+#include "shell/Startup.h"
+#include "store/Repair.h"
 
 namespace kvlr {
+namespace fs = std::filesystem;
+
+namespace {
+QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+
+// Shows progress lines on the start-up panel while passing everything on.
+class PanelIo final : public UserIo {
+ public:
+  PanelIo(UserIo& inner, frmSetup& panel) : inner_(inner), panel_(panel) {}
+  Answer Message(std::string_view text, int style, std::string_view title) override {
+    return inner_.Message(text, style, title);
+  }
+  void Progress(std::string_view line) override {
+    panel_.SetLine(Q(line));
+    inner_.Progress(line);
+  }
+
+ private:
+  UserIo& inner_;
+  frmSetup& panel_;
+};
+}  // namespace
 
 MainWindow::MainWindow(AppState& state, QWidget* parent) : QMainWindow(parent), state_(state) {
   setObjectName("frmMain");
-  resize(900, 640);
+  resize(960, 680);
+  // The lists every screen picks from, as they stand before a database is read.
+  state_.gStroke = StartStrokeList();
+  state_.gDistance = DistanceList();
+  state_.gCourse = CourseList();
+  background_ = new QLabel(this);
+  background_->setObjectName("picBackground");
+  background_->setAlignment(Qt::AlignCenter);
+  background_->setScaledContents(false);
+  setCentralWidget(background_);
   BuildMenus();
+  InstallShellHandlers();
   statusBar();
+  SetFileMenus(false);
+  SetMenus(false);
   RefreshTitle();
 }
 
-void MainWindow::RefreshTitle() { setWindowTitle(QString::fromStdString(state_.gTitle)); }
-
 void MainWindow::BuildMenus() {
-  QMenu* file = menuBar()->addMenu(tr("&File"));
-  QAction* exit = file->addAction(tr("E&xit"));
-  exit->setObjectName("mnuExit");
-  connect(exit, &QAction::triggered, this, &QWidget::close);
+  QMenu* current_top = nullptr;
+  QMenu* current_sub = nullptr;
+  std::string_view top_name, sub_name;
+  for (const auto& entry : MainMenu()) {
+    if (entry.caption.empty()) {
+      // A menu-bar entry that is itself the command.
+      QAction* action = menuBar()->addAction(Q(entry.top));
+      actions_[entry.command] = action;
+      current_top = nullptr;
+      top_name = {};
+    } else {
+      if (!current_top || entry.top != top_name) {
+        current_top = menuBar()->addMenu(Q(entry.top));
+        menus_[Q(entry.top)] = current_top;
+        top_name = entry.top;
+        current_sub = nullptr;
+        sub_name = {};
+      }
+      QMenu* target = current_top;
+      if (!entry.sub.empty()) {
+        if (!current_sub || entry.sub != sub_name) {
+          if (entry.separator_before) current_top->addSeparator();
+          current_sub = current_top->addMenu(Q(entry.sub));
+          menus_[Q(entry.top) + "/" + Q(entry.sub)] = current_sub;
+          sub_name = entry.sub;
+        } else if (entry.separator_before) {
+          current_sub->addSeparator();
+        }
+        target = current_sub;
+      } else {
+        current_sub = nullptr;
+        sub_name = {};
+        if (entry.separator_before) current_top->addSeparator();
+      }
+      actions_[entry.command] = target->addAction(Q(entry.caption));
+    }
+    QAction* action = actions_[entry.command];
+    action->setObjectName(QString("mnu%1").arg(static_cast<int>(entry.command)));
+    const MenuCommand command = entry.command;
+    const QString plain = QString::fromStdString(PlainCaption(entry.caption.empty() ? entry.top
+                                                                                     : entry.caption));
+    connect(action, &QAction::triggered, this, [this, command, plain] {
+      auto it = handlers_.find(command);
+      if (it != handlers_.end() && it->second) {
+        it->second();
+      } else {
+        state_.io->Message((plain + Q(shell_text::kNotAvailableYet)).toStdString(),
+                           box::kInformation, "");
+      }
+    });
+    if (entry.command == MenuCommand::kExit) {
+      QMenu* file = menus_["&File"];
+      last_files_separator_ = file->addSeparator();
+      for (int i = 0; i < 5; ++i) {
+        QAction* last = file->addAction(QString());
+        last->setObjectName(QString("mnuLastFile%1").arg(i));
+        last->setVisible(false);
+        connect(last, &QAction::triggered, this, [this, last] {
+          std::vector<std::string> files;
+          if (OpenLastFile(state_, last->data().toString().toStdString(), &files)) {
+            ShowLastFiles(files);
+            DatabaseChanged();
+          } else {
+            SetFileMenus(state_.gDbOpen);
+            SetMenus(state_.gDbOpen);
+            RefreshTitle();
+          }
+        });
+        last_file_actions_.push_back(last);
+      }
+      last_files_separator_->setVisible(false);
+    }
+  }
+}
+
+void MainWindow::InstallShellHandlers() {
+  using C = MenuCommand;
+  SetHandler(C::kOpenNew, [this] { OpenNew(); });
+  SetHandler(C::kRepair, [this] { Repair(); });
+  SetHandler(C::kLogin, [this] { RunLogin(); });
+  SetHandler(C::kExit, [this] { close(); });
+  SetHandler(C::kSystemPrefs, [this] {
+    frmSystem screen(state_, this);
+    run_dialog_(screen);
+  });
+  SetHandler(C::kReportPrefs, [this] {
+    frmReptPref screen(state_, this);
+    run_dialog_(screen);
+  });
+  SetHandler(C::kDirectoryPrefs, [this] {
+    frmDirectories screen(state_, this);
+    run_dialog_(screen);
+  });
+  SetHandler(C::kInstallMobile, [this] {
+    state_.io->Tell(std::string(shell_text::kMobileMissing) + "\r\n" +
+                    std::string(shell_text::kContactSupport));
+  });
+  SetHandler(C::kInstallUpdate, [this] {
+    if (!state_.gDbOpen) return;
+    if (state_.io->AskYesNo(std::string(shell_text::kInstallUpdateFirst) + "\r\n" +
+                            std::string(shell_text::kInstallUpdateQuestion))) {
+      close();
+    }
+  });
+  SetHandler(C::kHelpContents, [this] { ShowHelp("qrc:/help/KVL-R.html"); });
+  SetHandler(C::kHelpReleaseNotes, [this] { ShowHelp("qrc:/help/KVL-RReleasenotes.html"); });
+  SetHandler(C::kHelpTechSupport, [this] { ShowHelp("qrc:/help/KVL-R.html#support"); });
+  SetHandler(C::kHelpAbout, [this] {
+    state_.io->Message("KVL-R 2.1\r\nA log of meets, times, standards and training for up to "
+                       "four swimmers.",
+                       box::kInformation, "About KVL-R");
+  });
+}
+
+void MainWindow::SetHandler(MenuCommand command, std::function<void()> handler) {
+  handlers_[command] = std::move(handler);
+}
+
+QAction* MainWindow::Action(MenuCommand command) const {
+  auto it = actions_.find(command);
+  return it == actions_.end() ? nullptr : it->second;
+}
+
+void MainWindow::SetMenus(bool open) {
+  for (const auto& entry : MainMenu()) {
+    if (entry.top == "&File" || entry.top == "&Help") continue;
+    actions_[entry.command]->setEnabled(open);
+    if (auto it = menus_.find(Q(entry.top)); it != menus_.end()) {
+      it->second->menuAction()->setEnabled(open);
+    }
+  }
+}
+
+void MainWindow::SetFileMenus(bool open) {
+  for (const auto& entry : MainMenu()) {
+    if (entry.top != "&File") continue;
+    actions_[entry.command]->setEnabled(MenuEnabled(entry, open));
+  }
+  for (const char* sub : {"&File/&Import", "&File/&Export"}) {
+    if (auto it = menus_.find(sub); it != menus_.end()) it->second->menuAction()->setEnabled(open);
+  }
+}
+
+void MainWindow::ShowLastFiles(const std::vector<std::string>& files) {
+  for (size_t i = 0; i < last_file_actions_.size(); ++i) {
+    QAction* a = last_file_actions_[i];
+    if (i < files.size()) {
+      a->setText(QString("&%1 %2").arg(i + 1).arg(QString::fromStdString(files[i])));
+      a->setData(QString::fromStdString(files[i]));
+      a->setVisible(true);
+    } else {
+      a->setVisible(false);
+    }
+  }
+  last_files_separator_->setVisible(!files.empty());
+}
+
+void MainWindow::RefreshTitle() {
+  setWindowTitle(QString::fromStdString(MainTitle(state_)));
+  auto picture = BackgroundPicture(state_);
+  if (picture) {
+    QPixmap pixmap(QString::fromStdString(picture->string()));
+    background_->setPixmap(pixmap);
+  } else {
+    background_->setPixmap(QPixmap());
+  }
+}
+
+void MainWindow::Start() {
+  if (started_) return;
+  started_ = true;
+  frmSetup panel(this);
+  panel.show();
+  PanelIo panel_io(*state_.io, panel);
+  UserIo* own_io = state_.io;
+  state_.io = &panel_io;
+  SetupOutcome outcome = RunSetup(state_);
+  state_.io = own_io;
+  ShowLastFiles(outcome.last_files);
+  if (outcome.first_run) {
+    panel.ShowWelcome();
+    run_dialog_(panel);
+  }
+  panel.hide();
+
+  if (state_.gDbOpen) {
+    BackupReminder(state_);
+  } else {
+    state_.gTitle = std::string(kTitleNoDatabase);
+    state_.gDataDir = state_.data_root;
+  }
+
+  const QString default_printer = QPrinterInfo::defaultPrinterName();
+  state_.gDefaultPrinter = default_printer.toStdString();
+  state_.gPrinter = GetPrinterInfo(state_.home, PrinterNames{state_.gDefaultPrinter, "", ""});
+  printer_at_start_ = state_.gPrinter;
+
+  SetFileMenus(!state_.gDatabaseName.empty());
+  SetMenus(!state_.gDatabaseName.empty());
+  if (state_.gDbOpen && state_.gAthlete == 0) {
+    RunLogin();
+    if (UpdateReminderDue(state_) &&
+        state_.io->Message(shell_text::kUpdateQuestion, box::kYesNo + box::kQuestion,
+                           shell_text::kUpdateTitle) == Answer::kYes) {
+      actions_[MenuCommand::kWebBrowser]->trigger();
+    }
+  }
+  RefreshTitle();
+}
+
+void MainWindow::RunLogin() {
+  if (!state_.gDbOpen) return;
+  std::vector<LoginRow> rows = LoginRows(state_);
+  if (rows.empty()) {
+    LogIn(state_, 0);
+    state_.io->Tell(shell_text::kNoSwimmers);
+    RefreshTitle();
+    if (add_athlete_) add_athlete_();
+    rows = LoginRows(state_);
+    if (rows.size() == 1) LogIn(state_, rows[0].athlete);
+  } else if (rows.size() == 1) {
+    LogIn(state_, rows[0].athlete);
+  } else {
+    frmLogin login(rows, *state_.io, this);
+    if (run_dialog_(login) == QDialog::Accepted) LogIn(state_, login.Chosen());
+  }
+  if (state_.gAthlete == 0) state_.gAthleteCount = static_cast<int16_t>(rows.size());
+  RefreshTitle();
+}
+
+void MainWindow::OpenNew() {
+  QString start = QString::fromStdString(state_.gDataDir.string());
+  QDir folder(start);
+  if (folder.entryList({"*.mdb"}, QDir::Files).isEmpty() && !state_.gDatabaseName.empty()) {
+    start = QString::fromStdString(state_.gDatabaseName);
+  }
+  QFileDialog dialog(this, Q(shell_text::kOpenNewTitle), start, Q(shell_text::kOpenNewFilter));
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  if (run_dialog_(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+  OpenDatabaseFile(dialog.selectedFiles().front());
+}
+
+bool MainWindow::OpenDatabaseFile(const QString& file) {
+  std::vector<std::string> files;
+  const bool opened = OpenOrCreateDatabase(state_, file.toStdString(), &files);
+  if (opened) {
+    ShowLastFiles(files);
+    DatabaseChanged();
+  } else {
+    SetFileMenus(state_.gDbOpen);
+    SetMenus(state_.gDbOpen);
+    RefreshTitle();
+  }
+  return opened;
+}
+
+void MainWindow::DatabaseChanged() {
+  SetFileMenus(state_.gDbOpen);
+  SetMenus(state_.gDbOpen);
+  if (state_.gDbOpen && state_.gAthlete == 0) RunLogin();
+  RefreshTitle();
+}
+
+void MainWindow::Repair() {
+  if (!state_.gDbOpen) return;
+  if (state_.io->Message(std::string(shell_text::kRepairWarning) + "\r\n" +
+                             std::string(shell_text::kRepairQuestion),
+                         box::kYesNo + box::kQuestion, shell_text::kRepairTitle) != Answer::kYes) {
+    return;
+  }
+  const int32_t athlete = state_.gAthlete;
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  RepairAndCompact(state_);
+  QApplication::restoreOverrideCursor();
+  if (state_.gDbOpen && athlete > 0) LogIn(state_, athlete);
+  SetFileMenus(state_.gDbOpen);
+  SetMenus(state_.gDbOpen);
+  RefreshTitle();
+}
+
+void MainWindow::ShowHelp(const QString& page) {
+  QDialog help(this);
+  help.setObjectName("frmHelp");
+  help.setWindowTitle(tr("KVL-R Help"));
+  help.resize(760, 560);
+  auto* layout = new QVBoxLayout(&help);
+  auto* browser = new QTextBrowser(&help);
+  browser->setObjectName("txtHelp");
+  browser->setOpenExternalLinks(true);
+  browser->setSource(QUrl(page));
+  layout->addWidget(browser);
+  auto* close = new QDialogButtonBox(QDialogButtonBox::Close, &help);
+  connect(close, &QDialogButtonBox::rejected, &help, &QDialog::reject);
+  layout->addWidget(close);
+  run_dialog_(help);
+}
+
+bool MainWindow::ConfirmExit() {
+  if (state_.gAthleteCount <= 1) {
+    return state_.io->Message(shell_text::kExitQuestion, box::kYesNo + box::kQuestion, "") ==
+           Answer::kYes;
+  }
+  frmExit choice(this);
+  run_dialog_(choice);
+  switch (choice.Result()) {
+    case 0: return true;
+    case 1:
+      LogIn(state_, 0);
+      RunLogin();
+      return false;
+    default: return false;
+  }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (leaving_) {
+    event->accept();
+    return;
+  }
+  if (!ConfirmExit()) {
+    event->ignore();
+    return;
+  }
+  leaving_ = true;
+  for (QWidget* child : findChildren<QDialog*>()) child->close();
+  LeaveProgram(state_, printer_at_start_);
+  event->accept();
 }
 
 }  // namespace kvlr

@@ -1,0 +1,51 @@
+#pragma once
+// Times of day and the birth date as the athlete card shows and takes them.
+// Times are kept in Date fields as "1899-12-30 HH:MM:SS": the store's day zero plus the time.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/Date.h"
+
+namespace kvlr {
+
+// A typed time as the card keeps it: `shown` in the machine's form, or "" with `message`
+// ("" too) when refused. Empty text is accepted as no time.
+struct CardTime {
+  bool accepted = true;
+  std::string shown;
+  std::string message;
+};
+
+// Reads a typed time through ParseTimeOfDay and shows it as ShownTime does.
+CardTime TypedCardTime(std::string_view typed, bool twelve_hour);
+
+// A stored time of day shown "hh:mm AM" (12-hour machine) or "hh:mm"; "" for none or
+// text that isn't a stored time.
+std::string ShownTime(std::string_view stored, bool twelve_hour);
+
+// The stored form of a shown time ("7:00 PM", "07:00 PM", "19:00"); nullopt for "" or text
+// that isn't a time of day.
+std::optional<std::string> StoredTime(std::string_view shown);
+
+// The visible range of the day view when the swimmer has none.
+std::string DefaultRangeStart(bool twelve_hour);
+std::string DefaultRangeEnd(bool twelve_hour);
+
+// A typed birth date: `accepted` with the date (nullopt for empty text), or refused with
+// `message` ("" when the text simply isn't a date and the field goes back to what it was).
+struct BirthEntry {
+  bool accepted = true;
+  std::optional<Date> date;
+  std::string message;
+};
+
+// Reads the text in the regional `date_order`. Dates before 1930 can only come from the
+// calendar: typed, they are refused with the words of the card.
+BirthEntry TypedBirthDate(std::string_view typed, int date_order);
+
+// The birth date as the card shows it, in the regional order with four-digit years.
+std::string ShownBirthDate(const Date& date, int date_order);
+
+}  // namespace kvlr

@@ -1,0 +1,36 @@
+#pragma once
+// Program start: the start-up panel's steps, the reminders, title and background.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/AppState.h"
+
+namespace kvlr {
+
+struct SetupOutcome {
+  bool first_run = false;              // the data folder was missing and has been made
+  std::vector<std::string> last_files;  // newest first, for the File menu
+};
+
+// The start-up panel: system tables, the last database, first run, open, version, settings.
+// Progress lines go to state.io. A database that fails to open leaves gDatabaseName empty.
+SetupOutcome RunSetup(AppState& state);
+
+// Backs the database up silently when strictly more days than gBackupDays have passed since
+// OPTIONS.LastBackup, then opens it again. True when a backup ran.
+bool BackupReminder(AppState& state);
+
+// True when the user should be asked about updates now (strictly more days than
+// gUpdateDays since the last reminder; never with gUpdateDays 0). Records the reminder.
+bool UpdateReminderDue(AppState& state);
+
+// The main window's title for the current state.
+std::string MainTitle(const AppState& state);
+
+// The background of the current swimmer: <home>/<first>.bmp, else <home>/KVL-R.BMP, else none.
+std::optional<std::filesystem::path> BackgroundPicture(const AppState& state);
+
+}  // namespace kvlr

@@ -1,0 +1,109 @@
+#pragma once
+// Made-up RESULT, MEET and ATHLETE rows for the ranking and writer tests.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+
+namespace kvlr::test {
+
+struct ResultRow {
+  int32_t athlete = 1;
+  std::string i_r = "I";
+  int distance = 100;
+  int stroke = 1;
+  std::string course = "Y";
+  int32_t score = 6000;
+  std::optional<int> nt = 0;  // nullopt stores Null
+  std::string f_p = "F";
+  int32_t meet = 1;
+  std::optional<int> rank = 0;
+  int32_t mt_event = 0;  // 0: a new event number for each row
+};
+
+class ResultTable {
+ public:
+  explicit ResultTable(SQLite::Database& db) : db_(db) {}
+
+  int64_t Add(const ResultRow& r) {
+    SQLite::Statement q(db_,
+                        "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, DISTANCE, STROKE, "
+                        "COURSE, MTEVENT, RANK, TRANK, PLACE, AGE) "
+                        "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, 12)");
+    q.bind(1, r.meet);
+    q.bind(2, r.athlete);
+    q.bind(3, r.i_r);
+    q.bind(4, r.score);
+    q.bind(5, r.f_p);
+    if (r.nt) q.bind(6, *r.nt); else q.bind(6);
+    q.bind(7, r.distance);
+    q.bind(8, r.stroke);
+    q.bind(9, r.course);
+    q.bind(10, r.mt_event ? r.mt_event : ++next_event_);
+    if (r.rank) q.bind(11, *r.rank); else q.bind(11);
+    q.bind(12, 77);  // a TRank left by an earlier selection
+    q.exec();
+    return db_.getLastInsertRowid();
+  }
+
+  std::vector<int64_t> AddAll(const std::vector<ResultRow>& rows) {
+    std::vector<int64_t> ids;
+    SQLite::Transaction transaction(db_);
+    for (const auto& r : rows) ids.push_back(Add(r));
+    transaction.commit();
+    return ids;
+  }
+
+  // One field of one row; nullopt for Null. `field` is a column name of this file.
+  std::optional<int64_t> Int(int64_t id, std::string_view field) {
+    SQLite::Statement q(db_, "SELECT " + std::string(field) + " FROM RESULT WHERE RESULT = ?");
+    q.bind(1, id);
+    if (!q.executeStep() || q.getColumn(0).isNull()) return std::nullopt;
+    return q.getColumn(0).getInt64();
+  }
+
+  std::string Text(int64_t id, std::string_view field) {
+    SQLite::Statement q(db_, "SELECT " + std::string(field) + " FROM RESULT WHERE RESULT = ?");
+    q.bind(1, id);
+    return q.executeStep() ? q.getColumn(0).getString() : "<no row>";
+  }
+
+  std::vector<std::optional<int64_t>> Ranks(const std::vector<int64_t>& ids,
+                                            std::string_view field = "RANK") {
+    std::vector<std::optional<int64_t>> out;
+    for (int64_t id : ids) out.push_back(Int(id, field));
+    return out;
+  }
+
+  void AddMeet(int32_t meet, std::string_view start, std::string_view type) {
+    SQLite::Statement q(db_, "INSERT INTO MEET (Meet, MName, Start, Type) VALUES (?, ?, ?, ?)");
+    q.bind(1, meet);
+    q.bind(2, "Lakeside Invitational " + std::to_string(meet));
+    q.bind(3, std::string(start));
+    q.bind(4, std::string(type));
+    q.exec();
+  }
+
+  void AddAthlete(int32_t athlete, std::string_view last) {
+    SQLite::Statement q(db_, "INSERT INTO ATHLETE (Athlete, Last, First) VALUES (?, ?, 'Pat')");
+    q.bind(1, athlete);
+    q.bind(2, std::string(last));
+    q.exec();
+  }
+
+  int64_t Count() { return db_.execAndGet("SELECT count(*) FROM RESULT").getInt64(); }
+
+ private:
+  SQLite::Database& db_;
+  int32_t next_event_ = 100;
+};
+
+using Ranks = std::vector<std::optional<int64_t>>;
+
+}  // namespace kvlr::test

@@ -1,0 +1,231 @@
+// Start-up, reminders, login and the way out, without windows.
+
+#include <gtest/gtest.h>
+
+#include <SQLiteCpp/Statement.h>
+
+#include "core/FileOps.h"
+#include "core/InstanceLock.h"
+#include "core/PrinterInfo.h"
+#include "shell/Login.h"
+#include "shell/MenuPlan.h"
+#include "shell/OpenDatabase.h"
+#include "shell/ShellTexts.h"
+#include "shell/Startup.h"
+#include "store/LastDatabase.h"
+#include "store/TableBuilder.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+namespace fs = std::filesystem;
+using test::MakeOpenDatabase;
+using test::TempHome;
+
+void AddSwimmer(SQLite::Database& db, const char* first, const char* last, const char* sex) {
+  SQLite::Statement insert(db, "INSERT INTO Athlete (First, Last, Sex) VALUES (?, ?, ?)");
+  insert.bind(1, first);
+  insert.bind(2, last);
+  insert.bind(3, sex);
+  insert.exec();
+}
+
+TEST(RunSetup, AMissingDataFolderIsAFirstRun) {
+  TempHome t;
+  t.state.data_root = t.Root() / "KVL-R-Data";
+  SetupOutcome outcome = RunSetup(t.state);
+  EXPECT_TRUE(outcome.first_run);
+  EXPECT_TRUE(fs::is_directory(t.state.data_root));
+  EXPECT_EQ(t.state.gDataDir, t.state.data_root);
+  EXPECT_FALSE(t.state.gDbOpen);
+  EXPECT_TRUE(fs::exists(t.state.home.SystemFile()));
+  EXPECT_TRUE(fs::exists(t.state.home.ReportDb()));
+}
+
+TEST(RunSetup, OpensTheNewestLastDatabaseThatStillExists) {
+  TempHome t;
+  fs::path older = MakeOpenDatabase(t, "older.mdb");
+  SaveLastDatabase(t.state);
+  t.state.CloseCurrentDB();
+  t.clock.Set(DateTime{Date{2026, 11, 23}, 8, 0, 0});
+  fs::path newer = MakeOpenDatabase(t, "newer.mdb");
+  SaveLastDatabase(t.state);
+  t.state.CloseCurrentDB();
+  fs::rename(newer, t.Root() / "moved.mdb");
+
+  t.state.gDatabaseName.clear();
+  SetupOutcome outcome = RunSetup(t.state);
+  EXPECT_FALSE(outcome.first_run);
+  EXPECT_EQ(outcome.last_files.size(), 2u);
+  EXPECT_TRUE(t.state.gDbOpen);
+  EXPECT_EQ(t.state.gDatabaseName, older.string());
+  EXPECT_EQ(t.io.progress.back(), shell_text::kApplyingFavorites);
+}
+
+TEST(RunSetup, WithNoDatabaseLeftNothingOpens) {
+  TempHome t;
+  t.state.gDatabaseName = (t.Data() / "gone.mdb").string();
+  SaveLastDatabase(t.state);
+  t.state.gDatabaseName.clear();
+  RunSetup(t.state);
+  EXPECT_FALSE(t.state.gDbOpen);
+  EXPECT_EQ(t.state.gDatabaseName, "");
+  EXPECT_EQ(MainTitle(t.state), "No Database Open");
+}
+
+// Days since the last backup must be strictly more than the setting.
+TEST(BackupReminder, RunsOnlyAfterMoreDaysThanTheSetting) {
+  TempHome t;
+  fs::path file = MakeOpenDatabase(t);  // LastBackup is today, 2026-11-22
+  t.clock.Set(DateTime{Date{2026, 11, 29}, 9, 0, 0});
+  EXPECT_FALSE(BackupReminder(t.state));
+  EXPECT_FALSE(fs::exists(t.Data() / "KVL-RArchive-family-01.zip"));
+
+  t.clock.Set(DateTime{Date{2026, 11, 30}, 9, 0, 0});
+  EXPECT_TRUE(BackupReminder(t.state));
+  EXPECT_TRUE(fs::exists(t.Data() / "KVL-RArchive-family-01.zip"));
+  EXPECT_TRUE(t.io.Saw(shell_text::kAutomaticBackupComplete));
+  ASSERT_TRUE(t.state.gDbOpen);
+  SQLite::Statement q(*t.state.gDb, "SELECT LastBackup FROM OPTIONS");
+  q.executeStep();
+  EXPECT_EQ(q.getColumn(0).getString(), "2026-11-30");
+  EXPECT_EQ(t.state.gDatabaseName, file.string());
+}
+
+TEST(BackupReminder, ANonDateIsSetToTodayWithoutABackup) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  t.state.gDb->exec("UPDATE OPTIONS SET LastBackup = NULL");
+  t.clock.Set(DateTime{Date{2027, 6, 1}, 9, 0, 0});
+  EXPECT_FALSE(BackupReminder(t.state));
+  SQLite::Statement q(*t.state.gDb, "SELECT LastBackup FROM OPTIONS");
+  q.executeStep();
+  EXPECT_EQ(q.getColumn(0).getString(), "2027-06-01");
+}
+
+TEST(UpdateReminder, AsksAfterMoreDaysAndNeverWithZero) {
+  TempHome t;
+  t.state.gUpdateDays = 7;
+  EXPECT_FALSE(UpdateReminderDue(t.state));  // the first run only records the day
+  t.clock.Set(DateTime{Date{2026, 11, 29}, 10, 30, 0});
+  EXPECT_FALSE(UpdateReminderDue(t.state));
+  t.clock.Set(DateTime{Date{2026, 11, 30}, 10, 30, 0});
+  EXPECT_TRUE(UpdateReminderDue(t.state));
+  EXPECT_FALSE(UpdateReminderDue(t.state));  // recorded: the next one is a week away
+  t.state.gUpdateDays = 0;
+  t.clock.Set(DateTime{Date{2027, 11, 30}, 10, 30, 0});
+  EXPECT_FALSE(UpdateReminderDue(t.state));
+}
+
+TEST(Login, RowsComeByFirstNameWithTheirDisplayNames) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  AddSwimmer(*t.state.gDb, "Zoe", "O'Brien", "F");
+  AddSwimmer(*t.state.gDb, "Abe", "Lane", "M");
+  t.state.gDb->exec("UPDATE Athlete SET Pref = 'Ziggy', Initial = 'Q' WHERE First = 'Zoe'");
+  auto rows = LoginRows(t.state);
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0].name, "Abe Lane");
+  EXPECT_EQ(rows[1].name, "Ziggy Q O'Brien");
+  EXPECT_EQ(t.state.gAthleteCount, 2);
+  ASSERT_TRUE(LogIn(t.state, rows[1].athlete));
+  EXPECT_EQ(MainTitle(t.state), "KVL-R for Ziggy Q O'Brien");
+  EXPECT_FALSE(LogIn(t.state, 999));
+}
+
+TEST(Titles, FollowTheThreeStates) {
+  TempHome t;
+  EXPECT_EQ(MainTitle(t.state), "No Database Open");
+  fs::path file = MakeOpenDatabase(t);
+  EXPECT_EQ(MainTitle(t.state), "Norvan's KVL RENEWED - Database:" + file.string());
+  AddSwimmer(*t.state.gDb, "Ada", "Lane", "F");
+  LogIn(t.state, LoginRows(t.state)[0].athlete);
+  EXPECT_EQ(MainTitle(t.state), "KVL-R for Ada Lane");
+}
+
+TEST(Background, TheSwimmersOwnPictureElseTheDefault) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  AddSwimmer(*t.state.gDb, "Ada", "Lane", "F");
+  LogIn(t.state, LoginRows(t.state)[0].athlete);
+  EXPECT_FALSE(BackgroundPicture(t.state).has_value());
+  WriteFileAtomically(t.state.home.Root() / "KVL-R.BMP", "BM");
+  EXPECT_EQ(BackgroundPicture(t.state)->filename(), "KVL-R.BMP");
+  WriteFileAtomically(t.state.home.Root() / "Ada.bmp", "BM");
+  EXPECT_EQ(BackgroundPicture(t.state)->filename(), "Ada.bmp");
+}
+
+TEST(OpenDatabase, NamesAreCheckedBeforeAnythingIsMade) {
+  TempHome t;
+  struct Case {
+    const char* name;
+    const char* words;
+  };
+  const Case cases[] = {
+      {"family.txt", "Not a valid filename: family.txt"},
+      {"mdb", "Not a valid validfilename: mdb"},
+      {"Bob's.mdb", "can not include quotes"},
+  };
+  for (const auto& c : cases) {
+    t.io.shown.clear();
+    EXPECT_FALSE(OpenOrCreateDatabase(t.state, t.Data() / c.name, nullptr)) << c.name;
+    EXPECT_TRUE(t.io.Saw(c.words)) << c.name;
+    EXPECT_FALSE(fs::exists(t.Data() / c.name));
+  }
+}
+
+TEST(OpenDatabase, MakesOpensAndListsTheFile) {
+  TempHome t;
+  std::vector<std::string> files;
+  ASSERT_TRUE(OpenOrCreateDatabase(t.state, t.Data() / "family.mdb", &files));
+  EXPECT_TRUE(t.state.gDbOpen);
+  ASSERT_EQ(files.size(), 1u);
+  EXPECT_EQ(files[0], (t.Data() / "family.mdb").string());
+  ASSERT_TRUE(OpenOrCreateDatabase(t.state, t.Data() / "second.mdb", &files));
+  EXPECT_EQ(fs::path(files[0]).filename(), "second.mdb");
+
+  t.io.shown.clear();
+  EXPECT_FALSE(OpenLastFile(t.state, t.Data() / "gone.mdb", &files));
+  EXPECT_TRUE(t.io.Saw(shell_text::kFileGone));
+  EXPECT_EQ(t.state.gTitle, "No Database Open");
+}
+
+TEST(LeaveProgram, RemembersTheDatabaseAndAChangedPrinter) {
+  TempHome t;
+  fs::path file = MakeOpenDatabase(t);
+  const PrinterNames at_start{"Den", "", ""};
+  t.state.gPrinter = PrinterNames{"Office", "", ""};
+  LeaveProgram(t.state, at_start);
+  EXPECT_FALSE(t.state.gDbOpen);
+  EXPECT_EQ(GetPrinterInfo(t.state.home, {}).device, "Office");
+  t.state.gDatabaseName.clear();
+  EXPECT_EQ(GetLastDatabase(t.state).front(), file.string());
+}
+
+TEST(SecondCopy, OnlyOneRunHoldsTheHome) {
+  TempHome t;
+  InstanceLock first(t.state.home.Root());
+  InstanceLock second(t.state.home.Root());
+  EXPECT_TRUE(first.Held());
+  EXPECT_FALSE(second.Held());
+}
+
+TEST(MenuPlan, FileCommandsThatNeedADatabaseFollowIt) {
+  for (const auto& entry : MainMenu()) {
+    const bool always = entry.top == "&Help" ||
+                        (entry.top == "&File" &&
+                         (entry.command == MenuCommand::kOpenNew ||
+                          entry.command == MenuCommand::kConvertKvl ||
+                          entry.command == MenuCommand::kInstallMobile ||
+                          entry.command == MenuCommand::kInstallUpdate ||
+                          entry.command == MenuCommand::kCreateUpdate ||
+                          entry.command == MenuCommand::kExit));
+    EXPECT_TRUE(MenuEnabled(entry, true)) << PlainCaption(entry.caption);
+    EXPECT_EQ(MenuEnabled(entry, false), always) << PlainCaption(entry.caption);
+  }
+  EXPECT_EQ(PlainCaption("&Athletes "), "Athletes");
+}
+
+}  // namespace
+}  // namespace kvlr
