@@ -141,6 +141,14 @@ TEST_F(Ranking, CoursesAreComparedWithoutCase) {
   EXPECT_EQ(results.Ranks(ids), (Ranks{2, 1}));
 }
 
+TEST_F(Ranking, OddStoredValuesKeepTheStoresOrder) {
+  // A distance stored as 100.5 sorts after every 100, though the pass reads it as 100.
+  const auto ids = results.AddAll({Swim(6000), Swim(5000), Swim(6100)});
+  Db().exec("UPDATE RESULT SET DISTANCE = 100.5 WHERE SCORE = 5000");
+  ASSERT_TRUE(AddRank(t.state));
+  EXPECT_EQ(results.Ranks(ids), (Ranks{1, 3, 2}));
+}
+
 TEST_F(Ranking, NonLeadLegsAreNumberedWhateverTheirTimes) {
   const auto y = results.AddAll({Swim(3000, "Y", "N"), Swim(2900, "Y", "N"),
                                  Swim(2900, "Y", "N"), Swim(2800, "Y", "N", 5)});

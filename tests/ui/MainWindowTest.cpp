@@ -9,6 +9,7 @@
 #include <SQLiteCpp/Statement.h>
 
 #include "core/MainWindow.h"
+#include "core/PreferenceScreens.h"
 #include "core/ShellDialogs.h"
 #include "shell/ShellTexts.h"
 #include "store/LastDatabase.h"
@@ -178,6 +179,44 @@ TEST_F(MainWindowTest, OpenNewMakesADatabaseThroughTheDialog) {
   EXPECT_TRUE(fs::exists(t.Data() / "season.mdb"));
   EXPECT_TRUE(w->Action(MenuCommand::kBackup)->isEnabled());
   EXPECT_EQ(add_athlete_shown, 1);
+}
+
+}  // namespace
+}  // namespace kvlr
+
+namespace kvlr {
+namespace {
+
+// Pictures of the shell's screens for a person to look at: KVLR_SCREENSHOTS=folder.
+TEST_F(MainWindowTest, Screenshots) {
+  const char* folder = std::getenv("KVLR_SCREENSHOTS");
+  if (!folder) GTEST_SKIP() << "set KVLR_SCREENSHOTS to a folder to write them";
+  const QString out = QString::fromUtf8(folder) + "/";
+  LastDatabaseWith({"Ada", "Ben"});
+  auto w = Started([&](QDialog& d) {
+    d.adjustSize();
+    d.grab().save(out + d.objectName() + ".png");
+    if (auto* login = qobject_cast<frmLogin*>(&d)) {
+      login->Choose(1);
+      login->accept();
+    }
+    return d.result();
+  });
+  w->grab().save(out + "frmMain.png");
+  frmSystem system(t.state, w.get());
+  system.adjustSize();
+  system.grab().save(out + "frmSystem.png");
+  frmReptPref report(t.state, w.get());
+  report.adjustSize();
+  report.grab().save(out + "frmReptPref.png");
+  frmDirectories directories(t.state, w.get());
+  directories.grab().save(out + "frmDirectories.png");
+  frmExit exit(w.get());
+  exit.adjustSize();
+  exit.grab().save(out + "frmExit.png");
+  frmSetup setup(w.get());
+  setup.ShowWelcome();
+  setup.grab().save(out + "frmSetupWelcome.png");
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <fmt/format.h>
+
 #include "core/PreferenceScreens.h"
 #include "core/PrinterInfo.h"
 #include "core/ShellDialogs.h"
@@ -161,13 +163,12 @@ void MainWindow::InstallShellHandlers() {
     run_dialog_(screen);
   });
   SetHandler(C::kInstallMobile, [this] {
-    state_.io->Tell(std::string(shell_text::kMobileMissing) + "\r\n" +
-                    std::string(shell_text::kContactSupport));
+    state_.io->Tell(fmt::format("{}\r\n{}", shell_text::kMobileMissing, shell_text::kContactSupport));
   });
   SetHandler(C::kInstallUpdate, [this] {
     if (!state_.gDbOpen) return;
-    if (state_.io->AskYesNo(std::string(shell_text::kInstallUpdateFirst) + "\r\n" +
-                            std::string(shell_text::kInstallUpdateQuestion))) {
+    if (state_.io->AskYesNo(fmt::format("{}\r\n{}", shell_text::kInstallUpdateFirst,
+                                        shell_text::kInstallUpdateQuestion))) {
       close();
     }
   });
@@ -227,12 +228,19 @@ void MainWindow::ShowLastFiles(const std::vector<std::string>& files) {
 void MainWindow::RefreshTitle() {
   setWindowTitle(QString::fromStdString(MainTitle(state_)));
   auto picture = BackgroundPicture(state_);
-  if (picture) {
-    QPixmap pixmap(QString::fromStdString(picture->string()));
+  QPixmap pixmap;
+  if (picture) pixmap.load(QString::fromStdString(picture->string()));
+  if (!pixmap.isNull()) {
     background_->setPixmap(pixmap);
-  } else {
-    background_->setPixmap(QPixmap());
+    return;
   }
+  // Without a picture the window still says whose log is open.
+  QString who = state_.gAthlete > 0 ? QString::fromStdString(state_.gAthleteName)
+                : state_.gDbOpen   ? QString::fromStdString(state_.gShortDbName)
+                                   : tr("File, Open/New opens or makes a database");
+  background_->setText(QString("<div style='color:#2a5d8f'><p style='font-size:48pt;"
+                               "font-weight:bold'>KVL-R</p><p style='font-size:16pt'>%1</p></div>")
+                           .arg(who.toHtmlEscaped()));
 }
 
 void MainWindow::Start() {
@@ -335,9 +343,9 @@ void MainWindow::DatabaseChanged() {
 
 void MainWindow::Repair() {
   if (!state_.gDbOpen) return;
-  if (state_.io->Message(std::string(shell_text::kRepairWarning) + "\r\n" +
-                             std::string(shell_text::kRepairQuestion),
-                         box::kYesNo + box::kQuestion, shell_text::kRepairTitle) != Answer::kYes) {
+  if (state_.io->Message(
+          fmt::format("{}\r\n{}", shell_text::kRepairWarning, shell_text::kRepairQuestion),
+          box::kYesNo + box::kQuestion, shell_text::kRepairTitle) != Answer::kYes) {
     return;
   }
   const int32_t athlete = state_.gAthlete;

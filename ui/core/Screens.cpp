@@ -2,6 +2,8 @@
 
 #include "core/MainWindow.h"
 #include "standards/ConvertScreen.h"
+#include "store/BackupScreen.h"
+#include "store/RestoreScreen.h"
 
 namespace kvlr {
 
@@ -10,6 +12,16 @@ void InstallScreens(MainWindow& window, AppState& state) {
   window.SetHandler(C::kCourseConversion, [&window, &state] {
     frmConvt screen(state, &window);
     screen.exec();
+  });
+  window.SetHandler(C::kBackup, [&window, &state] {
+    frmBackup screen(state, &window);
+    screen.exec();
+    window.DatabaseChanged();
+  });
+  window.SetHandler(C::kRestore, [&window, &state] {
+    frmRestore screen(state, &window);
+    if (screen.ChooseBackup()) screen.exec();
+    window.DatabaseChanged();
   });
 }
 
