@@ -69,7 +69,13 @@ void MainHelp(std::ostream& out) {
          "  --home DIR   program home (default: $KVLR_HOME, else ~/.local/share/kvl-r)\n"
          "  --yes/--no   answer the program's questions\n\n"
          "Commands:\n";
-  for (const auto& c : Commands()) out << fmt::format("  {:<10} {}\n", c.name, c.summary);
+  for (const auto& c : Commands()) {
+    // The first sentence; the command's own --help gives the rest.
+    std::string first = c.summary;
+    for (const char* stop : {". ", "; ", ": ", " ("}) first = first.substr(0, first.find(stop));
+    if (!first.empty() && first.back() == '.') first.pop_back();
+    out << fmt::format("  {:<12} {}\n", c.name, first);
+  }
   out << "\nkvlr COMMAND --help tells more. Output is tab-separated with one header line.\n";
 }
 
