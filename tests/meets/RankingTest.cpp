@@ -75,13 +75,14 @@ TEST_P(BothRankings, OnlyTheSameSwimmerDistanceStrokeAndCourseCompete) {
 }
 
 TEST_P(BothRankings, LeadOffLegsJoinIndividualSwimsOnlyWithUseLeadOff) {
-  const auto ids = results.AddAll({Swim(6000), Swim(5800, "Y", "L"), Swim(6100)});
+  const auto ids = results.AddAll({Swim(6000), Swim(5800, "Y", "L"), Swim(6100),
+                                   Swim(6200, "Y", "L")});
   t.state.gUseLeadOff = true;
   ASSERT_TRUE(GetParam().rank(t.state));
-  EXPECT_EQ(results.Ranks(ids), (Ranks{2, 1, 3}));
+  EXPECT_EQ(results.Ranks(ids), (Ranks{2, 1, 3, 4}));
   t.state.gUseLeadOff = false;
   ASSERT_TRUE(GetParam().rank(t.state));
-  EXPECT_EQ(results.Ranks(ids), (Ranks{1, 1, 2}));
+  EXPECT_EQ(results.Ranks(ids), (Ranks{1, 1, 2, 2}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
