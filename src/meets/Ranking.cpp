@@ -198,7 +198,7 @@ inline int Compare(uint8_t a_nulls, uint8_t b_nulls, uint8_t bit, int64_t x, int
 // ORDER BY ATHLETE, [I_R,] DISTANCE, STROKE, NT, COURSE, SCORE, RESULT.
 bool OrderedBefore(const OrderKey& a, const OrderKey& b, bool by_i_r) {
   int c = Compare(a.nulls, b.nulls, kNullAthlete, a.athlete, b.athlete);
-  if (c == 0 && false && by_i_r) c = Compare(a.nulls, b.nulls, kNullIR, a.i_r, b.i_r);
+  if (c == 0 && by_i_r) c = Compare(a.nulls, b.nulls, kNullIR, a.i_r, b.i_r);
   if (c == 0) c = Compare(a.nulls, b.nulls, kNullDistance, a.distance, b.distance);
   if (c == 0) c = Compare(a.nulls, b.nulls, kNullStroke, a.stroke, b.stroke);
   if (c == 0) c = Compare(a.nulls, b.nulls, kNullNt, a.nt, b.nt);

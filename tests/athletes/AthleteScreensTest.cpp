@@ -25,18 +25,13 @@
 #include "athletes/MergeScreen.h"
 #include "athletes/RecruitingScreen.h"
 #include "athletes/TeamScreen.h"
+#include "support/QtApp.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
 namespace {
 
-QApplication& App() {
-  static int argc = 1;
-  static char arg0[] = "ui_athletes_test";
-  static char* argv[] = {arg0, nullptr};
-  static QApplication app(argc, argv);
-  return app;
-}
+QApplication& App() { return test::QtApp(); }
 
 class AthleteScreens : public ::testing::Test {
  protected:

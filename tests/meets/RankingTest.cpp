@@ -50,6 +50,7 @@ struct RankerCase {
   const char* name;
   Ranker rank;
 };
+void PrintTo(const RankerCase& c, std::ostream* os) { *os << c.name; }
 
 class BothRankings : public Ranking, public ::testing::WithParamInterface<RankerCase> {};
 
@@ -263,6 +264,7 @@ struct FailureCase {
   Ranks ranks;
   bool abort_message;
 };
+void PrintTo(const FailureCase& c, std::ostream* os) { *os << c.name; }
 
 class RankingFailure : public Ranking, public ::testing::WithParamInterface<FailureCase> {};
 
@@ -330,6 +332,7 @@ struct SelectionCase {
   TRankSelection selection;
   Ranks tranks;
 };
+void PrintTo(const SelectionCase& c, std::ostream* os) { *os << c.name; }
 
 class TRankSelections : public TRanking, public ::testing::WithParamInterface<SelectionCase> {};
 

@@ -74,6 +74,19 @@ class ResultTable {
     return q.executeStep() ? q.getColumn(0).getString() : "<no row>";
   }
 
+  // Several fields of one row as text; "Null" for Null.
+  std::vector<std::string> Texts(int64_t id, std::initializer_list<std::string_view> fields) {
+    std::vector<std::string> out;
+    for (auto field : fields) {
+      SQLite::Statement q(db_, "SELECT " + std::string(field) + " FROM RESULT WHERE RESULT = ?");
+      q.bind(1, id);
+      out.push_back(!q.executeStep()              ? "<no row>"
+                    : q.getColumn(0).isNull() ? "Null"
+                                              : q.getColumn(0).getString());
+    }
+    return out;
+  }
+
   std::vector<std::optional<int64_t>> Ranks(const std::vector<int64_t>& ids,
                                             std::string_view field = "RANK") {
     std::vector<std::optional<int64_t>> out;
@@ -105,5 +118,6 @@ class ResultTable {
 };
 
 using Ranks = std::vector<std::optional<int64_t>>;
+using Texts = std::vector<std::string>;
 
 }  // namespace kvlr::test

@@ -3,7 +3,6 @@
 #include <SQLiteCpp/Statement.h>
 
 #include "meets/EntryWriter.h"
-#include "meets/Ranking.h"
 #include "meets/ResultWriter.h"
 #include "support/TempHome.h"
 #include "ResultRows.h"
@@ -13,6 +12,7 @@ namespace {
 
 using test::ResultRow;
 using test::Ranks;
+using test::Texts;
 
 struct OpenDatabase {
   explicit OpenDatabase(test::TempHome& t) {
@@ -33,93 +33,70 @@ class Writers : public ::testing::Test {
     q.bind(2, std::string(i_r));
     return q.executeStep() ? q.getColumn(0).getInt64() : 0;
   }
+  // A row of swimmer 1 in the current meet's event 40.
+  int64_t Existing(int32_t score = 6000, std::string course = "Y", int rank = 0) {
+    ResultRow r;
+    r.meet = 3;
+    r.mt_event = 40;
+    r.stroke = 2;
+    r.score = score;
+    r.course = std::move(course);
+    r.rank = rank;
+    return results.Add(r);
+  }
 
   test::TempHome t;
   OpenDatabase open_{t};
   test::ResultTable results{*t.state.gDb};
-  // An event of meet 3, 100 of stroke 2 in yards.
+  // Event 40 of meet 3, 100 of stroke 2 in yards.
   MtEventRec event{3, "Y", 100, 2, 40, "I"};
 };
 
 TEST_F(Writers, ANewTimeTakesTheEventAndIsRanked) {
   ResultRow older;
-  older.meet = 1;
   older.stroke = 2;
   older.score = 6500;
   older.rank = 1;
   const int64_t old_swim = results.Add(older);
   MtEventRec elsewhere = event;
-  elsewhere.meet = 9;  // the added row's meet is the event's, not the current one
+  elsewhere.meet = 9;  // the new row's meet is the event's, not the current one
   ASSERT_TRUE(UpdateResultScore(t.state, 6400, "", 0, "X", "P", elsewhere, "I", 13, 1));
   const int64_t id = ResultOf(40);
-  ASSERT_NE(id, 0);
-  EXPECT_EQ(results.Int(id, "MEET"), 9);
-  EXPECT_EQ(results.Int(id, "ATHLETE"), 1);
-  EXPECT_EQ(results.Int(id, "AGE"), 13);
-  EXPECT_EQ(results.Int(id, "SCORE"), 6400);
-  EXPECT_EQ(results.Int(id, "NT"), 0);
-  EXPECT_EQ(results.Int(id, "DISTANCE"), 100);
-  EXPECT_EQ(results.Int(id, "STROKE"), 2);
-  EXPECT_EQ(results.Text(id, "COURSE"), "Y");
-  EXPECT_EQ(results.Text(id, "F_P"), "P");
-  EXPECT_EQ(results.Text(id, "EX"), "X");
-  EXPECT_EQ(results.Int(id, "PLACE"), 0);
+  EXPECT_EQ(results.Texts(id, {"MEET", "ATHLETE", "AGE", "SCORE", "NT", "DISTANCE", "STROKE",
+                               "COURSE", "F_P", "EX", "PLACE"}),
+            (Texts{"9", "1", "13", "6400", "0", "100", "2", "Y", "P", "X", "0"}));
   EXPECT_EQ(results.Ranks({id, old_swim}), (Ranks{1, 2}));
-}
 
-TEST_F(Writers, ANewNonTimeStoresTheCodeWithScoreZero) {
+  // A non-time: the code with Score 0, ranked 999.
+  event.mt_event = 41;
   ASSERT_TRUE(UpdateResultScore(t.state, 6400, "", 5, "", "F", event, "I", 13, 1));
-  const int64_t id = ResultOf(40);
-  EXPECT_EQ(results.Int(id, "NT"), 5);
-  EXPECT_EQ(results.Int(id, "SCORE"), 0);
-  EXPECT_EQ(results.Int(id, "RANK"), 999);
+  EXPECT_EQ(results.Texts(ResultOf(41), {"NT", "SCORE", "RANK"}), (Texts{"5", "0", "999"}));
 }
 
-TEST_F(Writers, AnEditedTimeKeepsPlaceAgeAndEvent) {
-  ResultRow r;
-  r.meet = 3;
-  r.mt_event = 40;
-  r.stroke = 2;
-  r.score = 7000;
-  const int64_t id = results.Add(r);
+TEST_F(Writers, AnEditKeepsPlaceAgeAndWhatTheRowWasMadeWith) {
+  const int64_t id = Existing(7000);
   Db().exec("UPDATE RESULT SET PLACE = 4");
   MtEventRec changed = event;
-  changed.distance = 200;  // an event edited since: the row keeps what it was made with
+  changed.distance = 200;
   ASSERT_TRUE(UpdateResultScore(t.state, 6900, "S", 0, "", "F", changed, "I", 14, 1));
-  EXPECT_EQ(results.Int(id, "SCORE"), 6900);
-  EXPECT_EQ(results.Text(id, "COURSE"), "S");
-  EXPECT_EQ(results.Text(id, "EX"), "");
-  EXPECT_EQ(results.Int(id, "PLACE"), 4);
-  EXPECT_EQ(results.Int(id, "AGE"), 12);
-  EXPECT_EQ(results.Int(id, "DISTANCE"), 100);
+  EXPECT_EQ(results.Texts(id, {"SCORE", "COURSE", "EX", "PLACE", "AGE", "DISTANCE"}),
+            (Texts{"6900", "S", "", "4", "12", "100"}));
   EXPECT_EQ(results.Count(), 1);
 }
 
 TEST_F(Writers, ANonTimeOverATimeLosesTheTimeButKeepsTheCourse) {
-  ResultRow r;
-  r.meet = 3;
-  r.mt_event = 40;
-  r.course = "L";
-  const int64_t id = results.Add(r);
+  const int64_t id = Existing(6000, "L");
   ASSERT_TRUE(UpdateResultScore(t.state, 0, "", 5, "", "F", event, "I", 12, 1));
-  EXPECT_EQ(results.Int(id, "NT"), 5);
-  EXPECT_EQ(results.Int(id, "SCORE"), 0);
-  EXPECT_EQ(results.Text(id, "COURSE"), "L");
-  // Releasing the tick then leaves an empty row.
+  EXPECT_EQ(results.Texts(id, {"NT", "SCORE", "COURSE"}), (Texts{"5", "0", "L"}));
+  // Releasing it with the tick then leaves an empty row.
   ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", event, 12, 1));
-  EXPECT_EQ(results.Int(id, "NT"), 0);
-  EXPECT_EQ(results.Int(id, "SCORE"), 0);
+  EXPECT_EQ(results.Texts(id, {"NT", "SCORE"}), (Texts{"0", "0"}));
 }
 
 TEST_F(Writers, ATypedCourseRanksOnlyItsNewGroup) {
+  const int64_t moved = Existing(6000, "Y", 1);
   ResultRow r;
-  r.meet = 3;
-  r.mt_event = 40;
   r.stroke = 2;
-  r.score = 6000;
-  r.rank = 1;
-  const int64_t moved = results.Add(r);
-  r.mt_event = 41;
   r.score = 6100;
   r.rank = 2;
   const int64_t stays = results.Add(r);
@@ -130,16 +107,13 @@ TEST_F(Writers, ATypedCourseRanksOnlyItsNewGroup) {
 
 TEST_F(Writers, AGoalIsMarkedAndNeverRanked) {
   ResultRow r;
-  r.meet = 3;
   r.stroke = 2;
-  r.rank = 5;  // stale, and left so: a goal ranks nothing
+  r.rank = 5;  // stale, and left so
   const int64_t swim = results.Add(r);
   MtEventRec goal = event;
   goal.i_r = "G";
   ASSERT_TRUE(UpdateResultScore(t.state, 5000, "", 0, "", "F", goal, "G", 12, 1));
-  const int64_t id = ResultOf(40, "G");
-  EXPECT_EQ(results.Int(id, "RANK"), -1);
-  EXPECT_EQ(results.Int(id, "TRANK"), -1);
+  EXPECT_EQ(results.Texts(ResultOf(40, "G"), {"RANK", "TRANK"}), (Texts{"-1", "-1"}));
   EXPECT_EQ(results.Int(swim, "RANK"), 5);
 }
 
@@ -149,6 +123,7 @@ struct Refusal {
   int32_t current_meet;
   int32_t mt_event;
 };
+void PrintTo(const Refusal& c, std::ostream* os) { *os << c.name; }
 
 class WriterRefusals : public Writers, public ::testing::WithParamInterface<Refusal> {
  protected:
@@ -162,16 +137,14 @@ TEST_P(WriterRefusals, NoRowIsAddedWithoutSwimmerMeetOrEvent) {
   const int32_t athlete = GetParam().athlete;
   EXPECT_FALSE(UpdateResultScore(t.state, 6000, "", 0, "", "F", event, "I", 12, athlete));
   EXPECT_FALSE(UpdateResultDQ(t.state, "", true, "F", event, 12, athlete));
+  EXPECT_FALSE(UpdateEntryScore(t.state, 6000, "Y", event.mt_event, "I", false, "", "",
+                                athlete));
   EXPECT_EQ(results.Count(), 0);
-  ASSERT_EQ(t.io.shown.size(), 2u);
+  EXPECT_EQ(Db().execAndGet("SELECT count(*) FROM ENTRY").getInt(), 0);
+  ASSERT_EQ(t.io.shown.size(), 3u);
   EXPECT_EQ(t.io.shown[0].text, "Can't add result");
   EXPECT_EQ(t.io.shown[1].text, "Can't add result");
-
-  t.io.shown.clear();
-  EXPECT_FALSE(UpdateEntryScore(t.state, 6000, "Y", GetParam().mt_event, "I", false, "", "",
-                                athlete));
-  ASSERT_EQ(t.io.shown.size(), 1u);
-  EXPECT_EQ(t.io.shown[0].text, "Can't add Entry");
+  EXPECT_EQ(t.io.shown[2].text, "Can't add Entry");
 }
 
 INSTANTIATE_TEST_SUITE_P(Writers, WriterRefusals,
@@ -181,10 +154,7 @@ INSTANTIATE_TEST_SUITE_P(Writers, WriterRefusals,
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(Writers, AFailedWriteIsReportedAndChangesNothing) {
-  ResultRow r;
-  r.meet = 3;
-  r.mt_event = 40;
-  const int64_t id = results.Add(r);
+  const int64_t id = Existing(6000);
   t.io.Script({Answer::kAbort});
   EXPECT_FALSE(UpdateResultScore(t.state, 5000, "", 0, "XX", "F", event, "I", 12, 1));
   EXPECT_EQ(t.state.gErrorSource, "basUtil.UpdateResultScore");
@@ -192,124 +162,79 @@ TEST_F(Writers, AFailedWriteIsReportedAndChangesNothing) {
 }
 
 TEST_F(Writers, DisqualificationKeepsTheTime) {
-  ResultRow r;
-  r.meet = 3;
-  r.mt_event = 40;
-  r.score = 6100;
-  const int64_t id = results.Add(r);
+  const int64_t id = Existing(6100);
   ASSERT_TRUE(UpdateResultDQ(t.state, "", true, "F", event, 12, 1));
-  EXPECT_EQ(results.Int(id, "NT"), 5);
-  EXPECT_EQ(results.Int(id, "SCORE"), 6100);
+  EXPECT_EQ(results.Texts(id, {"NT", "SCORE"}), (Texts{"5", "6100"}));
   ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", event, 12, 1));
-  EXPECT_EQ(results.Int(id, "NT"), 0);
-  EXPECT_EQ(results.Int(id, "SCORE"), 6100);
+  EXPECT_EQ(results.Texts(id, {"NT", "SCORE"}), (Texts{"0", "6100"}));
 }
 
 TEST_F(Writers, DisqualificationAddsARowOfTheEventsKind) {
   MtEventRec lead_off = event;
   lead_off.i_r = "L";
   ASSERT_TRUE(UpdateResultDQ(t.state, "S", true, "P", lead_off, 11, 1));
-  const int64_t dq = ResultOf(40, "L");
-  ASSERT_NE(dq, 0);
-  EXPECT_EQ(results.Int(dq, "NT"), 5);
-  EXPECT_EQ(results.Int(dq, "SCORE"), 0);
-  EXPECT_EQ(results.Text(dq, "COURSE"), "S");
-  EXPECT_EQ(results.Text(dq, "F_P"), "P");
-  EXPECT_EQ(results.Int(dq, "AGE"), 11);
-
+  EXPECT_EQ(results.Texts(ResultOf(40, "L"), {"NT", "SCORE", "COURSE", "F_P", "AGE"}),
+            (Texts{"5", "0", "S", "P", "11"}));
+  // Without the tick NT and Score are as the table makes them.
   event.mt_event = 41;
   ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", event, 11, 1));
-  const int64_t plain = ResultOf(41);
-  EXPECT_EQ(results.Int(plain, "NT"), 0);
-  EXPECT_EQ(results.Int(plain, "SCORE"), std::nullopt);
-  EXPECT_EQ(results.Text(plain, "COURSE"), "Y");
+  EXPECT_EQ(results.Texts(ResultOf(41), {"NT", "SCORE", "COURSE"}), (Texts{"0", "Null", "Y"}));
 }
 
 TEST_F(Writers, APlaceNeedsAnIndividualResultOfTheRound) {
-  ResultRow r;
-  r.meet = 3;
-  r.mt_event = 40;
-  r.rank = 3;
-  const int64_t id = results.Add(r);
+  const int64_t id = Existing(6000, "Y", 3);
   UpdateResultPlace(t.state, 2, "P", event, 1);
   EXPECT_EQ(t.io.shown.size(), 1u);
   EXPECT_TRUE(t.io.Saw("You must enter a result before assigning a place."));
   UpdateResultPlace(t.state, 2, "F", event, 1);
-  EXPECT_EQ(results.Int(id, "PLACE"), 2);
-  EXPECT_EQ(results.Int(id, "RANK"), 3);
+  EXPECT_EQ(results.Texts(id, {"PLACE", "RANK"}), (Texts{"2", "3"}));
   EXPECT_EQ(t.io.shown.size(), 1u);
 }
 
 class Entries : public Writers {
  protected:
-  struct Entry {
-    std::string course;
-    int64_t score;
-    std::string misc;
-    std::string ex;
-  };
-  std::optional<Entry> Find(int32_t mt_event, int32_t athlete) {
+  // Course, Score, Misc, Ex of swimmer 1's entry in an event; empty when none.
+  Texts Entry(int32_t mt_event) {
     SQLite::Statement q(Db(),
                         "SELECT Course, Score, Misc, Ex FROM ENTRY WHERE Meet = ? AND MtEvent = ? "
-                        "AND Athlete = ? AND I_R = 'I'");
+                        "AND Athlete = 1 AND I_R = 'I'");
     q.bind(1, t.state.gCurrentMeet);
     q.bind(2, mt_event);
-    q.bind(3, athlete);
-    if (!q.executeStep()) return std::nullopt;
-    return Entry{q.getColumn(0).getString(), q.getColumn(1).getInt64(),
-                 q.getColumn(2).getString(), q.getColumn(3).getString()};
+    if (!q.executeStep()) return {};
+    return {q.getColumn(0).getString(), q.getColumn(1).getString(), q.getColumn(2).getString(),
+            q.getColumn(3).getString()};
   }
-  int64_t Count() { return Db().execAndGet("SELECT count(*) FROM ENTRY").getInt64(); }
+  int Count() { return Db().execAndGet("SELECT count(*) FROM ENTRY").getInt(); }
 };
 
 TEST_F(Entries, NewEntriesHoldATimeOrNone) {
   ASSERT_TRUE(AddNewEntry(t.state, 6500, "Y", 40, "I", false, "", "X", 1));
   ASSERT_TRUE(AddNewEntry(t.state, 6500, "Y", 41, "I", true, "", "", 1));
-  const auto timed = Find(40, 1);
-  ASSERT_TRUE(timed);
-  EXPECT_EQ(timed->score, 6500);
-  EXPECT_EQ(timed->misc, "");
-  EXPECT_EQ(timed->ex, "X");
-  const auto none = Find(41, 1);
-  ASSERT_TRUE(none);
-  EXPECT_EQ(none->score, 0);
-  EXPECT_EQ(none->misc, "N");
-}
-
-TEST_F(Entries, ASecondEntryOfTheKeyIsAFailure) {
-  ASSERT_TRUE(AddNewEntry(t.state, 6500, "Y", 40, "I", false, "", "", 1));
+  EXPECT_EQ(Entry(40), (Texts{"Y", "6500", "", "X"}));
+  EXPECT_EQ(Entry(41), (Texts{"Y", "0", "N", ""}));
+  // A second entry of the key is a failure.
   t.io.Script({Answer::kAbort});
   EXPECT_FALSE(AddNewEntry(t.state, 6400, "Y", 40, "I", false, "", "", 1));
   EXPECT_EQ(t.state.gErrorSource, "basUtil.AddNewEntry");
-  EXPECT_EQ(Find(40, 1)->score, 6500);
+  EXPECT_EQ(Entry(40), (Texts{"Y", "6500", "", "X"}));
 }
 
 TEST_F(Entries, UpdateAddsWhenThereIsNoEntry) {
-  ASSERT_TRUE(UpdateEntryScore(t.state, 6300, "Y", 40, "I", false, "", "", 2));
-  EXPECT_EQ(Find(40, 2)->score, 6300);
-  // A failed add says so.
+  ASSERT_TRUE(UpdateEntryScore(t.state, 6300, "Y", 40, "I", false, "", "", 1));
+  EXPECT_EQ(Entry(40), (Texts{"Y", "6300", "", ""}));
   t.io.Script({Answer::kAbort});
-  EXPECT_FALSE(UpdateEntryScore(t.state, 6300, "Y", 41, "I", false, "", "XX", 2));
-  EXPECT_TRUE(t.io.Saw("Could not add Entry"));
+  EXPECT_FALSE(UpdateEntryScore(t.state, 6300, "Y", 41, "I", false, "", "XX", 1));
+  EXPECT_EQ(t.io.shown.back().text, "Could not add Entry");
   EXPECT_EQ(Count(), 1);
 }
 
 TEST_F(Entries, UpdateEditsTimeMiscCourseAndOnlySetsExhibition) {
   ASSERT_TRUE(AddNewEntry(t.state, 6500, "Y", 40, "I", false, "Q", "X", 1));
   ASSERT_TRUE(UpdateEntryScore(t.state, 0, "S", 40, "I", true, "", "", 1));
-  auto e = Find(40, 1);
-  EXPECT_EQ(e->score, 0);
-  EXPECT_EQ(e->misc, "N");
-  EXPECT_EQ(e->course, "S");
-  EXPECT_EQ(e->ex, "X");  // "" doesn't clear it
-
+  EXPECT_EQ(Entry(40), (Texts{"S", "0", "N", "X"}));  // "" doesn't clear Ex
   Db().exec("UPDATE ENTRY SET Ex = ''");
   ASSERT_TRUE(UpdateEntryScore(t.state, 6200, "L", 40, "I", false, "Q", "X", 1));
-  e = Find(40, 1);
-  EXPECT_EQ(e->score, 6200);
-  EXPECT_EQ(e->misc, "");
-  EXPECT_EQ(e->course, "L");
-  EXPECT_EQ(e->ex, "X");
+  EXPECT_EQ(Entry(40), (Texts{"L", "6200", "", "X"}));
   EXPECT_EQ(Count(), 1);
 }
 

@@ -15,6 +15,7 @@
 #include "store/BackupScreen.h"
 #include "store/BackupTexts.h"
 #include "store/RestoreScreen.h"
+#include "support/QtApp.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -25,13 +26,7 @@ namespace text = backup_text;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-QApplication& App() {
-  static int argc = 1;
-  static char arg0[] = "ui_store_test";
-  static char* argv[] = {arg0, nullptr};
-  static QApplication app(argc, argv);
-  return app;
-}
+QApplication& App() { return test::QtApp(); }
 
 template <typename T>
 T* Child(QWidget& w, const char* name) {

@@ -13,6 +13,7 @@
 #include "core/ShellDialogs.h"
 #include "shell/ShellTexts.h"
 #include "store/LastDatabase.h"
+#include "support/QtApp.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -22,13 +23,7 @@ namespace fs = std::filesystem;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-QApplication& App() {
-  static int argc = 1;
-  static char arg0[] = "ui_test";
-  static char* argv[] = {arg0, nullptr};
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
+QApplication& App() { return test::QtApp(); }
 
 class MainWindowTest : public ::testing::Test {
  protected:

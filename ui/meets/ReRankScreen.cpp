@@ -52,7 +52,7 @@ frmReRank::frmReRank(AppState& state, QWidget* parent) : QDialog(parent), state_
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(wait);
   layout->addWidget(progress_);
-  setMinimumWidth(420);
+  setMinimumWidth(460);
 }
 
 void frmReRank::showEvent(QShowEvent* event) {
