@@ -5,6 +5,7 @@
 #include <climits>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "core/ErrorHandler.h"
 #include "core/VbRules.h"
 #include "meets/RankPass.h"
+#include "store/FieldType.h"
 
 namespace kvlr {
 namespace {
@@ -228,6 +230,37 @@ struct Job {
   bool whole = false;
   std::string_view caption;
   bool clear_progress = false;
+  // An index on the ranked field that is cheaper to build again than to keep up to date
+  // while most of the table changes.
+  const char* rank_index = nullptr;
+};
+
+// Rows from which setting the rank index aside pays, and the share of them that must change.
+constexpr size_t kRebuildFromRows = 5000;
+constexpr size_t kRebuildShare = 4;
+
+// Takes an index out for a large rewrite and puts it back before the rows are kept.
+class IndexSetAside {
+ public:
+  IndexSetAside(SQLite::Database& db, const char* name) : db_(db) {
+    {
+      SQLite::Statement q(db, "SELECT sql FROM sqlite_master WHERE type = 'index' AND name = ?");
+      q.bind(1, name);
+      if (!q.executeStep()) return;
+      sql_ = q.getColumn(0).getString();
+    }
+    db.exec(fmt::format("DROP INDEX {}", Quoted(name)));
+  }
+  // Builds the index again; a rollback of the transaction brings it back by itself.
+  void Restore() {
+    if (sql_.empty()) return;
+    db_.exec(sql_);
+    sql_.clear();
+  }
+
+ private:
+  SQLite::Database& db_;
+  std::string sql_;
 };
 
 template <class Pass, class MakePass>
@@ -240,10 +273,16 @@ bool RunRanking(AppState& state, const Job& job, MakePass make_pass, RankCount* 
   std::optional<SQLite::Statement> update;
   std::vector<StoredSwim> swims;
   std::vector<uint32_t> order;  // rows in ranking order; empty when read in that order
+  std::optional<IndexSetAside> set_aside;
 
   // Keeps what is done when the user stops; anything else leaves the old values.
   auto leave = [&](bool keep) {
-    if (keep && transaction) trap.Run([&] { transaction->Commit(); });
+    if (keep && transaction) {
+      trap.Run([&] {
+        if (set_aside) set_aside->Restore();
+        transaction->Commit();
+      });
+    }
     if (job.whole && job.clear_progress) state.io->Progress("");
     return false;
   };
@@ -273,6 +312,24 @@ bool RunRanking(AppState& state, const Job& job, MakePass make_pass, RankCount* 
   });
   if (loaded != Step::kDone) return leave(loaded != Step::kLeave);
   if (count) count->rows = static_cast<int64_t>(swims.size());
+
+  if (job.rank_index && swims.size() >= kRebuildFromRows) {
+    // The numbering is cheap: count the changes first to know whether a rebuild pays.
+    Pass dry = make_pass(swims[order.empty() ? 0 : order[0]].swim);
+    size_t changes = 0;
+    for (size_t i = 0; i < swims.size(); ++i) {
+      const StoredSwim& s = swims[order.empty() ? i : order[i]];
+      if (s.stored != dry.Next(s.swim)) ++changes;
+    }
+    if (changes * kRebuildShare >= swims.size()) {
+      const Step aside = trap.Run([&] {
+        update.reset();
+        set_aside.emplace(db, job.rank_index);
+        update.emplace(db, job.update_sql);
+      });
+      if (aside != Step::kDone) return leave(false);
+    }
+  }
 
   if (!swims.empty()) {
     if (job.whole) state.io->Progress(RankProgressLine(job.caption, 0));
@@ -308,7 +365,11 @@ bool RunRanking(AppState& state, const Job& job, MakePass make_pass, RankCount* 
   }
 
   update.reset();
-  if (trap.Run([&] { transaction->Commit(); }) != Step::kDone) return leave(false);
+  const Step kept = trap.Run([&] {
+    if (set_aside) set_aside->Restore();
+    transaction->Commit();
+  });
+  if (kept != Step::kDone) return leave(false);
   if (job.whole && job.clear_progress) state.io->Progress("");
   return !trap.Failed();
 }
@@ -388,6 +449,7 @@ bool AddRank(AppState& state, std::string_view caption, RankCount* count) {
   job.whole = true;
   job.caption = caption;
   job.clear_progress = true;
+  job.rank_index = "RESULT.Fast";
   return RunRanking<TableRankPass>(
       state, job,
       [&](const RankedSwim& first) {

@@ -114,6 +114,9 @@ std::unique_ptr<SQLite::Database> OpenStoreFile(const fs::path& file, OpenMode m
   auto db = std::make_unique<SQLite::Database>(file.string(), flags);
   // Locks once taken are held for the whole run, as the file is opened for one user.
   if (exclusive) db->exec("PRAGMA locking_mode = EXCLUSIVE");
+  // Whole-table passes (ranking, import) touch every page of RESULT and its indexes.
+  db->exec("PRAGMA cache_size = -32768");
+  db->exec("PRAGMA temp_store = MEMORY");
   return db;
 }
 
