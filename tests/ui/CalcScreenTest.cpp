@@ -9,17 +9,12 @@
 
 #include "standards/CalcScreen.h"
 
+#include "support/QtApp.h"
+
 namespace kvlr {
 namespace {
 
-// One application for the whole program, whichever screen test comes first. It is never
-// destroyed: Qt's own statics would otherwise be torn down around it at exit.
-void EnsureApp() {
-  static int argc = 1;
-  static char arg0[] = "ui_standards_test";
-  static char* argv[] = {arg0, nullptr};
-  if (!QApplication::instance()) new QApplication(argc, argv);
-}
+void EnsureApp() { test::QtApp(); }
 
 class CalcScreen : public testing::Test {
  protected:

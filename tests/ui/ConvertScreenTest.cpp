@@ -11,6 +11,7 @@
 #include "standards/Conversion.h"
 #include "standards/ConversionSettings.h"
 #include "standards/ConvertScreen.h"
+#include "support/QtApp.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -19,14 +20,7 @@ namespace {
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-// One application for the whole program, whichever screen test comes first. It is never
-// destroyed: Qt's own statics would otherwise be torn down around it at exit.
-void EnsureApp() {
-  static int argc = 1;
-  static char arg0[] = "ui_standards_test";
-  static char* argv[] = {arg0, nullptr};
-  if (!QApplication::instance()) new QApplication(argc, argv);
-}
+void EnsureApp() { test::QtApp(); }
 
 void Type(QWidget* box, const QString& text) {
   for (QChar ch : text) {

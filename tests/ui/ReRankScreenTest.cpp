@@ -8,18 +8,13 @@
 #include <QProgressBar>
 
 #include "meets/ResultRows.h"
+#include "support/QtApp.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
 namespace {
 
-QApplication& App() {
-  static int argc = 1;
-  static char arg0[] = "ui_meets_test";
-  static char* argv[] = {arg0, nullptr};
-  static QApplication app(argc, argv);
-  return app;
-}
+QApplication& App() { return test::QtApp(); }
 
 TEST(ReRankScreen, ShownWithASelectionItRanksAndClosesItself) {
   App();
