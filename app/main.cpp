@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <langinfo.h>
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
 
   kvlr::MainWindow window(state);
   io.SetParent(&window);
+  io.SetProgressSink([&window](const QString& line) { window.statusBar()->showMessage(line); });
   kvlr::InstallScreens(window, state);
   window.show();
   QTimer::singleShot(0, &window, [&window] { window.Start(); });
