@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "SilentIo.h"
+
 #include <array>
 #include <filesystem>
 
@@ -17,11 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class SilentIo final : public UserIo {
- public:
-  Answer Message(std::string_view, int, std::string_view) override { return Answer::kOk; }
-  void Progress(std::string_view) override {}
-};
+using bench::SilentIo;
 
 constexpr int kResults = 100000;
 constexpr int kGroupSize = 200;

@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "SilentIo.h"
+
 #include <filesystem>
 
 #include <QApplication>
@@ -19,11 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class SilentIo final : public UserIo {
- public:
-  Answer Message(std::string_view, int, std::string_view) override { return Answer::kOk; }
-  void Progress(std::string_view) override {}
-};
+using bench::SilentIo;
 
 // A program home whose last database has one swimmer and 10,000 results.
 fs::path MakeHome() {

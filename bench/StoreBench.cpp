@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "SilentIo.h"
+
 #include <filesystem>
 
 #include "store/Database.h"
@@ -12,11 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class SilentIo final : public UserIo {
- public:
-  Answer Message(std::string_view, int, std::string_view) override { return Answer::kOk; }
-  void Progress(std::string_view) override {}
-};
+using bench::SilentIo;
 
 struct Bench {
   Bench() : root(fs::temp_directory_path() / "kvlr-bench"), state(ProgramHome(root / "home"), io, clock, disk) {

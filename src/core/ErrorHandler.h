@@ -4,6 +4,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "core/AppState.h"
 
@@ -37,6 +38,19 @@ int ErrorHandler(AppState& state, const std::exception& error, bool display);
 // The same, setting state.gErrorSource to `source` first: the usual form of a trap.
 int ReportError(AppState& state, std::string_view source, const std::exception& error,
                 bool display = true);
+
+// The usual trap around a routine's body: a failure is reported under `source`; Retry runs
+// the body again, any other answer gives `failed`.
+template <class Body, class Result = std::invoke_result_t<Body>>
+Result RunTrapped(AppState& state, std::string_view source, Body&& body, Result failed = {}) {
+  for (;;) {
+    try {
+      return body();
+    } catch (const std::exception& e) {
+      if (ReportError(state, source, e) != action::kRetry) return failed;
+    }
+  }
+}
 
 // The short box of small routines; nothing is logged.
 void ShowProgramError(UserIo& io, std::string_view routine, int number, std::string_view text);

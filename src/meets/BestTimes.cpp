@@ -61,14 +61,14 @@ class ResetOnExit {
 // empty record. `forget` drops kept statements so that a retry prepares them anew.
 template <typename Body, typename Forget>
 BestTimeRec Trapped(AppState& state, std::string_view source, Body&& body, Forget&& forget) {
-  for (;;) {
+  return RunTrapped(state, source, [&]() -> BestTimeRec {
     try {
       return body();
-    } catch (const std::exception& e) {
+    } catch (...) {
       forget();
-      if (ReportError(state, source, e) != action::kRetry) return {};
+      throw;
     }
-  }
+  });
 }
 
 std::string TimeWithCourse(int32_t time, char course) {

@@ -12,17 +12,6 @@
 namespace kvlr {
 namespace {
 
-template <class F>
-bool Trapped(AppState& state, std::string_view source, F&& body) {
-  for (;;) {
-    try {
-      return body();
-    } catch (const std::exception& e) {
-      if (ReportError(state, source, e) != action::kRetry) return false;
-    }
-  }
-}
-
 std::optional<int64_t> SeekEntry(SQLite::Database& db, int32_t meet, int32_t mt_event,
                                  int32_t athlete, std::string_view i_r) {
   SQLite::Statement q(
@@ -37,7 +26,7 @@ std::optional<int64_t> SeekEntry(SQLite::Database& db, int32_t meet, int32_t mt_
 bool AddNewEntry(AppState& state, int32_t score, std::string_view course, int32_t mt_event,
                  std::string_view i_r, bool no_time, std::string_view misc, std::string_view ex,
                  int32_t athlete) {
-  return Trapped(state, "basUtil.AddNewEntry", [&] {
+  return RunTrapped(state, "basUtil.AddNewEntry", [&] {
     SQLite::Statement add(*state.gDb,
                           "INSERT INTO ENTRY (Meet, Athlete, Course, MtEvent, I_R, Misc, Score, "
                           "Ex) VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
@@ -53,7 +42,7 @@ bool UpdateEntryScore(AppState& state, int32_t score, std::string_view course, i
                       std::string_view i_r, bool no_time, std::string_view misc,
                       std::string_view ex, int32_t athlete) {
   std::optional<int64_t> id;
-  if (!Trapped(state, "basUtil.UpdateEntryScore", [&] {
+  if (!RunTrapped(state, "basUtil.UpdateEntryScore", [&] {
         id = SeekEntry(*state.gDb, state.gCurrentMeet, mt_event, athlete, i_r);
         return true;
       })) {
@@ -71,7 +60,7 @@ bool UpdateEntryScore(AppState& state, int32_t score, std::string_view course, i
     }
     return true;
   }
-  return Trapped(state, "basUtil.UpdateEntryScore", [&] {
+  return RunTrapped(state, "basUtil.UpdateEntryScore", [&] {
     // Ex is only ever set here; the exhibition tick of the screen clears it.
     SQLite::Statement edit(*state.gDb,
                            ex == "X" ? "UPDATE ENTRY SET Misc = ?, Score = ?, Course = ?, "

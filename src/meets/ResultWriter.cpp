@@ -13,18 +13,6 @@
 namespace kvlr {
 namespace {
 
-// Runs `body` under the routine's trap; Retry runs it again, any other answer gives false.
-template <class F>
-bool Trapped(AppState& state, std::string_view source, F&& body) {
-  for (;;) {
-    try {
-      return body();
-    } catch (const std::exception& e) {
-      if (ReportError(state, source, e) != action::kRetry) return false;
-    }
-  }
-}
-
 std::optional<int64_t> SeekResult(SQLite::Database& db, int32_t meet, int32_t athlete,
                                   std::string_view i_r, int32_t mt_event, std::string_view f_p) {
   SQLite::Statement q(db,
@@ -54,7 +42,7 @@ bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_co
   const std::string course = CourseToUse(typed_course, event);
   const bool non_time = nt > 0;
   const int32_t stored_score = non_time ? 0 : score;
-  const bool written = Trapped(state, "basUtil.UpdateResultScore", [&] {
+  const bool written = RunTrapped(state, "basUtil.UpdateResultScore", [&] {
     SQLite::Database& db = *state.gDb;
     const auto id = SeekResult(db, state.gCurrentMeet, athlete, i_r, event.mt_event, f_p);
     if (!id) {
@@ -95,7 +83,7 @@ bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_co
 bool UpdateResultDQ(AppState& state, std::string_view typed_course, bool dq,
                     std::string_view f_p, const MtEventRec& event, int16_t age,
                     int32_t athlete) {
-  return Trapped(state, "basUtil.UpdateResultDQ", [&] {
+  return RunTrapped(state, "basUtil.UpdateResultDQ", [&] {
     SQLite::Database& db = *state.gDb;
     const auto id = SeekResult(db, state.gCurrentMeet, athlete, "I", event.mt_event, f_p);
     if (id) {
@@ -123,7 +111,7 @@ bool UpdateResultDQ(AppState& state, std::string_view typed_course, bool dq,
 
 void UpdateResultPlace(AppState& state, int16_t place, std::string_view f_p,
                        const MtEventRec& event, int32_t athlete) {
-  Trapped(state, "basUtil.UpdateResultPlace", [&] {
+  RunTrapped(state, "basUtil.UpdateResultPlace", [&] {
     SQLite::Database& db = *state.gDb;
     const auto id = SeekResult(db, state.gCurrentMeet, athlete, "I", event.mt_event, f_p);
     if (!id) {

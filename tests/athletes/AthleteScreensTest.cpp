@@ -95,7 +95,10 @@ TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {
   EXPECT_TRUE(model.flags(model.index(0, 0)) & Qt::ItemIsUserCheckable);
   EXPECT_FALSE(model.flags(model.index(0, 1)) & Qt::ItemIsEditable);
   ASSERT_TRUE(model.setData(model.index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
-  EXPECT_EQ(Count("SELECT Inactive FROM Athlete WHERE Athlete = " + std::to_string(ada)), 1);
+  SQLite::Statement inactive(*t.state.gDb, "SELECT Inactive FROM Athlete WHERE Athlete = ?");
+  inactive.bind(1, ada);
+  ASSERT_TRUE(inactive.executeStep());
+  EXPECT_EQ(inactive.getColumn(0).getInt(), 1);
   EXPECT_FALSE(model.setData(model.index(0, 1), "Zed", Qt::EditRole));
 }
 

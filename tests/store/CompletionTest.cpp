@@ -17,12 +17,6 @@ namespace fs = std::filesystem;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-long long Count(SQLite::Database& db, const std::string& sql) {
-  SQLite::Statement q(db, sql);
-  q.executeStep();
-  return q.getColumn(0).getInt64();
-}
-
 // Closes, lets `change` alter the file as an older release left it, opens again.
 void Reopen(TempHome& t, const fs::path& file, const std::function<void(SQLite::Database&)>& change) {
   t.state.CloseCurrentDB();
@@ -50,7 +44,7 @@ TEST(Completion, MissingTablesComeBackEmptyAndNothingElseChanges) {
   EXPECT_EQ(RowCount(db, "tblHealth"), 0);
   EXPECT_EQ(RowCount(db, "WorkCategory"), 6);
   // A CODE made at completion has the two High School rows, not the four of a new file.
-  EXPECT_EQ(Count(db, "SELECT count(*) FROM CODE WHERE ABBR = 'HS' AND TYPE IN (0, 3)"), 2);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM CODE WHERE ABBR = 'HS' AND TYPE IN (0, 3)"), 2);
   EXPECT_EQ(RowCount(db, "CODE"), 2);
   EXPECT_EQ(RowCount(db, "Athlete"), 1);
   EXPECT_EQ(RowCount(db, "TEAM"), 1);
@@ -83,7 +77,7 @@ TEST(Completion, RelationIsAddedToAFileWithoutIt) {
     db.exec("DROP TRIGGER ResultsSplits");
     db.exec("DROP TRIGGER ResultsSplitsCheck");
   });
-  EXPECT_EQ(Count(*t.state.gDb, "SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), 2);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), 2);
 }
 
 TEST(DbVersion, FileWithoutTheFieldGetsItAndTheVersion) {
@@ -106,14 +100,14 @@ TEST(DbVersion, GoalFlyEventsAreAddedOnceToYardsAndShortCourseGoals) {
   Reopen(t, file, [](SQLite::Database&) {});
   Reopen(t, file, [](SQLite::Database&) {});  // a second open adds nothing more
   SQLite::Database& again = *t.state.gDb;
-  EXPECT_EQ(Count(again, "SELECT count(*) FROM MTEVENT"), 4);
-  EXPECT_EQ(Count(again, "SELECT count(*) FROM MTEVENT E JOIN MEET M ON M.Meet = E.Meet "
+  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT"), 4);
+  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT E JOIN MEET M ON M.Meet = E.Meet "
                          "WHERE M.Course = 'L'"),
             0);
-  EXPECT_EQ(Count(again, "SELECT count(*) FROM MTEVENT WHERE MtEv = 37 AND Sex = 'M' AND "
+  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT WHERE MtEv = 37 AND Sex = 'M' AND "
                          "Distance = 200 AND Stroke = 4 AND Lo_Hi = 99 AND I_R = 'I'"),
             2);
-  EXPECT_EQ(Count(again, "SELECT count(*) FROM MTEVENT WHERE MtEv = 38 AND Sex = 'F'"), 2);
+  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT WHERE MtEv = 38 AND Sex = 'F'"), 2);
 }
 
 TEST(DbVersion, VersionIsOlderComparesLetterByLetter) {

@@ -17,12 +17,6 @@ namespace fs = std::filesystem;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-long long Count(SQLite::Database& db, const std::string& sql) {
-  SQLite::Statement q(db, sql);
-  q.executeStep();
-  return q.getColumn(0).getInt64();
-}
-
 void AddSwims(SQLite::Database& db) {
   db.exec("INSERT INTO Athlete (Athlete, Last, First, Sex) VALUES (1, 'Lane', 'Ada', 'F')");
   db.exec("INSERT INTO AthInfo (Athlete, City) VALUES (1, 'Springfield'), (2, 'Gone')");
@@ -43,12 +37,12 @@ TEST(RepairAndCompact, RemovesOrphansKeepsRelaysAndReopens) {
   ASSERT_TRUE(RepairAndCompact(t.state));
   ASSERT_TRUE(t.state.gDbOpen);
   SQLite::Database& db = *t.state.gDb;
-  EXPECT_EQ(Count(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 2 AND I_R = 'I'"), 0);
-  EXPECT_EQ(Count(db, "SELECT count(*) FROM RESULT WHERE I_R = 'R'"), 1);
-  EXPECT_EQ(Count(db, "SELECT count(*) FROM ENTRY WHERE ATHLETE = 2 AND I_R = 'I'"), 0);
-  EXPECT_EQ(Count(db, "SELECT count(*) FROM ENTRY WHERE I_R = 'R'"), 1);
-  EXPECT_EQ(Count(db, "SELECT count(*) FROM AthInfo"), 1);
-  EXPECT_EQ(Count(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 1"), 1);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 2 AND I_R = 'I'"), 0);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE I_R = 'R'"), 1);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM ENTRY WHERE ATHLETE = 2 AND I_R = 'I'"), 0);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM ENTRY WHERE I_R = 'R'"), 1);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM AthInfo"), 1);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 1"), 1);
   EXPECT_EQ(steps, (std::vector<std::string>{"notes", "rank"}));
   EXPECT_TRUE(t.io.Saw(store_text::kOptimizationCompleted));
   EXPECT_EQ(t.io.progress.front(), store_text::kRepairing);
@@ -62,8 +56,8 @@ TEST(RepairAndCompact, WithoutSwimmersEveryIndividualRowGoes) {
   AddSwims(*t.state.gDb);
   t.state.gDb->exec("DELETE FROM Athlete");
   ASSERT_TRUE(RepairAndCompact(t.state));
-  EXPECT_EQ(Count(*t.state.gDb, "SELECT count(*) FROM RESULT WHERE I_R = 'I'"), 0);
-  EXPECT_EQ(Count(*t.state.gDb, "SELECT count(*) FROM RESULT"), 1);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM RESULT WHERE I_R = 'I'"), 0);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM RESULT"), 1);
 }
 
 // Room left after the file itself must be 1000 Kbytes or more.

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include <SQLiteCpp/Statement.h>
+
 #include "store/Database.h"
 #include "store/DbVersion.h"
 
@@ -30,6 +32,12 @@ TempHome::~TempHome() {
   state.gReportDb.reset();
   std::error_code ec;
   fs::remove_all(root_, ec);
+}
+
+long long QueryNumber(SQLite::Database& db, const std::string& sql) {
+  SQLite::Statement q(db, sql);
+  q.executeStep();
+  return q.getColumn(0).getInt64();
 }
 
 fs::path MakeOpenDatabase(TempHome& t, const std::string& name) {

@@ -5,6 +5,10 @@
 #include <filesystem>
 #include <memory>
 
+#include <string>
+
+#include <SQLiteCpp/Database.h>
+
 #include "core/AppState.h"
 #include "support/ScriptedUserIo.h"
 
@@ -35,6 +39,9 @@ class TempHome {
  private:
   std::filesystem::path root_;
 };
+
+// The first column of the first row of a query, as a number.
+long long QueryNumber(SQLite::Database& db, const std::string& sql);
 
 // A new database file in the data folder, complete as after its first open, and open as gDb.
 std::filesystem::path MakeOpenDatabase(TempHome& t, const std::string& name = "family.mdb");

@@ -130,12 +130,8 @@ void MainWindow::BuildMenus() {
           std::vector<std::string> files;
           if (OpenLastFile(state_, last->data().toString().toStdString(), &files)) {
             ShowLastFiles(files);
-            DatabaseChanged();
-          } else {
-            SetFileMenus(state_.gDbOpen);
-            SetMenus(state_.gDbOpen);
-            RefreshTitle();
           }
+          DatabaseChanged();
         });
         last_file_actions_.push_back(last);
       }
@@ -323,14 +319,8 @@ void MainWindow::OpenNew() {
 bool MainWindow::OpenDatabaseFile(const QString& file) {
   std::vector<std::string> files;
   const bool opened = OpenOrCreateDatabase(state_, file.toStdString(), &files);
-  if (opened) {
-    ShowLastFiles(files);
-    DatabaseChanged();
-  } else {
-    SetFileMenus(state_.gDbOpen);
-    SetMenus(state_.gDbOpen);
-    RefreshTitle();
-  }
+  if (opened) ShowLastFiles(files);
+  DatabaseChanged();
   return opened;
 }
 
@@ -353,9 +343,7 @@ void MainWindow::Repair() {
   RepairAndCompact(state_);
   QApplication::restoreOverrideCursor();
   if (state_.gDbOpen && athlete > 0) LogIn(state_, athlete);
-  SetFileMenus(state_.gDbOpen);
-  SetMenus(state_.gDbOpen);
-  RefreshTitle();
+  DatabaseChanged();
 }
 
 void MainWindow::ShowHelp(const QString& page) {
