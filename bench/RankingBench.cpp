@@ -57,7 +57,7 @@ class RankingFile {
 
  private:
   void Fill() {
-    static constexpr std::array<int, 10> kDistances = {25,  50,  100, 200,  400,
+    static constexpr std::array<int, 10> kDistances = {25,  50,  100,  200,  400,
                                                        500, 800, 1000, 1500, 1650};
     static constexpr std::array<const char*, 3> kCourses = {"Y", "S", "L"};
     SQLite::Transaction transaction(*state_.gDb);

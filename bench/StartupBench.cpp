@@ -6,10 +6,10 @@
 
 #include <filesystem>
 
-#include <QApplication>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
+#include <QApplication>
 
 #include "core/MainWindow.h"
 #include "store/Database.h"

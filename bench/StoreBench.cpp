@@ -17,7 +17,9 @@ namespace fs = std::filesystem;
 using bench::SilentIo;
 
 struct Bench {
-  Bench() : root(fs::temp_directory_path() / "kvlr-bench"), state(ProgramHome(root / "home"), io, clock, disk) {
+  Bench()
+      : root(fs::temp_directory_path() / "kvlr-bench"),
+        state(ProgramHome(root / "home"), io, clock, disk) {
     fs::remove_all(root);
     fs::create_directories(root / "data");
     state.home.Ensure();

@@ -16,8 +16,8 @@ void NoPositional(const Context& c) {
 int Athletes(Context& c) {
   NoPositional(c);
   if (!OpenAsAtStart(c, Required(c, "--db"))) return kRefused;
-  Row(c.env.out, {"Athlete", "Last", "First", "Initial", "Sex", "Birth", "Age", "Pref", "ID_NO",
-                  "Active"});
+  Row(c.env.out,
+      {"Athlete", "Last", "First", "Initial", "Sex", "Birth", "Age", "Pref", "ID_NO", "Active"});
   const Date today = c.state.clock->Today();
   for (const auto& row : ListAthletes(*c.state.gDb)) {
     const auto age = ListAge(row, today);
@@ -63,17 +63,21 @@ int AddAthlete(Context& c) {
 
 std::vector<Command> AthleteCommands() {
   return {
-      {"athletes", "kvlr athletes --db PATH",
+      {"athletes",
+       "kvlr athletes --db PATH",
        "List the swimmers of a database: key, names, sex, birth date, age today, preferred "
        "name, ID, active.",
-       {"--db"}, {}, Athletes},
+       {"--db"},
+       {},
+       Athletes},
       {"add-athlete",
        "kvlr add-athlete --db PATH --last L --first F --sex M|F [--initial I] [--pref P] "
        "[--birth YYYY-MM-DD] [--id ID_NO]",
        "Add a swimmer with the checks of the athlete card (at most four); prints the new key. "
        "A same-name question is answered by the global --yes (save as entered) or --no (merge "
        "with the swimmer on file).",
-       {"--db", "--last", "--first", "--sex", "--initial", "--pref", "--birth", "--id"}, {},
+       {"--db", "--last", "--first", "--sex", "--initial", "--pref", "--birth", "--id"},
+       {},
        AddAthlete},
   };
 }

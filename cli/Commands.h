@@ -13,7 +13,7 @@ struct CliEnvironment {
   std::ostream& out;
   std::ostream& err;
   std::istream& in;
-  bool interactive = false;         // a terminal can answer questions
+  bool interactive = false;  // a terminal can answer questions
   const Clock& clock;
   const DiskInfo& disk;
   std::string locale_date_format = "%m/%d/%y";

@@ -45,10 +45,13 @@ Answer ConsoleUserIo::Message(std::string_view text, int style, std::string_view
   err_ << plain << "\n";
   // A box that offers a way out of a failing step is answered with it.
   switch (buttons) {
-    case box::kAbortRetryIgnore: return Answer::kAbort;
+    case box::kAbortRetryIgnore:
+      return Answer::kAbort;
     case box::kOkCancel:
-    case box::kRetryCancel: return Answer::kCancel;
-    default: return Answer::kOk;
+    case box::kRetryCancel:
+      return Answer::kCancel;
+    default:
+      return Answer::kOk;
   }
 }
 

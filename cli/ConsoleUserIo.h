@@ -19,8 +19,7 @@ class QuestionUnanswered : public std::runtime_error {
 class ConsoleUserIo final : public UserIo {
  public:
   // `preset` is the --yes (true) or --no (false) answer, if given.
-  ConsoleUserIo(std::ostream& err, std::istream& in, bool interactive,
-                std::optional<bool> preset);
+  ConsoleUserIo(std::ostream& err, std::istream& in, bool interactive, std::optional<bool> preset);
 
   Answer Message(std::string_view text, int style, std::string_view title) override;
   void Progress(std::string_view) override {}

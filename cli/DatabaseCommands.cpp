@@ -60,8 +60,8 @@ int Repair(Context& c) {
   const auto before = fs::file_size(file, ec);
   if (!RepairAndCompact(c.state)) return kRefused;
   Row(c.env.out, {"Database", "Bytes before", "Bytes after"});
-  Row(c.env.out, {c.state.gDatabaseName, std::to_string(before),
-                  std::to_string(fs::file_size(file, ec))});
+  Row(c.env.out,
+      {c.state.gDatabaseName, std::to_string(before), std::to_string(fs::file_size(file, ec))});
   return kOk;
 }
 
@@ -71,9 +71,8 @@ int Time(Context& c) {
   for (const auto& text : c.args.positional) {
     std::string canonical = text;
     const int32_t score = TimeTextToScore(canonical);
-    Row(c.env.out, {text, NormalizeTimeText(text), std::to_string(score),
-                    FormatTime(score, false), FormatTime(score, true),
-                    ScoreText(score, 1, "", 0)});
+    Row(c.env.out, {text, NormalizeTimeText(text), std::to_string(score), FormatTime(score, false),
+                    FormatTime(score, true), ScoreText(score, 1, "", 0)});
   }
   return kOk;
 }
@@ -82,16 +81,31 @@ int Time(Context& c) {
 
 std::vector<Command> DatabaseCommands() {
   return {
-      {"new-db", "kvlr new-db PATH",
-       "Make a new database file (*.mdb) with every table, ready to use.", {}, {}, NewDb},
-      {"check-db", "kvlr check-db PATH",
+      {"new-db",
+       "kvlr new-db PATH",
+       "Make a new database file (*.mdb) with every table, ready to use.",
+       {},
+       {},
+       NewDb},
+      {"check-db",
+       "kvlr check-db PATH",
        "Open a database, complete missing tables, bring it to this version; list tables and "
        "row counts.",
-       {}, {}, CheckDb},
-      {"repair", "kvlr repair PATH",
-       "Remove orphan rows, check and rebuild the file, compact it in place.", {}, {}, Repair},
-      {"time", "kvlr time TEXT...",
-       "Show how typed times are read: normalized text, score, printed forms.", {}, {}, Time},
+       {},
+       {},
+       CheckDb},
+      {"repair",
+       "kvlr repair PATH",
+       "Remove orphan rows, check and rebuild the file, compact it in place.",
+       {},
+       {},
+       Repair},
+      {"time",
+       "kvlr time TEXT...",
+       "Show how typed times are read: normalized text, score, printed forms.",
+       {},
+       {},
+       Time},
   };
 }
 

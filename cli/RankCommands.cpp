@@ -24,10 +24,13 @@ int Rank(Context& c) {
 
 std::vector<Command> RankCommands() {
   return {
-      {"rank", "kvlr rank --db PATH",
+      {"rank",
+       "kvlr rank --db PATH",
        "Rebuild the rank of every result: individual swims and lead-off legs, then non-lead "
        "relay legs. Prints the rows ranked and how many ranks changed.",
-       {"--db"}, {}, Rank},
+       {"--db"},
+       {},
+       Rank},
   };
 }
 

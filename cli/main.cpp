@@ -11,8 +11,13 @@ int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
   kvlr::SystemClock clock;
   kvlr::SystemDiskInfo disk;
-  kvlr::CliEnvironment env{std::cout, std::cerr, std::cin, ::isatty(STDIN_FILENO) != 0, clock,
-                           disk, nl_langinfo(D_FMT),
+  kvlr::CliEnvironment env{std::cout,
+                           std::cerr,
+                           std::cin,
+                           ::isatty(STDIN_FILENO) != 0,
+                           clock,
+                           disk,
+                           nl_langinfo(D_FMT),
                            kvlr::ProgramHome::FromEnvironment().Root().string()};
   return kvlr::RunCli(std::vector<std::string>(argv + 1, argv + argc), env);
 }

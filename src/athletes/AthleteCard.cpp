@@ -158,9 +158,10 @@ void WriteInfoRow(SQLite::Database& db, int32_t athlete, const AthleteCard& card
   seek.bind(1, athlete);
   const bool found = seek.executeStep();
   const std::string sql =
-      found ? fmt::format("UPDATE AthInfo SET {} WHERE Athlete = ?", ColumnList(kInfoColumns, " = ?"))
-            : fmt::format("INSERT INTO AthInfo ({}, Athlete) VALUES ({})",
-                          ColumnList(kInfoColumns, ""), Placeholders(kInfoColumns.size() + 1));
+      found
+          ? fmt::format("UPDATE AthInfo SET {} WHERE Athlete = ?", ColumnList(kInfoColumns, " = ?"))
+          : fmt::format("INSERT INTO AthInfo ({}, Athlete) VALUES ({})",
+                        ColumnList(kInfoColumns, ""), Placeholders(kInfoColumns.size() + 1));
   SQLite::Statement write(db, sql);
   int i = 1;
   for (auto column : kInfoColumns) write.bind(i++, WithoutLineBreaks(card.Info(column)));
@@ -206,7 +207,8 @@ std::optional<AthleteCard> LoadAthleteCard(AppState& state, int32_t athlete) {
     card.times[std::string(column)] = ShownTime(TextOf(query.getColumn(i++)), state.g12Hour);
   }
   for (auto column : kInfoColumns) card.info[std::string(column)] = TextOf(query.getColumn(i++));
-  if (card.times["StartTimeDay"].empty()) card.times["StartTimeDay"] = DefaultRangeStart(state.g12Hour);
+  if (card.times["StartTimeDay"].empty())
+    card.times["StartTimeDay"] = DefaultRangeStart(state.g12Hour);
   if (card.times["EndTimeDay"].empty()) card.times["EndTimeDay"] = DefaultRangeEnd(state.g12Hour);
   return card;
 }

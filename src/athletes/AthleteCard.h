@@ -15,23 +15,49 @@
 namespace kvlr {
 
 // The AthInfo columns the card keeps, every one of them text.
-inline constexpr std::array<std::string_view, 36> kInfoColumns = {
-    "MailTo",      "Addr",          "SecAddr",       "City",          "State",
-    "Cntry",       "ZIP",           "EMail",         "MailTo2",       "Addr2",
-    "SecAddr2",    "City2",         "State2",        "Cntry2",        "ZIP2",
-    "EMail2",      "DayP1",         "EveP1",         "CellP1",        "FaxP1",
-    "DayP2",       "EveP2",         "CellP2",        "FaxP2",         "PrimaryLast",
-    "PrimaryFirst1", "PrimaryFirst2", "SecondaryLast", "SecondaryFirst1", "SecondaryFirst2",
-    "DoctorName",  "DoctorPhone",   "EmerContact",   "EmerPhone",     "MedCondition",
-    "Medication"};
+inline constexpr std::array<std::string_view, 36> kInfoColumns = {"MailTo",
+                                                                  "Addr",
+                                                                  "SecAddr",
+                                                                  "City",
+                                                                  "State",
+                                                                  "Cntry",
+                                                                  "ZIP",
+                                                                  "EMail",
+                                                                  "MailTo2",
+                                                                  "Addr2",
+                                                                  "SecAddr2",
+                                                                  "City2",
+                                                                  "State2",
+                                                                  "Cntry2",
+                                                                  "ZIP2",
+                                                                  "EMail2",
+                                                                  "DayP1",
+                                                                  "EveP1",
+                                                                  "CellP1",
+                                                                  "FaxP1",
+                                                                  "DayP2",
+                                                                  "EveP2",
+                                                                  "CellP2",
+                                                                  "FaxP2",
+                                                                  "PrimaryLast",
+                                                                  "PrimaryFirst1",
+                                                                  "PrimaryFirst2",
+                                                                  "SecondaryLast",
+                                                                  "SecondaryFirst1",
+                                                                  "SecondaryFirst2",
+                                                                  "DoctorName",
+                                                                  "DoctorPhone",
+                                                                  "EmerContact",
+                                                                  "EmerPhone",
+                                                                  "MedCondition",
+                                                                  "Medication"};
 
 // The calendar columns of Athlete the card keeps: the visible range of the day view, then
 // start and end of each activity.
 inline constexpr std::array<std::string_view, 18> kTimeColumns = {
-    "StartTimeDay", "EndTimeDay",   "StartSwim",    "EndSwim",      "StartDry",
-    "EndDry",       "StartMeet",    "EndMeet",      "StartGoal",    "EndGoal",
-    "StartMeeting", "EndMeeting",   "StartNote",    "EndNote",      "StartHealth",
-    "EndHealth",    "StartVacation", "EndVacation"};
+    "StartTimeDay", "EndTimeDay", "StartSwim",   "EndSwim",   "StartDry",      "EndDry",
+    "StartMeet",    "EndMeet",    "StartGoal",   "EndGoal",   "StartMeeting",  "EndMeeting",
+    "StartNote",    "EndNote",    "StartHealth", "EndHealth", "StartVacation", "EndVacation"};
 
 struct AthleteCard {
   int32_t athlete = 0;  // 0 while adding: the card is in add mode

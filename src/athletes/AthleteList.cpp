@@ -21,16 +21,25 @@ std::string OrderBy(std::optional<ListColumn> sort, bool descending) {
   const char* back = descending ? "" : " DESC";
   switch (*sort) {
     // Active swimmers come first in the ascending order, the way the list shows them.
-    case ListColumn::kActive: return fmt::format("Inactive{}, Last, First", way);
-    case ListColumn::kLast: return fmt::format("Last{0}, First{0}", way);
-    case ListColumn::kFirst: return fmt::format("First{}, Last", way);
-    case ListColumn::kInitial: return fmt::format("Initial{}, Last, First", way);
-    case ListColumn::kSex: return fmt::format("Sex{}, Last, First", way);
+    case ListColumn::kActive:
+      return fmt::format("Inactive{}, Last, First", way);
+    case ListColumn::kLast:
+      return fmt::format("Last{0}, First{0}", way);
+    case ListColumn::kFirst:
+      return fmt::format("First{}, Last", way);
+    case ListColumn::kInitial:
+      return fmt::format("Initial{}, Last, First", way);
+    case ListColumn::kSex:
+      return fmt::format("Sex{}, Last, First", way);
     // Swimmers without a birth date come last either way.
-    case ListColumn::kBirth: return fmt::format("Birth IS NULL, Birth{}, Last, First", way);
-    case ListColumn::kAge: return fmt::format("Birth IS NULL, Birth{}, Last, First", back);
-    case ListColumn::kPref: return fmt::format("Pref{}, Last, First", way);
-    case ListColumn::kId: return fmt::format("ID_NO{}, Last, First", way);
+    case ListColumn::kBirth:
+      return fmt::format("Birth IS NULL, Birth{}, Last, First", way);
+    case ListColumn::kAge:
+      return fmt::format("Birth IS NULL, Birth{}, Last, First", back);
+    case ListColumn::kPref:
+      return fmt::format("Pref{}, Last, First", way);
+    case ListColumn::kId:
+      return fmt::format("ID_NO{}, Last, First", way);
   }
   return "Last, First";
 }
@@ -40,8 +49,10 @@ std::string OrderBy(std::optional<ListColumn> sort, bool descending) {
 std::vector<AthleteListRow> ListAthletes(SQLite::Database& db, std::optional<ListColumn> sort,
                                          bool descending) {
   SQLite::Statement query(
-      db, "SELECT Athlete, IFNULL(Inactive, 0), Last, First, Initial, Sex, Birth, Pref, ID_NO "
-          "FROM Athlete WHERE Athlete <> 0 ORDER BY " + OrderBy(sort, descending));
+      db,
+      "SELECT Athlete, IFNULL(Inactive, 0), Last, First, Initial, Sex, Birth, Pref, ID_NO "
+      "FROM Athlete WHERE Athlete <> 0 ORDER BY " +
+          OrderBy(sort, descending));
   std::vector<AthleteListRow> rows;
   while (query.executeStep()) {
     AthleteListRow row;

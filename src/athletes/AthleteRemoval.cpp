@@ -83,7 +83,8 @@ bool RemoveOneAthletesRecords(AppState& state, int32_t athlete) {
     Run(db, "DELETE FROM ATHINFO WHERE ATHLETE = ?", athlete);
     // A swimmer's own workouts are filed under the key as their group.
     SQLite::Statement lines(
-        db, "DELETE FROM Workout WHERE wk_ptr IN (SELECT wk_ptr FROM WkParam WHERE group_abbr = ?)");
+        db,
+        "DELETE FROM Workout WHERE wk_ptr IN (SELECT wk_ptr FROM WkParam WHERE group_abbr = ?)");
     lines.bind(1, std::to_string(athlete));
     lines.exec();
     SQLite::Statement headers(db, "DELETE FROM WkParam WHERE group_abbr = ?");

@@ -72,8 +72,12 @@ CardTime TypedCardTime(std::string_view typed, bool twelve_hour) {
   return {true, ShownTime(*stored, twelve_hour), ""};
 }
 
-std::string DefaultRangeStart(bool twelve_hour) { return twelve_hour ? "7:00 AM" : "7:00"; }
-std::string DefaultRangeEnd(bool twelve_hour) { return twelve_hour ? "8:00 PM" : "20:00"; }
+std::string DefaultRangeStart(bool twelve_hour) {
+  return twelve_hour ? "7:00 AM" : "7:00";
+}
+std::string DefaultRangeEnd(bool twelve_hour) {
+  return twelve_hour ? "8:00 PM" : "20:00";
+}
 
 BirthEntry TypedBirthDate(std::string_view typed, int date_order) {
   const std::string text = Trim(typed);

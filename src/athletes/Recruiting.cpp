@@ -22,17 +22,23 @@ FieldType TypeOf(std::string_view column) {
 std::string Shown(const SQLite::Column& column, FieldType type) {
   if (column.isNull()) return "";
   switch (type) {
-    case FieldType::kBoolean: return column.getInt() != 0 ? "1" : "0";
-    case FieldType::kInteger: return column.getInt() == 0 ? "" : std::to_string(column.getInt());
+    case FieldType::kBoolean:
+      return column.getInt() != 0 ? "1" : "0";
+    case FieldType::kInteger:
+      return column.getInt() == 0 ? "" : std::to_string(column.getInt());
     case FieldType::kSingle:
-      return column.getDouble() == 0 ? "" : fmt::format("{}", static_cast<float>(column.getDouble()));
-    default: return column.getString();
+      return column.getDouble() == 0 ? ""
+                                     : fmt::format("{}", static_cast<float>(column.getDouble()));
+    default:
+      return column.getString();
   }
 }
 
 void BindValue(SQLite::Statement& s, int index, std::string_view column, const std::string& text) {
   switch (TypeOf(column)) {
-    case FieldType::kBoolean: s.bind(index, Val(text) != 0 ? 1 : 0); break;
+    case FieldType::kBoolean:
+      s.bind(index, Val(text) != 0 ? 1 : 0);
+      break;
     case FieldType::kInteger: {
       const double value = Val(text);
       // Whole numbers go in as such; anything beyond is left for the field's range check.
@@ -43,8 +49,11 @@ void BindValue(SQLite::Statement& s, int index, std::string_view column, const s
       }
       break;
     }
-    case FieldType::kSingle: s.bind(index, static_cast<double>(static_cast<float>(Val(text)))); break;
-    default: s.bind(index, text);
+    case FieldType::kSingle:
+      s.bind(index, static_cast<double>(static_cast<float>(Val(text))));
+      break;
+    default:
+      s.bind(index, text);
   }
 }
 
@@ -71,14 +80,15 @@ std::optional<RecruitingCard> LoadRecruiting(AppState& state, int32_t athlete) {
     card.heading = fmt::format("{}, {} {}", who.getColumn(0).getString(),
                                who.getColumn(1).getString(), who.getColumn(2).getString());
     std::string columns;
-    for (auto c : kRecruitingColumns) columns += fmt::format("{}{}", columns.empty() ? "" : ", ", c);
+    for (auto c : kRecruitingColumns)
+      columns += fmt::format("{}{}", columns.empty() ? "" : ", ", c);
     SQLite::Statement row(db, fmt::format("SELECT {} FROM ATHRECR WHERE Athlete = ?", columns));
     row.bind(1, athlete);
     card.on_file = row.executeStep();
     int i = 0;
     for (auto c : kRecruitingColumns) {
-      card.values[std::string(c)] =
-          card.on_file ? Shown(row.getColumn(i), TypeOf(c)) : (TypeOf(c) == FieldType::kBoolean ? "0" : "");
+      card.values[std::string(c)] = card.on_file ? Shown(row.getColumn(i), TypeOf(c))
+                                                 : (TypeOf(c) == FieldType::kBoolean ? "0" : "");
       ++i;
     }
     return card;

@@ -14,11 +14,11 @@ namespace kvlr {
 
 // The columns the screen writes, in the order it writes them.
 inline constexpr std::array<std::string_view, 33> kRecruitingColumns = {
-    "HS_Name",  "HS_Phone",  "HS_Addr",   "HS_City",    "HS_ZIP",   "Grad",     "HS_GPA",
-    "HS_Rank",  "HS_Num",    "HS_Coach",  "T1Name",     "T2Name",   "T3Name",   "T3SName1",
-    "T3SName2", "T1Score",   "T2Score",   "T3Score1",   "T3Score2", "HS_Study", "Awards",
-    "Add_Info", "Oth_Team",  "Oth_Coach", "Oth_Phone",  "Activities", "Camps",  "Weight",
-    "Comments", "HS_State",  "Height",    "Picture",    "Video"};
+    "HS_Name",  "HS_Phone", "HS_Addr",   "HS_City",   "HS_ZIP",     "Grad",     "HS_GPA",
+    "HS_Rank",  "HS_Num",   "HS_Coach",  "T1Name",    "T2Name",     "T3Name",   "T3SName1",
+    "T3SName2", "T1Score",  "T2Score",   "T3Score1",  "T3Score2",   "HS_Study", "Awards",
+    "Add_Info", "Oth_Team", "Oth_Coach", "Oth_Phone", "Activities", "Camps",    "Weight",
+    "Comments", "HS_State", "Height",    "Picture",   "Video"};
 
 inline constexpr size_t kRecruitingPictureLimit = 60;
 

@@ -17,18 +17,18 @@ std::vector<Sibling> SiblingsWithAddress(SQLite::Database& db, int32_t except) {
   query.bind(1, except);
   std::vector<Sibling> siblings;
   while (query.executeStep()) {
-    siblings.push_back({query.getColumn(0).getInt(),
-                        AthleteDisplayName(query.getColumn(1).getString(),
-                                           query.getColumn(2).getString(),
-                                           query.getColumn(3).getString(),
-                                           query.getColumn(4).getString())});
+    siblings.push_back(
+        {query.getColumn(0).getInt(),
+         AthleteDisplayName(query.getColumn(1).getString(), query.getColumn(2).getString(),
+                            query.getColumn(3).getString(), query.getColumn(4).getString())});
   }
   return siblings;
 }
 
 bool CopySiblingAddress(SQLite::Database& db, int32_t sibling, AthleteCard& card) {
   std::string columns;
-  for (auto c : kSiblingColumns) columns += fmt::format("{}IFNULL({}, '')", columns.empty() ? "" : ", ", c);
+  for (auto c : kSiblingColumns)
+    columns += fmt::format("{}IFNULL({}, '')", columns.empty() ? "" : ", ", c);
   SQLite::Statement query(db, fmt::format("SELECT {} FROM AthInfo WHERE Athlete = ?", columns));
   query.bind(1, sibling);
   if (!query.executeStep()) return false;

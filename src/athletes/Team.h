@@ -12,11 +12,11 @@ namespace kvlr {
 
 // The fields of the screen: code, name, then the mailing and telephone information.
 inline constexpr std::array<std::string_view, 12> kTeamColumns = {
-    "TCode", "TName", "MailTo", "TAddr", "TCity", "TState", "TZip", "LSC", "Day", "Eve", "Fax",
-    "EMail"};
+    "TCode", "TName", "MailTo", "TAddr", "TCity", "TState",
+    "TZip",  "LSC",   "Day",    "Eve",   "Fax",   "EMail"};
 
 struct TeamCard {
-  bool on_file = false;  // the table has its row
+  bool on_file = false;                                    // the table has its row
   std::map<std::string, std::string, std::less<>> values;  // by kTeamColumns; nulls as ""
 
   std::string Value(std::string_view column) const;

@@ -11,9 +11,10 @@ bool DatabaseNameOk(std::string_view name, int max_length, UserIo& io) {
   bool ok = !trimmed.empty() && static_cast<int>(trimmed.size()) <= max_length &&
             trimmed.find_first_of("\"'/\\:|") == std::string::npos;
   if (!ok) {
-    io.Tell(fmt::format("The database name can not be longer than {} characters\rand can not "
-                        "include quotes, apostrophes, slashes or colons.",
-                        max_length));
+    io.Tell(
+        fmt::format("The database name can not be longer than {} characters\rand can not "
+                    "include quotes, apostrophes, slashes or colons.",
+                    max_length));
   }
   return ok;
 }

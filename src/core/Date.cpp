@@ -1,7 +1,7 @@
 #include "core/Date.h"
 
-#include <chrono>
 #include <charconv>
+#include <chrono>
 
 #include <fmt/format.h>
 
@@ -33,7 +33,9 @@ bool Date::Valid() const {
       .ok();
 }
 
-std::string Date::Iso() const { return fmt::format("{:04}-{:02}-{:02}", year, month, day); }
+std::string Date::Iso() const {
+  return fmt::format("{:04}-{:02}-{:02}", year, month, day);
+}
 
 std::optional<Date> Date::FromParts(int year, int month, int day) {
   Date d{year, month, day};

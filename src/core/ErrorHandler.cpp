@@ -33,9 +33,10 @@ ErrorMessage ErrorMessageFor(int n, std::string_view source) {
   if (n == 57) return {"Internal disk error.", 48};
   if (n == 61) return {"Disk is full. Continue?", 50};
   if (n == 62) {
-    return {"This file has a nonstandard end-of-file marker, or an attempt was made to read "
-            "beyond the end-of-file marker.",
-            50};
+    return {
+        "This file has a nonstandard end-of-file marker, or an attempt was made to read "
+        "beyond the end-of-file marker.",
+        50};
   }
   if (n == 68) return {"That device appears unavailable.", 49};
   if (n == 71) return {"Insert a disk in the drive and close the door.", 49};
@@ -56,17 +57,21 @@ ErrorMessage ErrorMessageFor(int n, std::string_view source) {
 int ActionFor(Answer answer) {
   switch (answer) {
     case Answer::kOk:
-    case Answer::kRetry: return action::kRetry;
+    case Answer::kRetry:
+      return action::kRetry;
     case Answer::kCancel:
-    case Answer::kIgnore: return action::kContinue;
-    case Answer::kAbort: return action::kAbort;
-    default: return action::kLeave;
+    case Answer::kIgnore:
+      return action::kContinue;
+    case Answer::kAbort:
+      return action::kAbort;
+    default:
+      return action::kLeave;
   }
 }
 
 int ErrorHandler(AppState& state, const std::exception& error, bool display) {
   const int number = ErrorNumberOf(error);
-  ErrorLogEntry entry{state.clock->Now(), error.what(), state.gErrorSource,   number,
+  ErrorLogEntry entry{state.clock->Now(), error.what(),   state.gErrorSource, number,
                       state.gShortDbName, state.gAthlete, state.gCurrentMeet};
   AppendErrorLog(state.home.Log(), entry);
   if (!display) return action::kContinue;

@@ -11,37 +11,53 @@ namespace kvlr {
 
 int FileErrorNumber(int errno_value) {
   switch (errno_value) {
-    case ENOENT: return err::kFileNotFound;
-    case ENOTDIR: return err::kPathNotFound;
+    case ENOENT:
+      return err::kFileNotFound;
+    case ENOTDIR:
+      return err::kPathNotFound;
     case ENOSPC:
-    case EDQUOT: return err::kDiskFull;
+    case EDQUOT:
+      return err::kDiskFull;
     case EACCES:
     case EPERM:
-    case EROFS: return err::kPermissionDenied;
-    case ENAMETOOLONG: return err::kBadFileName;
+    case EROFS:
+      return err::kPermissionDenied;
+    case ENAMETOOLONG:
+      return err::kBadFileName;
     case EBUSY:
-    case ETXTBSY: return err::kFileAlreadyOpen;
-    case EIO: return err::kDiskIo;
-    default: return err::kPathAccess;
+    case ETXTBSY:
+      return err::kFileAlreadyOpen;
+    case EIO:
+      return err::kDiskIo;
+    default:
+      return err::kPathAccess;
   }
 }
 
 int StoreErrorNumber(int sqlite_code) {
   switch (sqlite_code & 0xff) {
     case SQLITE_CORRUPT:
-    case SQLITE_NOTADB: return err::kDamagedFile;
+    case SQLITE_NOTADB:
+      return err::kDamagedFile;
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: return err::kFileInUse;
-    case SQLITE_FULL: return err::kDiskFull;
+    case SQLITE_LOCKED:
+      return err::kFileInUse;
+    case SQLITE_FULL:
+      return err::kDiskFull;
     case SQLITE_READONLY:
-    case SQLITE_PERM: return err::kPermissionDenied;
-    case SQLITE_CANTOPEN: return err::kPathNotFound;
-    case SQLITE_IOERR: return err::kDiskIo;
+    case SQLITE_PERM:
+      return err::kPermissionDenied;
+    case SQLITE_CANTOPEN:
+      return err::kPathNotFound;
+    case SQLITE_IOERR:
+      return err::kDiskIo;
     case SQLITE_CONSTRAINT:
       if (sqlite_code == SQLITE_CONSTRAINT_CHECK) return err::kFieldTooLong;
       return err::kDuplicateKey;
-    case SQLITE_MISMATCH: return err::kDataError;
-    default: return err::kStoreOther;
+    case SQLITE_MISMATCH:
+      return err::kDataError;
+    default:
+      return err::kStoreOther;
   }
 }
 

@@ -10,9 +10,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
-double DoubleOr0(const SQLite::Column& c) { return c.isNull() ? 0.0 : c.getDouble(); }
-int IntOr0(const SQLite::Column& c) { return c.isNull() ? 0 : c.getInt(); }
-std::string TextOrEmpty(const SQLite::Column& c) { return c.isNull() ? "" : c.getString(); }
+double DoubleOr0(const SQLite::Column& c) {
+  return c.isNull() ? 0.0 : c.getDouble();
+}
+int IntOr0(const SQLite::Column& c) {
+  return c.isNull() ? 0 : c.getInt();
+}
+std::string TextOrEmpty(const SQLite::Column& c) {
+  return c.isNull() ? "" : c.getString();
+}
 
 void AddDefaultRow(AppState& state) {
   using D = OptionDefaults;
@@ -22,9 +28,8 @@ void AddDefaultRow(AppState& state) {
       "Straight, Cvt500, Cvt1650, CvtType, y2l, Backupcheck, Updatecheck, LastBackup) "
       "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
   SQLite::bind(insert, D::kCvtFactor, D::kFreeTurn, D::kBackTurn, D::kBreastTurn, D::kFlyTurn,
-               D::kIMTurn, D::kStraight, D::kCvt500, D::kCvt1650, D::kCvtType,
-               D::kY2L ? 1 : 0, D::kBackupCheck, D::kUpdateCheck,
-               state.clock->Today().Iso());
+               D::kIMTurn, D::kStraight, D::kCvt500, D::kCvt1650, D::kCvtType, D::kY2L ? 1 : 0,
+               D::kBackupCheck, D::kUpdateCheck, state.clock->Today().Iso());
   insert.exec();
 }
 

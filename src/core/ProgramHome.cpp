@@ -9,7 +9,9 @@ namespace kvlr {
 namespace fs = std::filesystem;
 
 namespace {
-bool Set(const char* value) { return value != nullptr && *value != '\0'; }
+bool Set(const char* value) {
+  return value != nullptr && *value != '\0';
+}
 }  // namespace
 
 fs::path ProgramHome::Resolve(const char* kvlr_home, const char* xdg_data_home, const char* home) {
@@ -27,7 +29,9 @@ fs::path ProgramHome::DefaultDataDir(const char* home) {
   return fs::path(Set(home) ? home : ".") / "KVL-R-Data";
 }
 
-fs::path ProgramHome::DefaultDataDir() { return DefaultDataDir(std::getenv("HOME")); }
+fs::path ProgramHome::DefaultDataDir() {
+  return DefaultDataDir(std::getenv("HOME"));
+}
 
 void ProgramHome::Ensure() const {
   MakeFolder(root_);

@@ -20,8 +20,12 @@ inline constexpr int kQuestion = 32;
 inline constexpr int kExclamation = 48;
 inline constexpr int kInformation = 64;
 
-inline constexpr int Buttons(int style) { return style & 7; }
-inline constexpr int Icon(int style) { return style & 0x70; }
+inline constexpr int Buttons(int style) {
+  return style & 7;
+}
+inline constexpr int Icon(int style) {
+  return style & 0x70;
+}
 }  // namespace box
 
 // The button the user pressed.

@@ -30,9 +30,9 @@ bool AddNewEntry(AppState& state, int32_t score, std::string_view course, int32_
     SQLite::Statement add(*state.gDb,
                           "INSERT INTO ENTRY (Meet, Athlete, Course, MtEvent, I_R, Misc, Score, "
                           "Ex) VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
-    SQLite::bind(add, state.gCurrentMeet, athlete, std::string(course), mt_event,
-                 std::string(i_r), no_time ? std::string("N") : std::string(misc),
-                 no_time ? 0 : score, std::string(ex));
+    SQLite::bind(add, state.gCurrentMeet, athlete, std::string(course), mt_event, std::string(i_r),
+                 no_time ? std::string("N") : std::string(misc), no_time ? 0 : score,
+                 std::string(ex));
     add.exec();
     return true;
   });
@@ -62,11 +62,11 @@ bool UpdateEntryScore(AppState& state, int32_t score, std::string_view course, i
   }
   return RunTrapped(state, "basUtil.UpdateEntryScore", [&] {
     // Ex is only ever set here; the exhibition tick of the screen clears it.
-    SQLite::Statement edit(*state.gDb,
-                           ex == "X" ? "UPDATE ENTRY SET Misc = ?, Score = ?, Course = ?, "
-                                       "Ex = 'X' WHERE Entry = ?"
-                                     : "UPDATE ENTRY SET Misc = ?, Score = ?, Course = ? "
-                                       "WHERE Entry = ?");
+    SQLite::Statement edit(*state.gDb, ex == "X"
+                                           ? "UPDATE ENTRY SET Misc = ?, Score = ?, Course = ?, "
+                                             "Ex = 'X' WHERE Entry = ?"
+                                           : "UPDATE ENTRY SET Misc = ?, Score = ?, Course = ? "
+                                             "WHERE Entry = ?");
     SQLite::bind(edit, no_time ? "N" : "", no_time ? 0 : score, std::string(course), *id);
     edit.exec();
     return true;

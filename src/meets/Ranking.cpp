@@ -93,7 +93,7 @@ class Trap {
 
 struct StoredSwim {
   int64_t id = 0;
-  RankedSwim swim;  // course and I_R folded to lower case
+  RankedSwim swim;            // course and I_R folded to lower case
   std::optional<int> stored;  // the rank as it stands; nullopt for Null
 };
 
@@ -374,9 +374,8 @@ bool RunRanking(AppState& state, const Job& job, MakePass make_pass, RankCount* 
   return !trap.Failed();
 }
 
-SQLite::Statement GroupQuery(SQLite::Database& db, std::string_view i_r_and_order,
-                             int32_t athlete, int16_t stroke, int16_t distance,
-                             std::string_view course) {
+SQLite::Statement GroupQuery(SQLite::Database& db, std::string_view i_r_and_order, int32_t athlete,
+                             int16_t stroke, int16_t distance, std::string_view course) {
   SQLite::Statement q(db, fmt::format("SELECT {}, RESULT.RANK FROM RESULT WHERE ATHLETE = ? AND "
                                       "STROKE = ? AND DISTANCE = ? AND COURSE = ? {}",
                                       kSwimColumns, i_r_and_order));
@@ -416,8 +415,7 @@ bool AddRankForOne(AppState& state, int32_t athlete, int16_t stroke, int16_t dis
                       athlete, stroke, distance, course);
   };
   return RunRanking<GroupRankPass>(
-      state, job, [&](const RankedSwim& first) { return GroupRankPass(lead_off, first); },
-      nullptr);
+      state, job, [&](const RankedSwim& first) { return GroupRankPass(lead_off, first); }, nullptr);
 }
 
 bool AddRankForOneRelayLeg(AppState& state, int32_t athlete, int16_t stroke, int16_t distance,
@@ -435,9 +433,8 @@ bool AddRank(AppState& state, std::string_view caption, RankCount* count) {
   const bool lead_off = state.gUseLeadOff;
   Job job("basUtil.AddRank", kRankAbortMessage, kUpdateRank);
   job.query = [&](SQLite::Database& db, bool ordered) {
-    std::string sql =
-        fmt::format("SELECT {}, RESULT.RANK FROM RESULT WHERE I_R = 'I' OR I_R = 'L'",
-                    kSwimColumns);
+    std::string sql = fmt::format("SELECT {}, RESULT.RANK FROM RESULT WHERE I_R = 'I' OR I_R = 'L'",
+                                  kSwimColumns);
     if (ordered) {
       sql += lead_off ? " ORDER BY ATHLETE, DISTANCE, STROKE, NT, COURSE, SCORE, RESULT"
                       : " ORDER BY ATHLETE, I_R, DISTANCE, STROKE, NT, COURSE, SCORE, RESULT";
@@ -484,8 +481,9 @@ bool AddTRank(AppState& state, const TRankSelection& selection, RankCount* count
   Job job("basUtil.AddTRank", kTRankAbortMessage, kUpdateTRank);
   job.prepare = [](SQLite::Database& db) {
     // Rows already Null stay untouched: a repeated selection writes less.
-    db.exec("UPDATE RESULT SET TRANK = NULL WHERE (I_R = 'I' OR I_R = 'L') AND "
-            "TRANK IS NOT NULL");
+    db.exec(
+        "UPDATE RESULT SET TRANK = NULL WHERE (I_R = 'I' OR I_R = 'L') AND "
+        "TRANK IS NOT NULL");
   };
   job.query = [&](SQLite::Database& db, bool ordered) {
     std::string sql = fmt::format(
@@ -501,8 +499,9 @@ bool AddTRank(AppState& state, const TRankSelection& selection, RankCount* count
     sql += " AND (RESULT.I_R = 'I' OR RESULT.I_R = 'L')";
     if (ordered) {
       sql += lead_off ? " ORDER BY RESULT.ATHLETE, " : " ORDER BY RESULT.ATHLETE, RESULT.I_R, ";
-      sql += "RESULT.DISTANCE, RESULT.STROKE, RESULT.NT, RESULT.COURSE, RESULT.SCORE, "
-             "RESULT.RESULT";
+      sql +=
+          "RESULT.DISTANCE, RESULT.STROKE, RESULT.NT, RESULT.COURSE, RESULT.SCORE, "
+          "RESULT.RESULT";
     }
     SQLite::Statement q(db, sql);
     if (since) q.bind(":since", selection.since.Iso());

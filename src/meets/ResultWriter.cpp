@@ -31,14 +31,15 @@ std::string CourseToUse(std::string_view typed_course, const MtEventRec& event) 
   return typed_course.empty() ? event.course : std::string(typed_course);
 }
 
-bool IsGoal(const MtEventRec& event) { return UCase(event.i_r) == "G"; }
+bool IsGoal(const MtEventRec& event) {
+  return UCase(event.i_r) == "G";
+}
 
 }  // namespace
 
-bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_course,
-                       uint8_t nt, std::string_view ex, std::string_view f_p,
-                       const MtEventRec& event, std::string_view i_r, int16_t age,
-                       int32_t athlete) {
+bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_course, uint8_t nt,
+                       std::string_view ex, std::string_view f_p, const MtEventRec& event,
+                       std::string_view i_r, int16_t age, int32_t athlete) {
   const std::string course = CourseToUse(typed_course, event);
   const bool non_time = nt > 0;
   const int32_t stored_score = non_time ? 0 : score;
@@ -51,13 +52,12 @@ bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_co
         return false;
       }
       SQLite::Statement add(
-          db, IsGoal(event)
-                  ? "INSERT INTO RESULT (MEET, ATHLETE, AGE, NT, SCORE, MTEVENT, STROKE, "
-                    "DISTANCE, COURSE, F_P, PLACE, I_R, EX, RANK, TRANK) "
-                    "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, ?, -1, -1)"
-                  : "INSERT INTO RESULT (MEET, ATHLETE, AGE, NT, SCORE, MTEVENT, STROKE, "
-                    "DISTANCE, COURSE, F_P, PLACE, I_R, EX) "
-                    "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, ?)");
+          db, IsGoal(event) ? "INSERT INTO RESULT (MEET, ATHLETE, AGE, NT, SCORE, MTEVENT, STROKE, "
+                              "DISTANCE, COURSE, F_P, PLACE, I_R, EX, RANK, TRANK) "
+                              "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, ?, -1, -1)"
+                            : "INSERT INTO RESULT (MEET, ATHLETE, AGE, NT, SCORE, MTEVENT, STROKE, "
+                              "DISTANCE, COURSE, F_P, PLACE, I_R, EX) "
+                              "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, ?)");
       SQLite::bind(add, event.meet, athlete, age, static_cast<int>(nt), stored_score,
                    event.mt_event, event.stroke, event.distance, course, std::string(f_p),
                    std::string(i_r), std::string(ex));
@@ -80,9 +80,8 @@ bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_co
   return true;
 }
 
-bool UpdateResultDQ(AppState& state, std::string_view typed_course, bool dq,
-                    std::string_view f_p, const MtEventRec& event, int16_t age,
-                    int32_t athlete) {
+bool UpdateResultDQ(AppState& state, std::string_view typed_course, bool dq, std::string_view f_p,
+                    const MtEventRec& event, int16_t age, int32_t athlete) {
   return RunTrapped(state, "basUtil.UpdateResultDQ", [&] {
     SQLite::Database& db = *state.gDb;
     const auto id = SeekResult(db, state.gCurrentMeet, athlete, "I", event.mt_event, f_p);

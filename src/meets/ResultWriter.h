@@ -39,18 +39,16 @@ struct MtEventRec {
 // with AddRankForOne. A new goal row gets Rank and TRank -1. False, with "Can't add result"
 // shown, when a row would be added with athlete, current meet or event 0; false on a
 // failure.
-bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_course,
-                       uint8_t nt, std::string_view ex, std::string_view f_p,
-                       const MtEventRec& event, std::string_view i_r, int16_t age,
-                       int32_t athlete);
+bool UpdateResultScore(AppState& state, int32_t score, std::string_view typed_course, uint8_t nt,
+                       std::string_view ex, std::string_view f_p, const MtEventRec& event,
+                       std::string_view i_r, int16_t age, int32_t athlete);
 
 // Sets (NT 5) or clears (NT 0) the disqualification of the row (current meet, athlete, "I",
 // event, f_p); Score stays, so a released swim gets its time back. A new row takes the
 // event's I_R, the typed course or the event's, and has NT 5 and Score 0 only when `dq`.
 // Ranks nothing. False as UpdateResultScore.
-bool UpdateResultDQ(AppState& state, std::string_view typed_course, bool dq,
-                    std::string_view f_p, const MtEventRec& event, int16_t age,
-                    int32_t athlete);
+bool UpdateResultDQ(AppState& state, std::string_view typed_course, bool dq, std::string_view f_p,
+                    const MtEventRec& event, int16_t age, int32_t athlete);
 
 // Writes the place of the row (current meet, athlete, "I", event, f_p); with no row shows
 // "You must enter a result before assigning a place." and writes nothing. Ranks nothing.

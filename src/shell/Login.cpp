@@ -18,7 +18,8 @@ std::vector<LoginRow> LoginRows(AppState& state) {
     return query.getColumn(i).isNull() ? std::string() : query.getColumn(i).getString();
   };
   while (query.executeStep()) {
-    rows.push_back({query.getColumn(0).getInt(), AthleteDisplayName(text(1), text(2), text(3), text(4))});
+    rows.push_back(
+        {query.getColumn(0).getInt(), AthleteDisplayName(text(1), text(2), text(3), text(4))});
   }
   state.gAthleteCount = static_cast<int16_t>(rows.size());
   return rows;

@@ -78,8 +78,10 @@ bool MenuEnabled(const MenuEntry& entry, bool database_open) {
     case C::kInstallMobile:
     case C::kInstallUpdate:
     case C::kCreateUpdate:
-    case C::kExit: return true;
-    default: return database_open;
+    case C::kExit:
+      return true;
+    default:
+      return database_open;
   }
 }
 

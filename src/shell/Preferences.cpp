@@ -11,8 +11,12 @@ namespace kvlr {
 
 namespace {
 
-int IntOr(const SQLite::Column& c, int fallback) { return c.isNull() ? fallback : c.getInt(); }
-std::string TextOf(const SQLite::Column& c) { return c.isNull() ? "" : c.getString(); }
+int IntOr(const SQLite::Column& c, int fallback) {
+  return c.isNull() ? fallback : c.getInt();
+}
+std::string TextOf(const SQLite::Column& c) {
+  return c.isNull() ? "" : c.getString();
+}
 
 }  // namespace
 
@@ -86,15 +90,20 @@ void SaveReportPreferences(AppState& state, const ReportPreferences& p) {
 
 std::string DirectoryWord(DirectoryKind kind) {
   switch (kind) {
-    case DirectoryKind::kImport: return "Import Directory";
-    case DirectoryKind::kExport: return "Export Directory";
-    case DirectoryKind::kBackup: return "Backup/Restore Directory";
-    case DirectoryKind::kReport: return "Report Directory";
+    case DirectoryKind::kImport:
+      return "Import Directory";
+    case DirectoryKind::kExport:
+      return "Export Directory";
+    case DirectoryKind::kBackup:
+      return "Backup/Restore Directory";
+    case DirectoryKind::kReport:
+      return "Report Directory";
   }
   return "";
 }
 
-bool SetFavoriteDirectory(AppState& state, DirectoryKind kind, const std::filesystem::path& folder) {
+bool SetFavoriteDirectory(AppState& state, DirectoryKind kind,
+                          const std::filesystem::path& folder) {
   const std::string path = folder.string();
   if (path.size() > 60) {
     state.io->Tell(pref_text::kPathTooLong);

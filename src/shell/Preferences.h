@@ -49,7 +49,7 @@ struct ReportPreferences {
   int open_events = 1;  // 0 no designation, 1 "Senior", 2 "Open"
   std::string header1;
   std::string header2;
-  int paper_size = 0;   // 0 letter, 1 legal
+  int paper_size = 0;  // 0 letter, 1 legal
   PrinterNames printer;
 };
 

@@ -11,7 +11,7 @@
 namespace kvlr {
 
 struct SetupOutcome {
-  bool first_run = false;              // the data folder was missing and has been made
+  bool first_run = false;               // the data folder was missing and has been made
   std::vector<std::string> last_files;  // newest first, for the File menu
 };
 

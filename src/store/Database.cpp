@@ -1,8 +1,8 @@
 #include "store/Database.h"
 
 #include <SQLiteCpp/Statement.h>
-#include <SQLiteCpp/VariadicBind.h>
 #include <SQLiteCpp/Transaction.h>
+#include <SQLiteCpp/VariadicBind.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
 
@@ -64,11 +64,11 @@ void SeedCategories(SQLite::Database& db, const TableDef& table) {
       insert.exec();
     }
   } else if (SameName(table.name, "StrokeCategory") || SameName(table.name, "WorkCategory")) {
-    const auto& seeds = SameName(table.name, "StrokeCategory") ? StrokeCategorySeeds()
-                                                                : WorkCategorySeeds();
+    const auto& seeds =
+        SameName(table.name, "StrokeCategory") ? StrokeCategorySeeds() : WorkCategorySeeds();
     SQLite::Statement insert(
-        db, fmt::format("INSERT INTO {} (stroke_abbr, stroke_name) VALUES (?, ?)",
-                        Quoted(table.name)));
+        db,
+        fmt::format("INSERT INTO {} (stroke_abbr, stroke_name) VALUES (?, ?)", Quoted(table.name)));
     for (const auto& [abbr, name] : seeds) {
       insert.reset();
       SQLite::bind(insert, abbr, name);
@@ -105,7 +105,9 @@ bool HasRelation(SQLite::Database& db) {
 
 }  // namespace
 
-std::string ShortName(const fs::path& file) { return file.stem().string(); }
+std::string ShortName(const fs::path& file) {
+  return file.stem().string();
+}
 
 std::unique_ptr<SQLite::Database> OpenStoreFile(const fs::path& file, OpenMode mode,
                                                 bool exclusive) {
@@ -136,8 +138,8 @@ bool CreateNewDatabase(AppState& state, const fs::path& file) {
   state.gDatabaseName = file.string();
   std::error_code ec;
   if (fs::exists(file, ec)) {
-    state.io->Tell(fmt::format("{}\r\n{} already exists.", store_text::kDidntCreateDatabase,
-                               file.string()));
+    state.io->Tell(
+        fmt::format("{}\r\n{} already exists.", store_text::kDidntCreateDatabase, file.string()));
     return false;
   }
   std::unique_ptr<SQLite::Database> db;
@@ -184,7 +186,8 @@ bool OpenLocalDB(AppState& state) {
         return false;
       }
       if (number == err::kDamagedFile && !repaired) {
-        if (!state.io->AskYesNo(fmt::format("{}\r\n\r\n{}", e.what(), store_text::kAttemptRepair))) {
+        if (!state.io->AskYesNo(
+                fmt::format("{}\r\n\r\n{}", e.what(), store_text::kAttemptRepair))) {
           RefuseInvalid(state);
           return false;
         }
@@ -193,8 +196,8 @@ bool OpenLocalDB(AppState& state) {
         continue;
       }
       if (number == err::kFileInUse) {
-        state.io->Tell(fmt::format("{}{}", file.filename().string(),
-                                   store_text::kOpenedExclusively));
+        state.io->Tell(
+            fmt::format("{}{}", file.filename().string(), store_text::kOpenedExclusively));
         return false;
       }
       if (ReportError(state, "basUtil.OpenLocalDB", e) == action::kRetry) continue;

@@ -38,8 +38,9 @@ bool VersionIsOlder(std::string_view a, std::string_view b) {
 
 void AddGoalFlyEvents(AppState& state) {
   SQLite::Database& db = *state.gDb;
-  SQLite::Statement meets(db, "SELECT Meet FROM MEET WHERE substr(MName, 1, 7) = 'Goals -' "
-                              "AND Course = ?");
+  SQLite::Statement meets(db,
+                          "SELECT Meet FROM MEET WHERE substr(MName, 1, 7) = 'Goals -' "
+                          "AND Course = ?");
   SQLite::Statement has_fly(db,
                             "SELECT 1 FROM MTEVENT WHERE Meet = ? AND Distance = 200 AND "
                             "Stroke = 4 AND Course = ?");

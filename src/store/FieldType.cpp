@@ -31,7 +31,9 @@ std::string ColumnSql(const std::string& name, FieldType type, int size,
     case FieldType::kText:
       sql += fmt::format(" VARCHAR({}) COLLATE NOCASE", size);
       break;
-    case FieldType::kMemo: sql += " TEXT COLLATE NOCASE"; break;
+    case FieldType::kMemo:
+      sql += " TEXT COLLATE NOCASE";
+      break;
     case FieldType::kBoolean:
       sql += " BOOLEAN";
       if (def.empty()) def = "0";
@@ -44,10 +46,18 @@ std::string ColumnSql(const std::string& name, FieldType type, int size,
       sql += " SMALLINT";
       if (def.empty()) def = "0";
       break;
-    case FieldType::kLong: sql += " INTEGER"; break;
-    case FieldType::kSingle: sql += " REAL"; break;
-    case FieldType::kDouble: sql += " DOUBLE"; break;
-    case FieldType::kDate: sql += " DATE"; break;
+    case FieldType::kLong:
+      sql += " INTEGER";
+      break;
+    case FieldType::kSingle:
+      sql += " REAL";
+      break;
+    case FieldType::kDouble:
+      sql += " DOUBLE";
+      break;
+    case FieldType::kDate:
+      sql += " DATE";
+      break;
   }
   if (!def.empty()) sql += " DEFAULT " + def;
   switch (type) {
@@ -57,9 +67,14 @@ std::string ColumnSql(const std::string& name, FieldType type, int size,
                                             size == 1 ? "" : "s")),
                          q, size);
       break;
-    case FieldType::kByte: sql += RangeCheck(q, name, 0, 255); break;
-    case FieldType::kInteger: sql += RangeCheck(q, name, -32768, 32767); break;
-    default: break;
+    case FieldType::kByte:
+      sql += RangeCheck(q, name, 0, 255);
+      break;
+    case FieldType::kInteger:
+      sql += RangeCheck(q, name, -32768, 32767);
+      break;
+    default:
+      break;
   }
   return sql;
 }

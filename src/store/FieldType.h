@@ -12,8 +12,8 @@ enum class FieldType {
   kLong = 4,     // signed 32 bit
   kSingle = 6,
   kDouble = 7,
-  kDate = 8,     // ISO text
-  kText = 10,    // with a size
+  kDate = 8,   // ISO text
+  kText = 10,  // with a size
   kMemo = 12,
 };
 

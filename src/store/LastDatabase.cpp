@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include <SQLiteCpp/Statement.h>
-#include <SQLiteCpp/VariadicBind.h>
 #include <SQLiteCpp/Transaction.h>
+#include <SQLiteCpp/VariadicBind.h>
 
 #include "store/Database.h"
 #include "store/SystemFile.h"
@@ -13,8 +13,8 @@ namespace kvlr {
 
 std::vector<std::string> GetLastDatabase(AppState& state) {
   auto db = OpenSystemFile(state.home);
-  SQLite::Statement query(*db,
-                          "SELECT FullName, StandardFile FROM Settings ORDER BY \"Date\" DESC, rowid DESC");
+  SQLite::Statement query(
+      *db, "SELECT FullName, StandardFile FROM Settings ORDER BY \"Date\" DESC, rowid DESC");
   std::vector<std::string> names;
   bool found = false;
   while (query.executeStep()) {
@@ -36,8 +36,8 @@ void SaveLastDatabase(AppState& state) {
   auto db = OpenSystemFile(state.home);
   SQLite::Transaction transaction(*db);
   const std::string now = state.clock->Now().Iso();
-  SQLite::Statement update(
-      *db, "UPDATE Settings SET StandardFile = ?, \"Date\" = ? WHERE FullName = ?");
+  SQLite::Statement update(*db,
+                           "UPDATE Settings SET StandardFile = ?, \"Date\" = ? WHERE FullName = ?");
   SQLite::bind(update, state.gStandardFile, now, state.gDatabaseName);
   if (update.exec() == 0) {
     SQLite::Statement insert(

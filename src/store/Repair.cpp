@@ -3,8 +3,8 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <fmt/format.h>
-#include <variant>
 #include <sqlite3.h>
+#include <variant>
 
 #include "core/ErrorHandler.h"
 #include "core/Errors.h"
@@ -62,11 +62,19 @@ void CopyRowsOneByOne(SQLite::Database& db, const std::string& table) {
       for (int i = 0; i < columns; ++i) {
         SQLite::Column c = read.getColumn(i);
         switch (c.getType()) {
-          case SQLITE_INTEGER: row.emplace_back(c.getInt64()); break;
-          case SQLITE_FLOAT: row.emplace_back(c.getDouble()); break;
+          case SQLITE_INTEGER:
+            row.emplace_back(c.getInt64());
+            break;
+          case SQLITE_FLOAT:
+            row.emplace_back(c.getDouble());
+            break;
           case SQLITE_TEXT:
-          case SQLITE_BLOB: row.emplace_back(c.getString()); break;
-          default: row.emplace_back(std::monostate{}); break;
+          case SQLITE_BLOB:
+            row.emplace_back(c.getString());
+            break;
+          default:
+            row.emplace_back(std::monostate{});
+            break;
         }
       }
     }
@@ -156,10 +164,9 @@ void Salvage(const fs::path& source, const fs::path& target) {
 }  // namespace
 
 fs::path DamagedCopyName(const fs::path& file, const DateTime& now) {
-  return file.parent_path() /
-         fmt::format("{}-damaged-{:04}{:02}{:02}-{:02}{:02}{:02}.mdb", file.stem().string(),
-                     now.date.year, now.date.month, now.date.day, now.hour, now.minute,
-                     now.second);
+  return file.parent_path() / fmt::format("{}-damaged-{:04}{:02}{:02}-{:02}{:02}{:02}.mdb",
+                                          file.stem().string(), now.date.year, now.date.month,
+                                          now.date.day, now.hour, now.minute, now.second);
 }
 
 bool EnoughRoomToRepair(AppState& state, const fs::path& file) {
@@ -167,8 +174,8 @@ bool EnoughRoomToRepair(AppState& state, const fs::path& file) {
   const long long file_kb = static_cast<long long>(fs::file_size(file, ec) / 1024);
   const long long free_kb = static_cast<long long>(state.disk->FreeBytes(file) / 1024);
   if (free_kb - file_kb >= kRoomKb) return true;
-  state.io->Tell(store_text::DiskRoomMessage(free_kb, file.parent_path().string(),
-                                             file_kb + kRoomKb));
+  state.io->Tell(
+      store_text::DiskRoomMessage(free_kb, file.parent_path().string(), file_kb + kRoomKb));
   return false;
 }
 

@@ -1,8 +1,8 @@
 #include "store/ReportDatabase.h"
 
 #include <SQLiteCpp/Statement.h>
-#include <SQLiteCpp/VariadicBind.h>
 #include <SQLiteCpp/Transaction.h>
+#include <SQLiteCpp/VariadicBind.h>
 
 #include "core/Errors.h"
 #include "core/FileOps.h"

@@ -25,18 +25,36 @@ const FieldDef* TableDef::Field(std::string_view field_name) const {
   return nullptr;
 }
 
-FieldDef Counter(std::string name) { return {std::move(name), FieldType::kLong, 0, true, ""}; }
-FieldDef Long(std::string name) { return {std::move(name), FieldType::kLong, 0, false, ""}; }
-FieldDef Int(std::string name) { return {std::move(name), FieldType::kInteger, 0, false, ""}; }
-FieldDef Byte(std::string name) { return {std::move(name), FieldType::kByte, 0, false, ""}; }
-FieldDef Bool(std::string name) { return {std::move(name), FieldType::kBoolean, 0, false, ""}; }
-FieldDef Single(std::string name) { return {std::move(name), FieldType::kSingle, 0, false, ""}; }
-FieldDef Double(std::string name) { return {std::move(name), FieldType::kDouble, 0, false, ""}; }
-FieldDef DateField(std::string name) { return {std::move(name), FieldType::kDate, 0, false, ""}; }
+FieldDef Counter(std::string name) {
+  return {std::move(name), FieldType::kLong, 0, true, ""};
+}
+FieldDef Long(std::string name) {
+  return {std::move(name), FieldType::kLong, 0, false, ""};
+}
+FieldDef Int(std::string name) {
+  return {std::move(name), FieldType::kInteger, 0, false, ""};
+}
+FieldDef Byte(std::string name) {
+  return {std::move(name), FieldType::kByte, 0, false, ""};
+}
+FieldDef Bool(std::string name) {
+  return {std::move(name), FieldType::kBoolean, 0, false, ""};
+}
+FieldDef Single(std::string name) {
+  return {std::move(name), FieldType::kSingle, 0, false, ""};
+}
+FieldDef Double(std::string name) {
+  return {std::move(name), FieldType::kDouble, 0, false, ""};
+}
+FieldDef DateField(std::string name) {
+  return {std::move(name), FieldType::kDate, 0, false, ""};
+}
 FieldDef Text(std::string name, int size) {
   return {std::move(name), FieldType::kText, size, false, ""};
 }
-FieldDef Memo(std::string name) { return {std::move(name), FieldType::kMemo, 0, false, ""}; }
+FieldDef Memo(std::string name) {
+  return {std::move(name), FieldType::kMemo, 0, false, ""};
+}
 FieldDef WithDefault(FieldDef field, std::string default_sql) {
   field.default_sql = std::move(default_sql);
   return field;

@@ -13,9 +13,9 @@ namespace kvlr {
 struct FieldDef {
   std::string name;
   FieldType type = FieldType::kLong;
-  int size = 0;               // text size; 0 otherwise
+  int size = 0;  // text size; 0 otherwise
   bool auto_increment = false;
-  std::string default_sql;    // SQL literal; "" keeps the type's default
+  std::string default_sql;  // SQL literal; "" keeps the type's default
 };
 
 struct IndexColumn {
@@ -64,6 +64,6 @@ const TableDef* FindTable(const std::vector<TableDef>& tables, std::string_view 
 std::string IndexFileName(const TableDef& table, const IndexDef& index);
 
 bool SameName(std::string_view a, std::string_view b);  // ASCII, case-insensitive
-std::string UpperName(std::string_view name);             // ASCII upper case
+std::string UpperName(std::string_view name);           // ASCII upper case
 
 }  // namespace kvlr

@@ -46,8 +46,7 @@ std::vector<std::string> CreateStatements(const TableDef& table) {
       if (!cols.empty()) cols += ", ";
       cols += Quoted(c.name) + (c.descending ? " DESC" : "");
     }
-    statements.push_back(fmt::format("CREATE {}INDEX {} ON {} ({})",
-                                     index.unique ? "UNIQUE " : "",
+    statements.push_back(fmt::format("CREATE {}INDEX {} ON {} ({})", index.unique ? "UNIQUE " : "",
                                      Quoted(IndexFileName(table, index)), Quoted(table.name),
                                      cols));
   }

@@ -20,7 +20,8 @@ class AthleteCommands : public ::testing::Test {
  protected:
   void SetUp() override { ASSERT_EQ(Kvlr({"new-db", db}).code, 0); }
 
-  Outcome Kvlr(std::vector<std::string> args, const std::string& input = "", bool terminal = false) {
+  Outcome Kvlr(std::vector<std::string> args, const std::string& input = "",
+               bool terminal = false) {
     std::ostringstream out, err;
     std::istringstream in(input);
     args.insert(args.begin(), {"--home", t.Home().string()});
@@ -30,8 +31,8 @@ class AthleteCommands : public ::testing::Test {
   }
   Outcome Add(const std::string& last, const std::string& first, const std::string& sex,
               std::vector<std::string> more = {}, const std::string& global = "") {
-    std::vector<std::string> args = {"add-athlete", "--db", db, "--last", last, "--first", first,
-                                     "--sex", sex};
+    std::vector<std::string> args = {"add-athlete", "--db", db,      "--last", last,
+                                     "--first",     first,  "--sex", sex};
     args.insert(args.end(), more.begin(), more.end());
     if (!global.empty()) args.insert(args.begin(), global);
     return Kvlr(args);
@@ -42,8 +43,9 @@ class AthleteCommands : public ::testing::Test {
 };
 
 TEST_F(AthleteCommands, AddedSwimmersAreListed) {
-  Outcome added = Add("o'brien", "ADA", "f", {"--initial", "Q", "--pref", "Addie", "--birth",
-                                              "2012-11-22", "--id", "A12"});
+  Outcome added =
+      Add("o'brien", "ADA", "f",
+          {"--initial", "Q", "--pref", "Addie", "--birth", "2012-11-22", "--id", "A12"});
   ASSERT_EQ(added.code, 0) << added.err;
   EXPECT_EQ(added.out, "Athlete\n1\n");
   ASSERT_EQ(Add("Lane", "Bo", "M").code, 0);

@@ -31,7 +31,9 @@
 namespace kvlr {
 namespace {
 
-QApplication& App() { return test::QtApp(); }
+QApplication& App() {
+  return test::QtApp();
+}
 
 class AthleteScreens : public ::testing::Test {
  protected:
@@ -42,11 +44,15 @@ class AthleteScreens : public ::testing::Test {
 
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "") {
-    SQLite::Statement s(*t.state.gDb, "INSERT INTO Athlete (Last, First, Sex, Birth) VALUES (?, ?, ?, ?)");
+    SQLite::Statement s(*t.state.gDb,
+                        "INSERT INTO Athlete (Last, First, Sex, Birth) VALUES (?, ?, ?, ?)");
     s.bind(1, last);
     s.bind(2, first);
     s.bind(3, sex);
-    if (birth.empty()) s.bind(4); else s.bind(4, birth);
+    if (birth.empty())
+      s.bind(4);
+    else
+      s.bind(4, birth);
     s.exec();
     return static_cast<int32_t>(t.state.gDb->getLastInsertRowid());
   }
@@ -74,7 +80,7 @@ TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {
   AthleteListModel model(t.state);
   QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
 
-  const QStringList headers = {"Active", "Last Name", "First Name", "Mid", "Gen",
+  const QStringList headers = {"Active", "Last Name", "First Name",     "Mid", "Gen",
                                "Birth",  "Age",       "Preferred Name", "ID"};
   ASSERT_EQ(model.columnCount(), headers.size());
   for (int c = 0; c < headers.size(); ++c) {
@@ -177,8 +183,9 @@ TEST_F(AthleteScreens, TheCardChecksThenSavesAndTheListFollows) {
   EXPECT_GE(changed.count(), 1);
 
   // Edit: a refused sex change goes back on the card.
-  SQLite::Statement result(*t.state.gDb,
-                           "INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P) VALUES (1, ?, 'I', 1, 'F')");
+  SQLite::Statement result(
+      *t.state.gDb,
+      "INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P) VALUES (1, ?, 'I', 1, 'F')");
   result.bind(1, t.state.gAthlete);
   result.exec();
   list.Edit();
@@ -194,9 +201,9 @@ TEST_F(AthleteScreens, TheCardChecksThenSavesAndTheListFollows) {
 
 TEST_F(AthleteScreens, CardFieldsHoldNoMoreThanTheirFields) {
   frmAthMt card(t.state, 0);
-  const std::pair<const char*, int> sizes[] = {
-      {"txtLast", 20}, {"txtFirst", 20}, {"txtInit", 1},  {"txtPref", 20},
-      {"txtID", 17},   {"txtState", 3},  {"txtEMail", 36}, {"txtMailTo2", 40}};
+  const std::pair<const char*, int> sizes[] = {{"txtLast", 20},  {"txtFirst", 20},  {"txtInit", 1},
+                                               {"txtPref", 20},  {"txtID", 17},     {"txtState", 3},
+                                               {"txtEMail", 36}, {"txtMailTo2", 40}};
   for (const auto& [name, size] : sizes) {
     EXPECT_EQ(Child<QLineEdit>(&card, name)->maxLength(), size) << name;
   }
@@ -240,7 +247,9 @@ TEST_F(AthleteScreens, TypedTimesAndBirthDatesOnTheCard) {
 
 TEST_F(AthleteScreens, SiblingAddressCopiesOntoTheCard) {
   Insert("Lane", "Ada", "F");
-  t.state.gDb->exec("INSERT INTO AthInfo (Athlete, Addr, City, MailTo) VALUES (1, '12 Pool Road', 'Springfield', 'The Lanes')");
+  t.state.gDb->exec(
+      "INSERT INTO AthInfo (Athlete, Addr, City, MailTo) VALUES (1, '12 Pool Road', 'Springfield', "
+      "'The Lanes')");
   frmAthMt lonely(t.state, 1);
   EXPECT_TRUE(Child<QPushButton>(&lonely, "cmdSibling")->isHidden());
 
@@ -316,7 +325,8 @@ TEST_F(AthleteScreens, RecruitingScreen) {
   Child<QLineEdit>(recr, "txtHS_Name")->setText("North High");
   Child<QLineEdit>(recr, "txtGrad")->setText("2030");
   ASSERT_TRUE(recr->Save());
-  SQLite::Statement row(*t.state.gDb, "SELECT HS_Name, Grad, Picture FROM ATHRECR WHERE Athlete = ?");
+  SQLite::Statement row(*t.state.gDb,
+                        "SELECT HS_Name, Grad, Picture FROM ATHRECR WHERE Athlete = ?");
   row.bind(1, ada);
   ASSERT_TRUE(row.executeStep());
   EXPECT_EQ(row.getColumn(0).getString(), "North High");

@@ -34,18 +34,23 @@ class Athletes : public ::testing::Test {
 
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "", int team = 0) {
-    SQLite::Statement s(Db(), "INSERT INTO Athlete (Last, First, Sex, Birth, Team1) VALUES (?, ?, ?, ?, ?)");
+    SQLite::Statement s(
+        Db(), "INSERT INTO Athlete (Last, First, Sex, Birth, Team1) VALUES (?, ?, ?, ?, ?)");
     s.bind(1, last);
     s.bind(2, first);
     s.bind(3, sex);
-    if (birth.empty()) s.bind(4); else s.bind(4, birth);
+    if (birth.empty())
+      s.bind(4);
+    else
+      s.bind(4, birth);
     s.bind(5, team);
     s.exec();
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
   void Result(int32_t athlete, const std::string& i_r, int meet = 1, int event = 1) {
-    SQLite::Statement s(Db(), "INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P, SCORE) "
-                              "VALUES (?, ?, ?, ?, 'F', 6000)");
+    SQLite::Statement s(Db(),
+                        "INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P, SCORE) "
+                        "VALUES (?, ?, ?, ?, 'F', 6000)");
     s.bind(1, meet);
     s.bind(2, athlete);
     s.bind(3, i_r);
@@ -53,7 +58,8 @@ class Athletes : public ::testing::Test {
     s.exec();
   }
   void Entry(int32_t athlete, const std::string& i_r, int meet = 1, int event = 1) {
-    SQLite::Statement s(Db(), "INSERT INTO ENTRY (Meet, Athlete, I_R, MtEvent) VALUES (?, ?, ?, ?)");
+    SQLite::Statement s(Db(),
+                        "INSERT INTO ENTRY (Meet, Athlete, I_R, MtEvent) VALUES (?, ?, ?, ?)");
     s.bind(1, meet);
     s.bind(2, athlete);
     s.bind(3, i_r);
@@ -170,9 +176,11 @@ TEST_F(Athletes, SavingWritesTrimmedNamesBothRowsAndMakesTheSwimmerCurrent) {
   card.times["StartSwim"] = "07:30 PM";
   ASSERT_EQ(SaveAthlete(t.state, card).status, SaveStatus::kSaved);
   ASSERT_GT(card.athlete, 0);
-  EXPECT_EQ(Text("SELECT Last || '|' || First || '|' || Initial || '|' || Pref || '|' || Sex || '|' "
-                 "|| ID_NO || '|' || Birth FROM Athlete WHERE Athlete = ?", card.athlete),
-            "o'brien|Ada|q||F|A12|2012-03-04");
+  EXPECT_EQ(
+      Text("SELECT Last || '|' || First || '|' || Initial || '|' || Pref || '|' || Sex || '|' "
+           "|| ID_NO || '|' || Birth FROM Athlete WHERE Athlete = ?",
+           card.athlete),
+      "o'brien|Ada|q||F|A12|2012-03-04");
   EXPECT_EQ(Text("SELECT StartSwim FROM Athlete WHERE Athlete = ?", card.athlete),
             "1899-12-30 19:30:00");
   EXPECT_EQ(Text("SELECT Addr FROM AthInfo WHERE Athlete = ?", card.athlete), "12 Pool Road");
@@ -268,7 +276,8 @@ TEST_F(Athletes, SameNameRefusalsOtherwise) {
       {"add, other sex", 0, "ADA", "M", same + std::string(txt::kDuplicateOtherSex)},
       {"add, other team", 0, "cy", "M", same + std::string(txt::kDuplicateName)},
       {"edit onto another's name", bo, "Ada", "F", same + std::string(txt::kDuplicateName)},
-      {"edit onto another's name, other sex", bo, "Cy", "F", same + std::string(txt::kDuplicateOtherSex)},
+      {"edit onto another's name, other sex", bo, "Cy", "F",
+       same + std::string(txt::kDuplicateOtherSex)},
   };
   for (const auto& c : cases) {
     AthleteCard card = Card("Lane", c.first, c.sex);
@@ -295,8 +304,9 @@ TEST_F(Athletes, SexChangeIsRefusedOnlyWithIndividualResults) {
   const SaveOutcome refused = SaveAthlete(t.state, card);
   EXPECT_EQ(refused.status, SaveStatus::kRefused);
   EXPECT_EQ(refused.focus, CardField::kSex);
-  EXPECT_EQ(LastShown(), "This athlete has individual results on file.  \r\n"
-                         "This athlete's sex cannot be changed while this is true.");
+  EXPECT_EQ(LastShown(),
+            "This athlete has individual results on file.  \r\n"
+            "This athlete's sex cannot be changed while this is true.");
   EXPECT_EQ(card.sex, "F");
   EXPECT_EQ(Text("SELECT Sex FROM Athlete WHERE Athlete = ?", solo), "F");
 
@@ -437,9 +447,10 @@ TEST_F(Removal, TheMergeCommandChecksSexAndAsks) {
 
   t.io.Script({Answer::kNo});
   EXPECT_EQ(MergeAthletes(t.state, ada, bo), MergeOutcome::kDeclined);
-  EXPECT_EQ(LastShown(), "Operation is not reversible!  Backup is recommended first.\r\n"
-                         "Merge all Athlete info, results and entries for : Lane, Ada  "
-                         "\r\ninto : Lane, Bo  ");
+  EXPECT_EQ(LastShown(),
+            "Operation is not reversible!  Backup is recommended first.\r\n"
+            "Merge all Athlete info, results and entries for : Lane, Ada  "
+            "\r\ninto : Lane, Bo  ");
   EXPECT_EQ(AthleteRowCount(Db()), 3);
 
   Result(bo, "I");
@@ -451,9 +462,11 @@ TEST_F(Removal, TheMergeCommandChecksSexAndAsks) {
 
 TEST_F(Removal, SiblingsAreOtherSwimmersWithAnAddress) {
   const int32_t cy = Insert("Lane", "Cy", "M");
-  Db().exec("INSERT INTO AthInfo (Athlete, Addr, MailTo, DayP1, FaxP1) VALUES (3, '  ', '', '', '')");
-  Db().exec("UPDATE AthInfo SET SecAddr = 'Flat 2', FaxP1 = '555', MailTo = 'The Lanes' "
-            "WHERE Athlete = 1");
+  Db().exec(
+      "INSERT INTO AthInfo (Athlete, Addr, MailTo, DayP1, FaxP1) VALUES (3, '  ', '', '', '')");
+  Db().exec(
+      "UPDATE AthInfo SET SecAddr = 'Flat 2', FaxP1 = '555', MailTo = 'The Lanes' "
+      "WHERE Athlete = 1");
   const auto siblings = SiblingsWithAddress(Db(), bo);
   ASSERT_EQ(siblings.size(), 1u);
   EXPECT_EQ(siblings[0].athlete, ada);

@@ -21,7 +21,8 @@ struct Outcome {
 
 class Cli : public ::testing::Test {
  protected:
-  Outcome Kvlr(std::vector<std::string> args, const std::string& input = "", bool terminal = false) {
+  Outcome Kvlr(std::vector<std::string> args, const std::string& input = "",
+               bool terminal = false) {
     std::ostringstream out, err;
     std::istringstream in(input);
     args.insert(args.begin(), {"--home", t.Home().string()});
@@ -71,8 +72,12 @@ TEST_F(Cli, RefusalsGiveTheProgramsWordsAndExitOne) {
 }
 
 TEST_F(Cli, MisuseExitsTwo) {
-  for (const auto& args : std::vector<std::vector<std::string>>{
-           {}, {"fly"}, {"new-db"}, {"check-db", "a.mdb", "b.mdb"}, {"time"}, {"repair", "--fast", "x"}}) {
+  for (const auto& args : std::vector<std::vector<std::string>>{{},
+                                                                {"fly"},
+                                                                {"new-db"},
+                                                                {"check-db", "a.mdb", "b.mdb"},
+                                                                {"time"},
+                                                                {"repair", "--fast", "x"}}) {
     EXPECT_EQ(Kvlr(args).code, 2) << (args.empty() ? "" : args[0]);
   }
 }

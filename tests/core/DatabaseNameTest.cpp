@@ -12,10 +12,18 @@ TEST(DatabaseNameOk, RefusesEmptyLongAndPathCharacters) {
     bool ok;
   };
   const Case cases[] = {
-      {"Family", true},          {"  Family  ", true},      {"12345678901234567890", true},
-      {"123456789012345678901", false}, {"", false},        {"   ", false},
-      {"O'Brien", false},        {"Say \"hi\"", false},     {"a/b", false},
-      {"a\\b", false},           {"C:", false},             {"a|b", false},
+      {"Family", true},
+      {"  Family  ", true},
+      {"12345678901234567890", true},
+      {"123456789012345678901", false},
+      {"", false},
+      {"   ", false},
+      {"O'Brien", false},
+      {"Say \"hi\"", false},
+      {"a/b", false},
+      {"a\\b", false},
+      {"C:", false},
+      {"a|b", false},
       {"Swim-Team 2026", true},
   };
   for (const auto& c : cases) {

@@ -9,8 +9,8 @@ TEST(Date, IsoTextRoundTripsAndRefusesWhatIsNotADay) {
   EXPECT_EQ(Date::FromIso("2024-02-29")->Iso(), "2024-02-29");
   EXPECT_EQ(DateTime::FromIso("2026-11-22 23:59:58")->Iso(), "2026-11-22 23:59:58");
   EXPECT_EQ(DateTime::FromIso("2026-11-22")->Iso(), "2026-11-22 00:00:00");
-  for (const char* bad : {"2023-02-29", "2026-13-01", "2026-00-10", "26-11-22", "2026/11/22",
-                          "", "2026-11-22 24:00:00", "2026-11-2x"}) {
+  for (const char* bad : {"2023-02-29", "2026-13-01", "2026-00-10", "26-11-22", "2026/11/22", "",
+                          "2026-11-22 24:00:00", "2026-11-2x"}) {
     EXPECT_FALSE(DateTime::FromIso(bad).has_value()) << bad;
   }
 }

@@ -58,8 +58,8 @@ TEST(ErrorHandler, LogsBeforeTheBoxAndMapsTheAnswer) {
   TempHome t;
   LogCheckingIo io(t.state.home.Log());
   t.state.io = &io;
-  int action = ReportError(t.state, "frmResults.SaveResult",
-                           FileError(err::kBadFileName, "bad name"));
+  int action =
+      ReportError(t.state, "frmResults.SaveResult", FileError(err::kBadFileName, "bad name"));
   EXPECT_TRUE(io.logged_before_box);
   EXPECT_EQ(io.title_, "Program Error");
   EXPECT_EQ(io.style_, 49);  // OK and Cancel: OK retries

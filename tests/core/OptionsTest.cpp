@@ -33,7 +33,8 @@ TEST(GetOptions, EmptyTableGetsTheDefaultsWithTodayAsLastBackup) {
   EXPECT_EQ(q.getColumn(10).getInt(), 1);
 
   const std::array<double, 9> expected = {1.11, 0.8, 0.6, 1, 0.7, 0.8, 0, 0.875, 1.006};
-  for (size_t i = 0; i < expected.size(); ++i) EXPECT_DOUBLE_EQ(t.state.gCvtFactors[i], expected[i]);
+  for (size_t i = 0; i < expected.size(); ++i)
+    EXPECT_DOUBLE_EQ(t.state.gCvtFactors[i], expected[i]);
   EXPECT_TRUE(t.state.gY2L);
   EXPECT_EQ(t.state.gBackupDays, 7);
   EXPECT_EQ(t.state.gStroke, LoadStrokeArray());

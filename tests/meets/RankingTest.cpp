@@ -4,16 +4,16 @@
 
 #include <functional>
 
+#include "ResultRows.h"
 #include "meets/MeetHooks.h"
 #include "meets/ResultWriter.h"
 #include "support/TempHome.h"
-#include "ResultRows.h"
 
 namespace kvlr {
 namespace {
 
-using test::ResultRow;
 using test::Ranks;
+using test::ResultRow;
 
 // Opens a new database before the rows are reached.
 struct OpenDatabase {
@@ -50,13 +50,15 @@ struct RankerCase {
   const char* name;
   Ranker rank;
 };
-void PrintTo(const RankerCase& c, std::ostream* os) { *os << c.name; }
+void PrintTo(const RankerCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class BothRankings : public Ranking, public ::testing::WithParamInterface<RankerCase> {};
 
 TEST_P(BothRankings, TiesShareAndSkipNonTimesGet999) {
-  const auto ids = results.AddAll({Swim(6000), Swim(6100), Swim(6000), Swim(5900, "Y", "I", 5),
-                                   Swim(6200)});
+  const auto ids =
+      results.AddAll({Swim(6000), Swim(6100), Swim(6000), Swim(5900, "Y", "I", 5), Swim(6200)});
   ASSERT_TRUE(GetParam().rank(t.state));
   EXPECT_EQ(results.Ranks(ids), (Ranks{1, 3, 1, 999, 4}));
 }
@@ -69,15 +71,15 @@ TEST_P(BothRankings, OnlyTheSameSwimmerDistanceStrokeAndCourseCompete) {
   ResultRow other_stroke = Swim(5000);
   other_stroke.stroke = 2;
   const auto mine = results.AddAll({Swim(6000), Swim(5500)});
-  results.AddAll({other_swimmer, other_distance, other_stroke, Swim(5000, "L"),
-                  Swim(4000, "Y", "N")});
+  results.AddAll(
+      {other_swimmer, other_distance, other_stroke, Swim(5000, "L"), Swim(4000, "Y", "N")});
   ASSERT_TRUE(GetParam().rank(t.state));
   EXPECT_EQ(results.Ranks(mine), (Ranks{2, 1}));
 }
 
 TEST_P(BothRankings, LeadOffLegsJoinIndividualSwimsOnlyWithUseLeadOff) {
-  const auto ids = results.AddAll({Swim(6000), Swim(5800, "Y", "L"), Swim(6100),
-                                   Swim(6200, "Y", "L")});
+  const auto ids =
+      results.AddAll({Swim(6000), Swim(5800, "Y", "L"), Swim(6100), Swim(6200, "Y", "L")});
   t.state.gUseLeadOff = true;
   ASSERT_TRUE(GetParam().rank(t.state));
   EXPECT_EQ(results.Ranks(ids), (Ranks{2, 1, 3, 4}));
@@ -95,8 +97,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Ranking, GroupRankingCountsAnLeadOffAsFastAsTheLastIndividualSwimAsATieOfNothing) {
   // The last score isn't reset at the change from 'I' to 'L'.
-  const auto ids = results.AddAll({Swim(5900), Swim(6000), Swim(6000, "Y", "L"),
-                                   Swim(6200, "Y", "L")});
+  const auto ids =
+      results.AddAll({Swim(5900), Swim(6000), Swim(6000, "Y", "L"), Swim(6200, "Y", "L")});
   ASSERT_TRUE(AddRankForOne(t.state, 1, 1, 100, "Y"));
   EXPECT_EQ(results.Ranks(ids), (Ranks{1, 2, 0, 2}));
   ASSERT_TRUE(AddRank(t.state));
@@ -115,9 +117,9 @@ TEST_F(Ranking, AGroupStartingWithAnEmptyRowStartsDifferentlyInTheTwoRankings) {
 TEST_F(Ranking, NullNonTimeCodesCountAsTimesInARunOfTheirOwn) {
   t.state.gUseLeadOff = true;
   // Over two courses the whole ranking restarts where the Null run ends.
-  const auto two_courses = results.AddAll({Swim(5900, "L", "L", std::nullopt),
-                                           Swim(5000, "Y", "L", std::nullopt), Swim(6000, "L"),
-                                           Swim(6100, "L"), Swim(5200, "Y")});
+  const auto two_courses =
+      results.AddAll({Swim(5900, "L", "L", std::nullopt), Swim(5000, "Y", "L", std::nullopt),
+                      Swim(6000, "L"), Swim(6100, "L"), Swim(5200, "Y")});
   ASSERT_TRUE(AddRank(t.state));
   EXPECT_EQ(results.Ranks(two_courses), (Ranks{1, 1, 1, 2, 1}));
 
@@ -152,8 +154,8 @@ TEST_F(Ranking, OddStoredValuesKeepTheStoresOrder) {
 }
 
 TEST_F(Ranking, NonLeadLegsAreNumberedWhateverTheirTimes) {
-  const auto y = results.AddAll({Swim(3000, "Y", "N"), Swim(2900, "Y", "N"),
-                                 Swim(2900, "Y", "N"), Swim(2800, "Y", "N", 5)});
+  const auto y = results.AddAll(
+      {Swim(3000, "Y", "N"), Swim(2900, "Y", "N"), Swim(2900, "Y", "N"), Swim(2800, "Y", "N", 5)});
   const auto l = results.AddAll({Swim(3300, "L", "N"), Swim(3200, "L", "N")});
   const auto individual = results.Add(Swim(6000));
   ASSERT_TRUE(AddRankIndividualRelayLeg(t.state));
@@ -264,7 +266,9 @@ struct FailureCase {
   Ranks ranks;
   bool abort_message;
 };
-void PrintTo(const FailureCase& c, std::ostream* os) { *os << c.name; }
+void PrintTo(const FailureCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class RankingFailure : public Ranking, public ::testing::WithParamInterface<FailureCase> {};
 
@@ -273,8 +277,9 @@ TEST_P(RankingFailure, TheAnswerDecidesWhatStays) {
   for (int i = 0; i < 5; ++i) rows.push_back(Swim(6000 + i));
   const auto ids = results.AddAll(rows);
   // The store refuses the rank of the third swim.
-  Db().exec("CREATE TEMP TRIGGER refuse BEFORE UPDATE OF RANK ON RESULT WHEN new.SCORE = 6002 "
-            "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+  Db().exec(
+      "CREATE TEMP TRIGGER refuse BEFORE UPDATE OF RANK ON RESULT WHEN new.SCORE = 6002 "
+      "BEGIN SELECT RAISE(ABORT, 'refused'); END");
   for (Answer a : GetParam().answers) t.io.Script({a});
   EXPECT_EQ(AddRank(t.state), GetParam().result);
   EXPECT_EQ(results.Ranks(ids), GetParam().ranks);
@@ -292,8 +297,8 @@ INSTANTIATE_TEST_SUITE_P(
                     false,
                     {1, 2, 0, 0, 0},
                     true},
-        FailureCase{"AnyOtherAnswerLeavesTheOldRanks", {Answer::kNo}, false, {0, 0, 0, 0, 0},
-                    false}),
+        FailureCase{
+            "AnyOtherAnswerLeavesTheOldRanks", {Answer::kNo}, false, {0, 0, 0, 0, 0}, false}),
     [](const auto& info) { return std::string(info.param.name); });
 
 class TRanking : public Ranking {
@@ -332,7 +337,9 @@ struct SelectionCase {
   TRankSelection selection;
   Ranks tranks;
 };
-void PrintTo(const SelectionCase& c, std::ostream* os) { *os << c.name; }
+void PrintTo(const SelectionCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class TRankSelections : public TRanking, public ::testing::WithParamInterface<SelectionCase> {};
 
@@ -349,9 +356,8 @@ INSTANTIATE_TEST_SUITE_P(
         SelectionCase{"Everything", {}, {3, 2, 1, N, 1, N}},
         SelectionCase{"SinceIncluded", {.since = {2025, 6, 1}}, {N, 2, 1, N, 1, N}},
         SelectionCase{"UntilIncluded", {.until = {2025, 6, 1}}, {2, 1, N, N, 1, N}},
-        SelectionCase{"BothDates",
-                      {.since = {2025, 1, 11}, .until = {2025, 9, 14}},
-                      {N, 1, N, N, 1, N}},
+        SelectionCase{
+            "BothDates", {.since = {2025, 1, 11}, .until = {2025, 9, 14}}, {N, 1, N, N, 1, N}},
         SelectionCase{"MeetType", {.meet_type = "AG"}, {2, N, 1, N, N, N}},
         SelectionCase{"BlankMeetTypeIsEveryType", {.meet_type = "  "}, {3, 2, 1, N, 1, N}},
         SelectionCase{"Swimmer", {.athlete = 2}, {N, N, N, N, 1, N}},
@@ -379,8 +385,8 @@ TEST_F(TRanking, RelayLegsKeepTheirTRank) {
 TEST_F(Ranking, RepairsRerankHookRanksSwimsAndLegs) {
   InstallMeetHooks(t.state);
   ASSERT_TRUE(t.state.hooks.rerank_all);
-  const auto ids = results.AddAll({Swim(6100), Swim(6000), Swim(3000, "Y", "N"),
-                                   Swim(2900, "Y", "N")});
+  const auto ids =
+      results.AddAll({Swim(6100), Swim(6000), Swim(3000, "Y", "N"), Swim(2900, "Y", "N")});
   t.state.hooks.rerank_all(t.state);
   EXPECT_EQ(results.Ranks(ids), (Ranks{2, 1, 2, 1}));
   EXPECT_EQ(t.io.progress.front(), "Reranking Individual Results... 0%");

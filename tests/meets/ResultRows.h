@@ -41,12 +41,18 @@ class ResultTable {
     q.bind(3, r.i_r);
     q.bind(4, r.score);
     q.bind(5, r.f_p);
-    if (r.nt) q.bind(6, *r.nt); else q.bind(6);
+    if (r.nt)
+      q.bind(6, *r.nt);
+    else
+      q.bind(6);
     q.bind(7, r.distance);
     q.bind(8, r.stroke);
     q.bind(9, r.course);
     q.bind(10, r.mt_event ? r.mt_event : ++next_event_);
-    if (r.rank) q.bind(11, *r.rank); else q.bind(11);
+    if (r.rank)
+      q.bind(11, *r.rank);
+    else
+      q.bind(11);
     q.bind(12, 77);  // a TRank left by an earlier selection
     q.exec();
     return db_.getLastInsertRowid();
@@ -80,7 +86,7 @@ class ResultTable {
     for (auto field : fields) {
       SQLite::Statement q(db_, "SELECT " + std::string(field) + " FROM RESULT WHERE RESULT = ?");
       q.bind(1, id);
-      out.push_back(!q.executeStep()              ? "<no row>"
+      out.push_back(!q.executeStep()          ? "<no row>"
                     : q.getColumn(0).isNull() ? "Null"
                                               : q.getColumn(0).getString());
     }

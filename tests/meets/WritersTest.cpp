@@ -2,16 +2,16 @@
 
 #include <SQLiteCpp/Statement.h>
 
+#include "ResultRows.h"
 #include "meets/EntryWriter.h"
 #include "meets/ResultWriter.h"
 #include "support/TempHome.h"
-#include "ResultRows.h"
 
 namespace kvlr {
 namespace {
 
-using test::ResultRow;
 using test::Ranks;
+using test::ResultRow;
 using test::Texts;
 
 struct OpenDatabase {
@@ -123,7 +123,9 @@ struct Refusal {
   int32_t current_meet;
   int32_t mt_event;
 };
-void PrintTo(const Refusal& c, std::ostream* os) { *os << c.name; }
+void PrintTo(const Refusal& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class WriterRefusals : public Writers, public ::testing::WithParamInterface<Refusal> {
  protected:
@@ -137,8 +139,7 @@ TEST_P(WriterRefusals, NoRowIsAddedWithoutSwimmerMeetOrEvent) {
   const int32_t athlete = GetParam().athlete;
   EXPECT_FALSE(UpdateResultScore(t.state, 6000, "", 0, "", "F", event, "I", 12, athlete));
   EXPECT_FALSE(UpdateResultDQ(t.state, "", true, "F", event, 12, athlete));
-  EXPECT_FALSE(UpdateEntryScore(t.state, 6000, "Y", event.mt_event, "I", false, "", "",
-                                athlete));
+  EXPECT_FALSE(UpdateEntryScore(t.state, 6000, "Y", event.mt_event, "I", false, "", "", athlete));
   EXPECT_EQ(results.Count(), 0);
   EXPECT_EQ(Db().execAndGet("SELECT count(*) FROM ENTRY").getInt(), 0);
   ASSERT_EQ(t.io.shown.size(), 3u);

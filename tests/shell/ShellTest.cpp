@@ -213,14 +213,13 @@ TEST(SecondCopy, OnlyOneRunHoldsTheHome) {
 
 TEST(MenuPlan, FileCommandsThatNeedADatabaseFollowIt) {
   for (const auto& entry : MainMenu()) {
-    const bool always = entry.top == "&Help" ||
-                        (entry.top == "&File" &&
-                         (entry.command == MenuCommand::kOpenNew ||
-                          entry.command == MenuCommand::kConvertKvl ||
-                          entry.command == MenuCommand::kInstallMobile ||
-                          entry.command == MenuCommand::kInstallUpdate ||
-                          entry.command == MenuCommand::kCreateUpdate ||
-                          entry.command == MenuCommand::kExit));
+    const bool always =
+        entry.top == "&Help" ||
+        (entry.top == "&File" &&
+         (entry.command == MenuCommand::kOpenNew || entry.command == MenuCommand::kConvertKvl ||
+          entry.command == MenuCommand::kInstallMobile ||
+          entry.command == MenuCommand::kInstallUpdate ||
+          entry.command == MenuCommand::kCreateUpdate || entry.command == MenuCommand::kExit));
     EXPECT_TRUE(MenuEnabled(entry, true)) << PlainCaption(entry.caption);
     EXPECT_EQ(MenuEnabled(entry, false), always) << PlainCaption(entry.caption);
   }

@@ -33,7 +33,9 @@ struct Case {
   int32_t expected;
 };
 
-void PrintTo(const Case& c, std::ostream* os) { *os << c.what; }
+void PrintTo(const Case& c, std::ostream* os) {
+  *os << c.what;
+}
 
 class ConvertTimeCases : public testing::TestWithParam<Case> {};
 
@@ -45,22 +47,22 @@ TEST_P(ConvertTimeCases, GivesTheHundredths) {
 
 INSTANTIATE_TEST_SUITE_P(
     WorkedExamples, ConvertTimeCases,
-    testing::Values(
-        Case{"200 free S to L", Seeds(), 200, 12000, kFree, 'S', 'L', 12320},
-        Case{"200 free L to S", Seeds(), 200, 12320, kFree, 'L', 'S', 12000},
-        Case{"100 back Y to S", Seeds(), 100, 6000, kBack, 'Y', 'S', 6660},
-        Case{"100 back Y to L", Seeds(), 100, 6000, kBack, 'Y', 'L', 6780},
-        Case{"100 back L to Y", Seeds(), 100, 6780, kBack, 'L', 'Y', 6000},
-        Case{"500 free Y to L", Seeds(), 500, 30000, kFree, 'Y', 'L', 27210},
-        Case{"1650 free Y to S", Seeds(), 1650, 96000, kFree, 'Y', 'S', 97056},
-        Case{"400 free L to Y", Seeds(), 400, 27000, kFree, 'L', 'Y', 29760}));
+    testing::Values(Case{"200 free S to L", Seeds(), 200, 12000, kFree, 'S', 'L', 12320},
+                    Case{"200 free L to S", Seeds(), 200, 12320, kFree, 'L', 'S', 12000},
+                    Case{"100 back Y to S", Seeds(), 100, 6000, kBack, 'Y', 'S', 6660},
+                    Case{"100 back Y to L", Seeds(), 100, 6000, kBack, 'Y', 'L', 6780},
+                    Case{"100 back L to Y", Seeds(), 100, 6780, kBack, 'L', 'Y', 6000},
+                    Case{"500 free Y to L", Seeds(), 500, 30000, kFree, 'Y', 'L', 27210},
+                    Case{"1650 free Y to S", Seeds(), 1650, 96000, kFree, 'Y', 'S', 97056},
+                    Case{"400 free L to Y", Seeds(), 400, 27000, kFree, 'L', 'Y', 29760}));
 
-INSTANTIATE_TEST_SUITE_P(
-    NothingToConvert, ConvertTimeCases,
-    testing::Values(
-        Case{"same course, factors all 0", CvtFactors{}, 200, 12345, kFree, 'Y', 'Y', 12345},
-        Case{"time 0, factors all 0", CvtFactors{}, 200, 0, kFree, 'L', 'Y', 0},
-        Case{"same course, stroke beyond the slots", Seeds(), 100, 6000, 11, 'S', 'S', 6000}));
+INSTANTIATE_TEST_SUITE_P(NothingToConvert, ConvertTimeCases,
+                         testing::Values(Case{"same course, factors all 0", CvtFactors{}, 200,
+                                              12345, kFree, 'Y', 'Y', 12345},
+                                         Case{"time 0, factors all 0", CvtFactors{}, 200, 0, kFree,
+                                              'L', 'Y', 0},
+                                         Case{"same course, stroke beyond the slots", Seeds(), 100,
+                                              6000, 11, 'S', 'S', 6000}));
 
 INSTANTIATE_TEST_SUITE_P(
     LongOrShortEvent, ConvertTimeCases,
@@ -77,8 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"400 free S to Y takes 4 turns", Seeds(), 400, 27000, kFree, 'S', 'Y', 30491},
         Case{"1500 S to Y takes 6 turns", Seeds(), 1500, 90000, kFree, 'S', 'Y', 88986},
         Case{"1500 L to Y takes 36 turns", Seeds(), 1500, 90000, kFree, 'L', 'Y', 86600},
-        Case{"1500 Y to S: no fixed factor, 6 turns", Seeds(), 1500, 90000, kFree, 'Y', 'S',
-             88986},
+        Case{"1500 Y to S: no fixed factor, 6 turns", Seeds(), 1500, 90000, kFree, 'Y', 'S', 88986},
         Case{"1000 Y to S: factor then 8 turns", Seeds(), 1000, 60000, kFree, 'Y', 'S', 53140},
         Case{"1650 Y to L: factor then 36 turns", Seeds(), 1650, 96000, kFree, 'Y', 'L', 99456},
         Case{"1650 S to Y: factor only", Seeds(), 1650, 96000, kFree, 'S', 'Y', 96576},
@@ -86,8 +87,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"500 L to Y, per turn", Seeds(), 500, 27210, kFree, 'L', 'Y', 23809},
         Case{"500 L to Y, straight", kStraight2, 500, 27210, kFree, 'L', 'Y', 23265},
         Case{"500 Y to L, straight", kStraight2, 500, 30000, kFree, 'Y', 'L', 26850},
-        Case{"1500 L to Y, straight: a share of the time", kStraight2, 1500, 90000, kFree, 'L',
-             'Y', 87674},
+        Case{"1500 L to Y, straight: a share of the time", kStraight2, 1500, 90000, kFree, 'L', 'Y',
+             87674},
         // No such event: the result means nothing but is kept.
         Case{"600 Y to L", Seeds(), 600, 36000, kFree, 'Y', 'L', 960},
         Case{"600 L to Y", Seeds(), 600, 36000, kFree, 'L', 'Y', 0},
@@ -115,14 +116,14 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     HalvesToEven, ConvertTimeCases,
-    testing::Values(
-        Case{"9001.5 rounds up", Seeds({{0, 1.5}}), 100, 6001, kFree, 'Y', 'S', 9002},
-        Case{"9004.5 rounds down", Seeds({{0, 1.5}}), 100, 6003, kFree, 'Y', 'S', 9004},
-        Case{"a turn of 12.5 hundredths is 12", Seeds({{1, 0.125}}), 50, 3000, kFree, 'S', 'L',
-             3012},
-        // 30012 * 0.875 = 26260.5 is rounded before the turns go on.
-        Case{"factor rounded before turns", Seeds(), 500, 30012, kFree, 'Y', 'L', 27220},
-        Case{"1234 Y to S", Seeds(), 50, 1234, kFree, 'Y', 'S', 1370}));
+    testing::Values(Case{"9001.5 rounds up", Seeds({{0, 1.5}}), 100, 6001, kFree, 'Y', 'S', 9002},
+                    Case{"9004.5 rounds down", Seeds({{0, 1.5}}), 100, 6003, kFree, 'Y', 'S', 9004},
+                    Case{"a turn of 12.5 hundredths is 12", Seeds({{1, 0.125}}), 50, 3000, kFree,
+                         'S', 'L', 3012},
+                    // 30012 * 0.875 = 26260.5 is rounded before the turns go on.
+                    Case{"factor rounded before turns", Seeds(), 500, 30012, kFree, 'Y', 'L',
+                         27220},
+                    Case{"1234 Y to S", Seeds(), 50, 1234, kFree, 'Y', 'S', 1370}));
 
 struct Failure {
   const char* what;
@@ -135,7 +136,9 @@ struct Failure {
   int number;
 };
 
-void PrintTo(const Failure& c, std::ostream* os) { *os << c.what; }
+void PrintTo(const Failure& c, std::ostream* os) {
+  *os << c.what;
+}
 
 class ConvertTimeFailures : public testing::TestWithParam<Failure> {};
 
@@ -154,8 +157,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Failure{"CvtFactor 0, S to Y", Seeds({{0, 0}}), 100, 6000, kFree, 'S', 'Y', 11},
         Failure{"CvtFactor 0, L to Y", Seeds({{0, 0}}), 100, 6000, kFree, 'L', 'Y', 11},
-        Failure{"CvtFactor 0, L to Y straight", Seeds({{0, 0}, {6, 0.02}}), 100, 6000, kFree,
-                'L', 'Y', 11},
+        Failure{"CvtFactor 0, L to Y straight", Seeds({{0, 0}, {6, 0.02}}), 100, 6000, kFree, 'L',
+                'Y', 11},
         Failure{"Cvt500 0, 800 to Y", Seeds({{7, 0}}), 800, 50000, kFree, 'L', 'Y', 11},
         Failure{"Cvt1650 0, 1500 to Y", Seeds({{8, 0}}), 1500, 90000, kFree, 'S', 'Y', 11},
         Failure{"0 / 0", Seeds({{7, 0}}), 400, 960, kFree, 'L', 'Y', 6},

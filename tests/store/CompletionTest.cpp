@@ -18,7 +18,8 @@ using test::MakeOpenDatabase;
 using test::TempHome;
 
 // Closes, lets `change` alter the file as an older release left it, opens again.
-void Reopen(TempHome& t, const fs::path& file, const std::function<void(SQLite::Database&)>& change) {
+void Reopen(TempHome& t, const fs::path& file,
+            const std::function<void(SQLite::Database&)>& change) {
   t.state.CloseCurrentDB();
   {
     SQLite::Database db(file.string(), SQLite::OPEN_READWRITE);
@@ -44,7 +45,8 @@ TEST(Completion, MissingTablesComeBackEmptyAndNothingElseChanges) {
   EXPECT_EQ(RowCount(db, "tblHealth"), 0);
   EXPECT_EQ(RowCount(db, "WorkCategory"), 6);
   // A CODE made at completion has the two High School rows, not the four of a new file.
-  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM CODE WHERE ABBR = 'HS' AND TYPE IN (0, 3)"), 2);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM CODE WHERE ABBR = 'HS' AND TYPE IN (0, 3)"),
+            2);
   EXPECT_EQ(RowCount(db, "CODE"), 2);
   EXPECT_EQ(RowCount(db, "Athlete"), 1);
   EXPECT_EQ(RowCount(db, "TEAM"), 1);
@@ -54,7 +56,9 @@ TEST(Completion, SplitsFollowTheirResult) {
   TempHome t;
   MakeOpenDatabase(t);
   SQLite::Database& db = *t.state.gDb;
-  db.exec("INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P, SCORE) VALUES (1, 1, 'I', 1, 'F', 6123)");
+  db.exec(
+      "INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P, SCORE) VALUES (1, 1, 'I', 1, 'F', "
+      "6123)");
   const auto id = db.getLastInsertRowid();
   SQLite::Statement add(db, "INSERT INTO SPLITS (SplitID, SplitIndex, Split) VALUES (?, ?, ?)");
   for (int i = 1; i <= 2; ++i) {
@@ -77,13 +81,16 @@ TEST(Completion, RelationIsAddedToAFileWithoutIt) {
     db.exec("DROP TRIGGER ResultsSplits");
     db.exec("DROP TRIGGER ResultsSplitsCheck");
   });
-  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), 2);
+  EXPECT_EQ(
+      test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"),
+      2);
 }
 
 TEST(DbVersion, FileWithoutTheFieldGetsItAndTheVersion) {
   TempHome t;
   fs::path file = MakeOpenDatabase(t);
-  Reopen(t, file, [](SQLite::Database& db) { db.exec("ALTER TABLE OPTIONS DROP COLUMN DbVersion"); });
+  Reopen(t, file,
+         [](SQLite::Database& db) { db.exec("ALTER TABLE OPTIONS DROP COLUMN DbVersion"); });
   SQLite::Statement q(*t.state.gDb, "SELECT DbVersion FROM OPTIONS");
   ASSERT_TRUE(q.executeStep());
   EXPECT_EQ(q.getColumn(0).getString(), "2.1Da");
@@ -93,21 +100,25 @@ TEST(DbVersion, GoalFlyEventsAreAddedOnceToYardsAndShortCourseGoals) {
   TempHome t;
   fs::path file = MakeOpenDatabase(t);
   SQLite::Database& db = *t.state.gDb;
-  db.exec("INSERT INTO MEET (MName, Start, Course, Type) VALUES "
-          "('Goals - Yards', '2026-01-01', 'Y', 'G'), ('Goals - SCM', '2026-01-01', 'S', 'G'), "
-          "('Goals - LCM', '2026-01-01', 'L', 'G'), ('Goalsetters Invite', '2026-02-01', 'Y', 'AG')");
+  db.exec(
+      "INSERT INTO MEET (MName, Start, Course, Type) VALUES "
+      "('Goals - Yards', '2026-01-01', 'Y', 'G'), ('Goals - SCM', '2026-01-01', 'S', 'G'), "
+      "('Goals - LCM', '2026-01-01', 'L', 'G'), ('Goalsetters Invite', '2026-02-01', 'Y', 'AG')");
   db.exec("UPDATE OPTIONS SET DbVersion = NULL");
   Reopen(t, file, [](SQLite::Database&) {});
   Reopen(t, file, [](SQLite::Database&) {});  // a second open adds nothing more
   SQLite::Database& again = *t.state.gDb;
   EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT"), 4);
-  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT E JOIN MEET M ON M.Meet = E.Meet "
-                         "WHERE M.Course = 'L'"),
+  EXPECT_EQ(test::QueryNumber(again,
+                              "SELECT count(*) FROM MTEVENT E JOIN MEET M ON M.Meet = E.Meet "
+                              "WHERE M.Course = 'L'"),
             0);
-  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT WHERE MtEv = 37 AND Sex = 'M' AND "
-                         "Distance = 200 AND Stroke = 4 AND Lo_Hi = 99 AND I_R = 'I'"),
+  EXPECT_EQ(test::QueryNumber(again,
+                              "SELECT count(*) FROM MTEVENT WHERE MtEv = 37 AND Sex = 'M' AND "
+                              "Distance = 200 AND Stroke = 4 AND Lo_Hi = 99 AND I_R = 'I'"),
             2);
-  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT WHERE MtEv = 38 AND Sex = 'F'"), 2);
+  EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT WHERE MtEv = 38 AND Sex = 'F'"),
+            2);
 }
 
 TEST(DbVersion, VersionIsOlderComparesLetterByLetter) {
@@ -117,7 +128,7 @@ TEST(DbVersion, VersionIsOlderComparesLetterByLetter) {
     bool older;
   };
   const Case cases[] = {
-      {"", "2.1Bc", true},      {"2.1Bc", "", true},       {"2.1Da", "2.1Bc", true},
+      {"", "2.1Bc", true},       {"2.1Bc", "", true},       {"2.1Da", "2.1Bc", true},
       {"2.1Bc", "2.1Bc", false}, {"2.1Dc", "2.1Bc", false}, {"2.0Zz", "2.1Aa", true},
       {"2.1A", "2.1Bc", true},   {"2.2Cd", "2.1Bc", false}, {"2.1Bd", "2.1B", false},
   };

@@ -20,10 +20,12 @@ using test::TempHome;
 void AddSwims(SQLite::Database& db) {
   db.exec("INSERT INTO Athlete (Athlete, Last, First, Sex) VALUES (1, 'Lane', 'Ada', 'F')");
   db.exec("INSERT INTO AthInfo (Athlete, City) VALUES (1, 'Springfield'), (2, 'Gone')");
-  db.exec("INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P, SCORE) VALUES "
-          "(1, 1, 'I', 1, 'F', 3000), (1, 2, 'I', 2, 'F', 3100), (1, 2, 'R', 3, 'F', 12000)");
-  db.exec("INSERT INTO ENTRY (Meet, Athlete, I_R, MtEvent) VALUES "
-          "(1, 1, 'I', 1), (1, 2, 'I', 2), (1, 2, 'R', 3)");
+  db.exec(
+      "INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P, SCORE) VALUES "
+      "(1, 1, 'I', 1, 'F', 3000), (1, 2, 'I', 2, 'F', 3100), (1, 2, 'R', 3, 'F', 12000)");
+  db.exec(
+      "INSERT INTO ENTRY (Meet, Athlete, I_R, MtEvent) VALUES "
+      "(1, 1, 'I', 1), (1, 2, 'I', 2), (1, 2, 'R', 3)");
 }
 
 TEST(RepairAndCompact, RemovesOrphansKeepsRelaysAndReopens) {
@@ -37,7 +39,8 @@ TEST(RepairAndCompact, RemovesOrphansKeepsRelaysAndReopens) {
   ASSERT_TRUE(RepairAndCompact(t.state));
   ASSERT_TRUE(t.state.gDbOpen);
   SQLite::Database& db = *t.state.gDb;
-  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 2 AND I_R = 'I'"), 0);
+  EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 2 AND I_R = 'I'"),
+            0);
   EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE I_R = 'R'"), 1);
   EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM ENTRY WHERE ATHLETE = 2 AND I_R = 'I'"), 0);
   EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM ENTRY WHERE I_R = 'R'"), 1);
@@ -91,8 +94,7 @@ TEST(RepairDamagedFile, SavesTheRowsBeforeTheDamage) {
   fs::path file = MakeOpenDatabase(t);
   {
     SQLite::Transaction transaction(*t.state.gDb);
-    SQLite::Statement insert(*t.state.gDb,
-                             "INSERT INTO JOURNAL (Subject, Comment) VALUES (?, ?)");
+    SQLite::Statement insert(*t.state.gDb, "INSERT INTO JOURNAL (Subject, Comment) VALUES (?, ?)");
     for (int i = 0; i < 2000; ++i) {
       insert.reset();
       insert.bind(1, "Day " + std::to_string(i));

@@ -40,9 +40,9 @@ IndexInfo IndexOf(SQLite::Database& db, const TableDef& table, const IndexDef& i
     SQLite::Statement sql(db, "SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?");
     sql.bind(1, table.name);
     sql.executeStep();
-    info.found = sql.getColumn(0).getString().find("CONSTRAINT \"" + index.name +
-                                                   "\" PRIMARY KEY AUTOINCREMENT") !=
-                 std::string::npos;
+    info.found =
+        sql.getColumn(0).getString().find("CONSTRAINT \"" + index.name +
+                                          "\" PRIMARY KEY AUTOINCREMENT") != std::string::npos;
     info.unique = true;
     info.columns = {f->name};
     return info;
@@ -101,10 +101,10 @@ TEST(Schema, NamesOfFieldsKeepTheirDeclaredOrderInKeyTables) {
   ASSERT_NE(result, nullptr);
   std::vector<std::string> names;
   for (const auto& f : result->fields) names.push_back(f.name);
-  EXPECT_EQ(names, (std::vector<std::string>{"MEET", "ATHLETE", "I_R", "SCORE", "F_P", "SPLIT",
-                                             "EX", "ORIGIN", "NT", "RESULT", "MISC", "AGE",
-                                             "DISTANCE", "STROKE", "MTEVENT", "PLACE", "RANK",
-                                             "TRANK", "COURSE"}));
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"MEET", "ATHLETE", "I_R", "SCORE", "F_P", "SPLIT", "EX",
+                                      "ORIGIN", "NT", "RESULT", "MISC", "AGE", "DISTANCE", "STROKE",
+                                      "MTEVENT", "PLACE", "RANK", "TRANK", "COURSE"}));
   EXPECT_EQ(FindTable(UserTables(), "Athlete")->fields.back().name, "KVL2000");
   EXPECT_EQ(StandardsTable("AGSTD").fields.size(), 3u + 72u + 4u);
 }

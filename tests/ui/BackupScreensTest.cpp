@@ -26,7 +26,9 @@ namespace text = backup_text;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-QApplication& App() { return test::QtApp(); }
+QApplication& App() {
+  return test::QtApp();
+}
 
 template <typename T>
 T* Child(QWidget& w, const char* name) {

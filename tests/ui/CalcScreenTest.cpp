@@ -14,7 +14,9 @@
 namespace kvlr {
 namespace {
 
-void EnsureApp() { test::QtApp(); }
+void EnsureApp() {
+  test::QtApp();
+}
 
 class CalcScreen : public testing::Test {
  protected:
@@ -58,7 +60,7 @@ TEST_F(CalcScreen, HasItsBoxesAndStaysOnTop) {
 }
 
 TEST_F(CalcScreen, EnterMovesToTheNextBoxInEveryBox) {
-  const char* order[] = {"txtTime1", "txtTime2",    "txtSum",
+  const char* order[] = {"txtTime1",      "txtTime2",    "txtSum",
                          "txtDifference", "txtDivideBy", "txtAverage"};
   for (size_t i = 0; i + 1 < std::size(order); ++i) {
     Box(order[i])->setFocus();

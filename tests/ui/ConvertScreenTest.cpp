@@ -20,7 +20,9 @@ namespace {
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-void EnsureApp() { test::QtApp(); }
+void EnsureApp() {
+  test::QtApp();
+}
 
 void Type(QWidget* box, const QString& text) {
   for (QChar ch : text) {
@@ -50,8 +52,8 @@ class ConvertScreen : public testing::Test {
   }
   bool TurnBoxesEnabled() {
     bool all = true, any = false;
-    for (const char* name : {"txtFreeTurn", "txtBackTurn", "txtBreastTurn", "txtFlyTurn",
-                             "txtIMTurn"}) {
+    for (const char* name :
+         {"txtFreeTurn", "txtBackTurn", "txtBreastTurn", "txtFlyTurn", "txtIMTurn"}) {
       all = all && Box(name)->isEnabled();
       any = any || Box(name)->isEnabled();
     }
@@ -88,9 +90,9 @@ TEST_F(ConvertScreen, ShowsTheSavedFactorsAndTheHelps) {
   for (std::string_view group : {kYardsGroup, kTurnGroup, kLongGroup}) {
     EXPECT_TRUE(captions.contains(QString::fromUtf8(group.data(), group.size()))) << group;
   }
-  std::vector<std::string_view> helps = {kYardsHelp,      kTurnHelp,       kStraightHelp,
-                                         kCvt500Caption,  kCvt500Typical,  kCvt1650Caption,
-                                         kCvt1650Typical, kLongToMeters,   kLongToYards};
+  std::vector<std::string_view> helps = {kYardsHelp,      kTurnHelp,      kStraightHelp,
+                                         kCvt500Caption,  kCvt500Typical, kCvt1650Caption,
+                                         kCvt1650Typical, kLongToMeters,  kLongToYards};
   helps.insert(helps.end(), kTurnExample.begin(), kTurnExample.end());
   for (std::string_view help : helps) {
     EXPECT_TRUE(labels.contains(QString::fromUtf8(help.data(), help.size()))) << help;

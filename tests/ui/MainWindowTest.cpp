@@ -23,7 +23,9 @@ namespace fs = std::filesystem;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-QApplication& App() { return test::QtApp(); }
+QApplication& App() {
+  return test::QtApp();
+}
 
 class MainWindowTest : public ::testing::Test {
  protected:

@@ -14,7 +14,9 @@
 namespace kvlr {
 namespace {
 
-QApplication& App() { return test::QtApp(); }
+QApplication& App() {
+  return test::QtApp();
+}
 
 TEST(ReRankScreen, ShownWithASelectionItRanksAndClosesItself) {
   App();
@@ -50,7 +52,8 @@ TEST(ReRankScreen, ShownWithASelectionItRanksAndClosesItself) {
   EXPECT_TRUE(screen.Succeeded());
   EXPECT_EQ(screen.result(), QDialog::Accepted);
   EXPECT_EQ(bar->value(), 100);
-  EXPECT_EQ(results.Ranks({early, late, prelim}, "TRANK"), (test::Ranks{std::nullopt, 1, std::nullopt}));
+  EXPECT_EQ(results.Ranks({early, late, prelim}, "TRANK"),
+            (test::Ranks{std::nullopt, 1, std::nullopt}));
   EXPECT_EQ(t.state.io, &t.io);  // the program's own user is back
 }
 

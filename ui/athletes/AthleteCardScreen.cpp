@@ -35,12 +35,13 @@ struct Activity {
   const char* caption;
   const char* stem;
 };
-constexpr Activity kActivities[] = {{"Swim", "Swim"},       {"Dry Land", "Dry"},
-                                    {"Meet", "Meet"},       {"Goal", "Goal"},
-                                    {"Meeting", "Meeting"}, {"Note", "Note"},
-                                    {"Health", "Health"},   {"Vacation", "Vacation"}};
+constexpr Activity kActivities[] = {{"Swim", "Swim"},     {"Dry Land", "Dry"},     {"Meet", "Meet"},
+                                    {"Goal", "Goal"},     {"Meeting", "Meeting"},  {"Note", "Note"},
+                                    {"Health", "Health"}, {"Vacation", "Vacation"}};
 
-QString ObjectName(std::string_view column) { return "txt" + Q(column); }
+QString ObjectName(std::string_view column) {
+  return "txt" + Q(column);
+}
 
 }  // namespace
 
@@ -253,8 +254,9 @@ QWidget* frmAthMt::BuildContactTab() {
   auto* parent_grid = new QGridLayout(parents);
   parent_grid->addWidget(new QLabel(tr("Primary"), parents), 0, 1);
   parent_grid->addWidget(new QLabel(tr("Secondary"), parents), 0, 2);
-  const std::pair<QString, const char*> parent_rows[] = {
-      {tr("Last Name:"), "Last"}, {tr("First Name:"), "First1"}, {tr("Second First Name:"), "First2"}};
+  const std::pair<QString, const char*> parent_rows[] = {{tr("Last Name:"), "Last"},
+                                                         {tr("First Name:"), "First1"},
+                                                         {tr("Second First Name:"), "First2"}};
   row = 1;
   for (const auto& [caption, stem] : parent_rows) {
     parent_grid->addWidget(new QLabel(caption, parents), row, 0);
@@ -356,7 +358,8 @@ AthleteCard frmAthMt::CardFromFields() const {
   card.initial = S(initial_->text());
   card.pref = S(pref_->text());
   card.id_no = S(id_->text());
-  if (male_->isChecked() || female_->isChecked()) card.sex.assign(1, male_->isChecked() ? 'M' : 'F');
+  if (male_->isChecked() || female_->isChecked())
+    card.sex.assign(1, male_->isChecked() ? 'M' : 'F');
   card.birth = birth_;
   for (const auto& [column, edit] : info_edits_) card.info[column] = S(edit->text());
   for (const auto& [column, edit] : info_texts_) card.info[column] = S(edit->toPlainText());
@@ -391,7 +394,8 @@ void frmAthMt::ShowPicture() {
   const auto file = CardPicture(state_.home, S(first_->text()));
   QPixmap pixmap;
   if (file && pixmap.load(QString::fromStdString(file->string()))) {
-    picture_->setPixmap(pixmap.scaled(picture_->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    picture_->setPixmap(
+        pixmap.scaled(picture_->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
   } else {
     picture_->setPixmap(QPixmap());
     picture_->setText(tr("No picture"));
@@ -454,10 +458,17 @@ void frmAthMt::Save() {
   if (switched || outcome.focus == CardField::kSex) ShowCard(card_);
   tabs_->setCurrentIndex(0);
   switch (outcome.focus) {
-    case CardField::kLast: last_->setFocus(); break;
-    case CardField::kFirst: first_->setFocus(); break;
-    case CardField::kSex: male_->setFocus(); break;
-    case CardField::kNone: break;
+    case CardField::kLast:
+      last_->setFocus();
+      break;
+    case CardField::kFirst:
+      first_->setFocus();
+      break;
+    case CardField::kSex:
+      male_->setFocus();
+      break;
+    case CardField::kNone:
+      break;
   }
 }
 

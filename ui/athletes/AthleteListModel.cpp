@@ -59,18 +59,26 @@ QVariant AthleteListModel::data(const QModelIndex& index, int role) const {
   }
   if (role != Qt::DisplayRole) return {};
   switch (column) {
-    case ListColumn::kActive: return {};
-    case ListColumn::kLast: return Q(row.last);
-    case ListColumn::kFirst: return Q(row.first);
-    case ListColumn::kInitial: return Q(row.initial);
-    case ListColumn::kSex: return Q(row.sex);
-    case ListColumn::kBirth: return row.birth ? Q(MediumDate(*row.birth)) : QString();
+    case ListColumn::kActive:
+      return {};
+    case ListColumn::kLast:
+      return Q(row.last);
+    case ListColumn::kFirst:
+      return Q(row.first);
+    case ListColumn::kInitial:
+      return Q(row.initial);
+    case ListColumn::kSex:
+      return Q(row.sex);
+    case ListColumn::kBirth:
+      return row.birth ? Q(MediumDate(*row.birth)) : QString();
     case ListColumn::kAge: {
       const auto age = ListAge(row, state_.clock->Today());
       return age ? QVariant(*age) : QVariant();
     }
-    case ListColumn::kPref: return Q(row.pref);
-    case ListColumn::kId: return Q(row.id_no);
+    case ListColumn::kPref:
+      return Q(row.pref);
+    case ListColumn::kId:
+      return Q(row.id_no);
   }
   return {};
 }

@@ -83,9 +83,8 @@ void frmAthlete::SelectCurrent() {
     grid_->selectionModel()->clearSelection();
     return;
   }
-  grid_->selectionModel()->setCurrentIndex(model_->index(row, 1),
-                                           QItemSelectionModel::ClearAndSelect |
-                                               QItemSelectionModel::Rows);
+  grid_->selectionModel()->setCurrentIndex(
+      model_->index(row, 1), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void frmAthlete::RowChosen(const QModelIndex& current) {

@@ -34,15 +34,16 @@ QPlainTextEdit* FieldTextEdit(std::string_view table, std::string_view field,
 }
 
 FileChooser DialogFileChooser(QWidget* parent, const QString& default_suffix) {
-  return [parent, default_suffix](const QString& title, const QString& filter,
-                                  const QString& start) {
-    QFileDialog dialog(parent, title, start, filter);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setDefaultSuffix(default_suffix);
-    if (!start.isEmpty()) dialog.selectFile(start);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return QString();
-    return dialog.selectedFiles().first();
-  };
+  return
+      [parent, default_suffix](const QString& title, const QString& filter, const QString& start) {
+        QFileDialog dialog(parent, title, start, filter);
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        dialog.setDefaultSuffix(default_suffix);
+        if (!start.isEmpty()) dialog.selectFile(start);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+          return QString();
+        return dialog.selectedFiles().first();
+      };
 }
 
 }  // namespace kvlr

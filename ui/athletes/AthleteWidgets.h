@@ -12,8 +12,12 @@
 
 namespace kvlr {
 
-inline QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
-inline std::string S(const QString& s) { return s.toStdString(); }
+inline QString Q(std::string_view s) {
+  return QString::fromUtf8(s.data(), static_cast<int>(s.size()));
+}
+inline std::string S(const QString& s) {
+  return s.toStdString();
+}
 
 // A line edit named `object_name` holding at most the size of `table`.`field`.
 QLineEdit* FieldEdit(std::string_view table, std::string_view field, const QString& object_name,

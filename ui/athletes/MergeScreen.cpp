@@ -15,7 +15,8 @@
 
 namespace kvlr {
 
-frmMerge::frmMerge(AppState& state, int32_t from, QWidget* parent) : QDialog(parent), state_(state) {
+frmMerge::frmMerge(AppState& state, int32_t from, QWidget* parent)
+    : QDialog(parent), state_(state) {
   setObjectName("frmMerge");
   setWindowTitle(tr("Merge Athletes"));
 
@@ -77,9 +78,12 @@ void frmMerge::Run() {
       emit merged(to);
       accept();
       break;
-    case MergeOutcome::kRefused: break;  // another choice may do
+    case MergeOutcome::kRefused:
+      break;  // another choice may do
     case MergeOutcome::kDeclined:
-    case MergeOutcome::kFailed: reject(); break;
+    case MergeOutcome::kFailed:
+      reject();
+      break;
   }
 }
 

@@ -179,7 +179,8 @@ void frmRecr::ShowPicture() {
   QPixmap pixmap;
   const QString file = edits_["Picture"]->text();
   if (!file.isEmpty() && pixmap.load(file)) {
-    picture_->setPixmap(pixmap.scaled(picture_->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    picture_->setPixmap(
+        pixmap.scaled(picture_->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
   } else {
     picture_->setPixmap(QPixmap());
     picture_->setText(tr("No picture"));
@@ -195,7 +196,9 @@ void frmRecr::LoadPicture() {
   ShowPicture();
 }
 
-void frmRecr::Print() { state_.io->Tell(txt::kRecruitingReportLater); }
+void frmRecr::Print() {
+  state_.io->Tell(txt::kRecruitingReportLater);
+}
 
 bool frmRecr::Save() {
   for (const auto& [column, edit] : edits_) card_.values[column] = S(edit->text());

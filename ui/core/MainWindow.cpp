@@ -28,7 +28,9 @@ namespace kvlr {
 namespace fs = std::filesystem;
 
 namespace {
-QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+QString Q(std::string_view s) {
+  return QString::fromUtf8(s.data(), static_cast<int>(s.size()));
+}
 
 // Shows progress lines on the start-up panel while passing everything on.
 class PanelIo final : public UserIo {
@@ -108,8 +110,8 @@ void MainWindow::BuildMenus() {
     QAction* action = actions_[entry.command];
     action->setObjectName(QString("mnu%1").arg(static_cast<int>(entry.command)));
     const MenuCommand command = entry.command;
-    const QString plain = QString::fromStdString(PlainCaption(entry.caption.empty() ? entry.top
-                                                                                     : entry.caption));
+    const QString plain =
+        QString::fromStdString(PlainCaption(entry.caption.empty() ? entry.top : entry.caption));
     connect(action, &QAction::triggered, this, [this, command, plain] {
       auto it = handlers_.find(command);
       if (it != handlers_.end() && it->second) {
@@ -159,7 +161,8 @@ void MainWindow::InstallShellHandlers() {
     run_dialog_(screen);
   });
   SetHandler(C::kInstallMobile, [this] {
-    state_.io->Tell(fmt::format("{}\r\n{}", shell_text::kMobileMissing, shell_text::kContactSupport));
+    state_.io->Tell(
+        fmt::format("{}\r\n{}", shell_text::kMobileMissing, shell_text::kContactSupport));
   });
   SetHandler(C::kInstallUpdate, [this] {
     if (!state_.gDbOpen) return;
@@ -172,9 +175,10 @@ void MainWindow::InstallShellHandlers() {
   SetHandler(C::kHelpReleaseNotes, [this] { ShowHelp("qrc:/help/KVL-RReleasenotes.html"); });
   SetHandler(C::kHelpTechSupport, [this] { ShowHelp("qrc:/help/KVL-R.html#support"); });
   SetHandler(C::kHelpAbout, [this] {
-    state_.io->Message("KVL-R 2.1\r\nA log of meets, times, standards and training for up to "
-                       "four swimmers.",
-                       box::kInformation, "About KVL-R");
+    state_.io->Message(
+        "KVL-R 2.1\r\nA log of meets, times, standards and training for up to "
+        "four swimmers.",
+        box::kInformation, "About KVL-R");
   });
 }
 
@@ -232,8 +236,8 @@ void MainWindow::RefreshTitle() {
   }
   // Without a picture the window still says whose log is open.
   QString who = state_.gAthlete > 0 ? QString::fromStdString(state_.gAthleteName)
-                : state_.gDbOpen   ? QString::fromStdString(state_.gShortDbName)
-                                   : tr("File, Open/New opens or makes a database");
+                : state_.gDbOpen    ? QString::fromStdString(state_.gShortDbName)
+                                    : tr("File, Open/New opens or makes a database");
   background_->setText(QString("<div style='color:#2a5d8f'><p style='font-size:48pt;"
                                "font-weight:bold'>KVL-R</p><p style='font-size:16pt'>%1</p></div>")
                            .arg(who.toHtmlEscaped()));
@@ -371,12 +375,14 @@ bool MainWindow::ConfirmExit() {
   frmExit choice(this);
   run_dialog_(choice);
   switch (choice.Result()) {
-    case 0: return true;
+    case 0:
+      return true;
     case 1:
       LogIn(state_, 0);
       RunLogin();
       return false;
-    default: return false;
+    default:
+      return false;
   }
 }
 

@@ -17,10 +17,13 @@
 namespace kvlr {
 namespace {
 
-QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+QString Q(std::string_view s) {
+  return QString::fromUtf8(s.data(), static_cast<int>(s.size()));
+}
 
 template <size_t N>
-QGroupBox* RadioGroup(QWidget* parent, const QString& title, const std::array<const char*, N>& words,
+QGroupBox* RadioGroup(QWidget* parent, const QString& title,
+                      const std::array<const char*, N>& words,
                       std::array<QRadioButton*, N>& buttons) {
   auto* box = new QGroupBox(title, parent);
   auto* layout = new QVBoxLayout(box);
@@ -60,9 +63,9 @@ frmSystem::frmSystem(AppState& state, QWidget* parent)
   top->addWidget(RadioGroup<3>(this, tr("Gender Designations"),
                                {"Men/Women (M/W)", "Male/Female (M/F)", "Boys/Girls (B/G)"},
                                gender_));
-  auto* age_box = RadioGroup<4>(this, tr("Meet Age-Up Date"),
-                                {"Meet Start Date", "Meet End Date", "Date:", "Not Applicable"},
-                                age_up_);
+  auto* age_box =
+      RadioGroup<4>(this, tr("Meet Age-Up Date"),
+                    {"Meet Start Date", "Meet End Date", "Date:", "Not Applicable"}, age_up_);
   age_up_date_ = new QDateEdit(age_box);
   age_up_date_->setObjectName("dtAgeUp");
   age_up_date_->setCalendarPopup(true);
@@ -140,7 +143,8 @@ frmReptPref::frmReptPref(AppState& state, QWidget* parent)
   row->addWidget(RadioGroup<3>(this, tr("Output Options"),
                                {"As keyed/imported", "UPPERCASE Only", "Upper/Lower Case"},
                                output_));
-  row->addWidget(RadioGroup<3>(this, tr("Open Events"), {"No Designation", "Senior", "Open"}, open_));
+  row->addWidget(
+      RadioGroup<3>(this, tr("Open Events"), {"No Designation", "Senior", "Open"}, open_));
   row->addWidget(RadioGroup<2>(this, tr("Paper Size"), {"8 1/2 x 11", "8 1/2 x 14"}, paper_));
   layout->addLayout(row);
 
@@ -190,8 +194,7 @@ void frmReptPref::accept() {
   QDialog::accept();
 }
 
-frmDirectories::frmDirectories(AppState& state, QWidget* parent)
-    : QDialog(parent), state_(state) {
+frmDirectories::frmDirectories(AppState& state, QWidget* parent) : QDialog(parent), state_(state) {
   setObjectName("frmDirectories");
   setWindowTitle(tr("Favorite Directories"));
   resize(720, 480);

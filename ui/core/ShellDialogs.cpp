@@ -9,7 +9,9 @@
 
 namespace kvlr {
 namespace {
-QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+QString Q(std::string_view s) {
+  return QString::fromUtf8(s.data(), static_cast<int>(s.size()));
+}
 }  // namespace
 
 frmSetup::frmSetup(QWidget* parent) : QDialog(parent) {
@@ -30,8 +32,8 @@ frmSetup::frmSetup(QWidget* parent) : QDialog(parent) {
   head->setFont(big);
   w->addWidget(head);
   w->addWidget(new QLabel(Q(shell_text::kWelcome), welcome_));
-  for (auto text : {shell_text::kWelcomeStep1, shell_text::kWelcomeStep1More,
-                    shell_text::kWelcomeStep2}) {
+  for (auto text :
+       {shell_text::kWelcomeStep1, shell_text::kWelcomeStep1More, shell_text::kWelcomeStep2}) {
     auto* label = new QLabel(Q(text), welcome_);
     label->setWordWrap(true);
     w->addWidget(label);
@@ -44,7 +46,9 @@ frmSetup::frmSetup(QWidget* parent) : QDialog(parent) {
   layout->addWidget(welcome_);
 }
 
-void frmSetup::SetLine(const QString& line) { line_->setText(line); }
+void frmSetup::SetLine(const QString& line) {
+  line_->setText(line);
+}
 
 void frmSetup::ShowWelcome() {
   line_->hide();
@@ -113,6 +117,8 @@ int frmExit::Result() const {
   return switch_->isChecked() ? 1 : 0;
 }
 
-void frmExit::ChooseSwitch() { switch_->setChecked(true); }
+void frmExit::ChooseSwitch() {
+  switch_->setChecked(true);
+}
 
 }  // namespace kvlr

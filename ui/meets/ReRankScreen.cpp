@@ -36,7 +36,8 @@ frmReRank::frmReRank(AppState& state, QWidget* parent) : QDialog(parent), state_
   setWindowTitle(QString::fromUtf8(kProgramTitle.data(), kProgramTitle.size()));
   setModal(true);
 
-  auto* wait = new QLabel(QString::fromUtf8(kRankingTopTimes.data(), kRankingTopTimes.size()), this);
+  auto* wait =
+      new QLabel(QString::fromUtf8(kRankingTopTimes.data(), kRankingTopTimes.size()), this);
   wait->setObjectName("lblWait");
   wait->setWordWrap(true);
   wait->setAlignment(Qt::AlignCenter);
