@@ -55,5 +55,8 @@ std::vector<Command> RankCommands();
 std::vector<Command> BestCommands();
 std::vector<Command> BackupCommands();
 std::vector<Command> AthleteCommands();
+std::vector<Command> MeetCommands();
+std::vector<Command> ResultCommands();
+std::vector<Command> StandardCommands();
 
 }  // namespace kvlr::cli

@@ -54,8 +54,9 @@ using namespace cli;
 const std::vector<Command>& Commands() {
   static const std::vector<Command> commands = [] {
     std::vector<Command> all;
-    for (auto list : {DatabaseCommands, AthleteCommands, BackupCommands, ConversionCommands,
-                      RankCommands, BestCommands}) {
+    for (auto list : {DatabaseCommands, AthleteCommands, BackupCommands, MeetCommands,
+                      ResultCommands, StandardCommands, ConversionCommands, RankCommands,
+                      BestCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
     }
     return all;

@@ -86,6 +86,15 @@ struct AppState {
 
   std::string gStandardFile;
   std::string gFavorite;
+  // Values of the default favourite filter; empty means no filter.
+  std::string gFavoriteMeetType;
+  std::string gFavoriteCourse;
+  // The current standard: designators (row 0 short names D1..D12, row 1 long names), name,
+  // year and description.
+  std::array<std::array<std::string, 13>, 3> gDesignators{};
+  std::string gStandardName;
+  std::string gStandardYear;
+  std::string gStandardDescript;
   uint8_t gBackupDays = 7;
   uint8_t gUpdateDays = 7;
   bool gUseLeadOff = false;
