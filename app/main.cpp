@@ -12,7 +12,7 @@
 #include "core/MainWindow.h"
 #include "core/QtUserIo.h"
 #include "core/Screens.h"
-#include "meets/MeetHooks.h"
+#include "shell/Hooks.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   kvlr::SystemClock clock;
   kvlr::SystemDiskInfo disk;
   kvlr::AppState state(home, io, clock, disk);
-  kvlr::InstallMeetHooks(state);
+  kvlr::InstallHooks(state);
   state.locale_date_format = nl_langinfo(D_FMT);
   const char* time_format = nl_langinfo(T_FMT);
   state.g12Hour = std::strstr(time_format, "%p") || std::strstr(time_format, "%r");

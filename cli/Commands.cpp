@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 #include "Command.h"
-#include "meets/MeetHooks.h"
+#include "shell/Hooks.h"
 #include "store/Database.h"
 #include "store/DbVersion.h"
 
@@ -119,7 +119,7 @@ int RunCli(const std::vector<std::string>& args, const CliEnvironment& env) {
   ConsoleUserIo io(env.err, env.in, env.interactive, preset);
   const std::string home = global.Value("--home", env.home_from_environment);
   AppState state(ProgramHome(home), io, env.clock, env.disk);
-  InstallMeetHooks(state);
+  InstallHooks(state);
   state.locale_date_format = env.locale_date_format;
 
   try {

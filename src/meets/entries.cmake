@@ -1,1 +1,4 @@
-target_sources(kvlr_meets PRIVATE)
+target_sources(kvlr_meets PRIVATE
+  Entries.cpp
+  Favorites.cpp
+)

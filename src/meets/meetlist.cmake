@@ -1,1 +1,6 @@
-target_sources(kvlr_meets PRIVATE)
+target_sources(kvlr_meets PRIVATE
+  Meets.cpp
+  MeetTypes.cpp
+  MeetEvents.cpp
+  DefaultEvents.cpp
+)

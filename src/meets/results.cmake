@@ -1,1 +1,8 @@
-target_sources(kvlr_meets PRIVATE)
+target_sources(kvlr_meets PRIVATE
+  ResultsQuery.cpp
+  ResultLookups.cpp
+  Splits.cpp
+  RelayLegs.cpp
+  ResultComments.cpp
+  ResultsByName.cpp
+)

@@ -5,7 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include <vector>
+
 #include "core/AppState.h"
+#include "standards/StandardStore.h"
 
 namespace kvlr {
 
@@ -15,8 +18,44 @@ void OpenCurrentStandard(AppState& state);
 
 // The level `score` reached in the current standard for the swim described; `designator`
 // receives its number (1 to 12) or 0. "" when no level was reached or no standard is open.
+// The levels are tried from designator 1 on; the first slow limit the swim meets decides,
+// and a swim faster than that level's fast limit reaches nothing. A swim between two levels
+// gives four blanks with designator 0. A standard with only fast limits gives the last level
+// whose fast limit the swim isn't faster than and leaves `designator` as it was; so does a
+// score of 0 (""). For a relay `age` is the Lo_Hi value, tested raw against the line's ages.
+// Times are judged as handed over (no conversion). Failures are reported under
+// "basUtil.GetStandard" and give "".
+//
+// With InstallStandardHooks in place the lookup runs on an in-memory copy of the opened
+// standard, taken by OpenCurrentStandard and taken again after any write through gDb;
+// without it each call queries the table of state.gStandardName.
 std::string GetStandard(AppState& state, int16_t& designator, int32_t score, std::string_view sex,
                         int16_t distance, int16_t stroke, int16_t age, std::string_view course,
                         bool relay);
+
+// Sets state.hooks.load_standard: read OPTIONS.Standard into state.gStandardName, then
+// OpenCurrentStandard. The hook keeps the in-memory copy GetStandard uses.
+void InstallStandardHooks(AppState& state);
+
+// Makes a standards table named `table_name`. False (reported under
+// "basUtil.CreateStandardsTable") on failure.
+bool CreateStandardsTable(AppState& state, std::string_view table_name);
+
+// Adds or rewrites the STDNAME row of def.name. False (reported) on failure.
+bool AddstandardDefinitionr(AppState& state, const StandardDefinition& def);
+
+// The lines of the list cboStandards: one per STDNAME row.
+struct StandardsComboLine {
+  std::string std_file;
+  std::string year;
+  std::string descript;
+};
+struct StandardsCombo {
+  std::vector<StandardsComboLine> lines;
+  int selected = -1;  // the line of the current standard; -1 when it isn't listed
+  static constexpr std::string_view kColumnWidths = "5;15";
+};
+// Empty (reported under "basUtil.LoadStandardsCombo") on failure.
+StandardsCombo LoadStandardsCombo(AppState& state);
 
 }  // namespace kvlr

@@ -1,1 +1,6 @@
-target_sources(kvlr_standards PRIVATE)
+target_sources(kvlr_standards PRIVATE
+  Standards.cpp
+  StandardStore.cpp
+  StandardsCsv.cpp
+  StandardEditing.cpp
+)

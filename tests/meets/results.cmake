@@ -1,1 +1,12 @@
-# tests of this area
+kvlr_add_test(results_test
+  SOURCES
+    ResultsQueryTest.cpp
+    SplitsTest.cpp
+    RelayLegsTest.cpp
+    ResultsByNameTest.cpp
+  LIBS kvlr_meets)
+
+find_package(Qt6 REQUIRED COMPONENTS Test)
+kvlr_add_test(ui_results_test
+  SOURCES ResultScreensTest.cpp
+  LIBS kvlr_ui Qt6::Test)

@@ -1,11 +1,23 @@
 #include "core/Screens.h"
 
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QTimer>
+
+#include <fmt/format.h>
 
 #include "athletes/AthleteListScreen.h"
 #include "athletes/TeamScreen.h"
+#include "core/ErrorHandler.h"
 #include "core/MainWindow.h"
+#include "meets/EntriesScreen.h"
+#include "meets/FavoritesScreen.h"
 #include "standards/ConvertScreen.h"
+#include "standards/GoalsScreen.h"
+#include "standards/StandardScreens.h"
+#include "standards/Standards.h"
+#include "standards/StandardsCsv.h"
+#include "store/Database.h"
 #include "store/BackupScreen.h"
 #include "store/RestoreScreen.h"
 
@@ -22,12 +34,79 @@ void ShowAthletes(MainWindow& window, AppState& state, bool add_first) {
   window.RefreshTitle();
 }
 
+// Standards travel as CSV files: one header line, one line per line of the standard.
+void ImportStandard(MainWindow& window, AppState& state) {
+  const QString file = QFileDialog::getOpenFileName(&window, QObject::tr("Import Standards"),
+                                                    QString::fromStdString(state.gDataDir.string()),
+                                                    QObject::tr("Standards (*.csv)"));
+  if (file.isEmpty()) return;
+  bool ok = false;
+  const QString name = QInputDialog::getText(
+      &window, QObject::tr("Import Standards"), QObject::tr("Standard name (8 characters):"),
+      QLineEdit::Normal, QFileInfo(file).completeBaseName().left(8).toUpper(), &ok);
+  if (!ok || name.trimmed().isEmpty()) return;
+  try {
+    CsvImportResult result = ImportStandardCsvFile(state, name.trimmed().toStdString(),
+                                                   file.toStdString());
+    if (!result.ok) {
+      state.io->Tell(result.message);
+      return;
+    }
+    state.io->Message(fmt::format("{} lines imported into {}.", result.lines,
+                                  name.trimmed().toStdString()),
+                      box::kInformation, "");
+  } catch (const std::exception& e) {
+    ReportError(state, "frmMain.ImportStandards", e);
+  }
+}
+
+void ExportStandard(MainWindow& window, AppState& state) {
+  StandardsCombo combo = LoadStandardsCombo(state);
+  if (combo.lines.empty()) {
+    state.io->Tell("There are no standards to export.");
+    return;
+  }
+  QStringList names;
+  for (const auto& line : combo.lines) names << QString::fromStdString(line.std_file);
+  bool ok = false;
+  const QString name =
+      QInputDialog::getItem(&window, QObject::tr("Export Standards"), QObject::tr("Standard:"),
+                            names, std::max(combo.selected, 0), false, &ok);
+  if (!ok) return;
+  const QString file = QFileDialog::getSaveFileName(
+      &window, QObject::tr("Export Standards"),
+      QString::fromStdString((state.gDataDir / (name.toStdString() + ".csv")).string()),
+      QObject::tr("Standards (*.csv)"));
+  if (file.isEmpty()) return;
+  const std::string refusal =
+      ExportStandardCsvFile(*state.gDb, name.toStdString(), file.toStdString());
+  if (!refusal.empty()) state.io->Tell(refusal);
+}
+
+void ShowGoals(MainWindow& window, AppState& state, char course) {
+  frmGoals screen(state, course, &window);
+  if (screen.Ready()) screen.exec();
+}
+
 }  // namespace
 
 void InstallScreens(MainWindow& window, AppState& state) {
   using C = MenuCommand;
   window.SetHandler(C::kAthletes, [&window, &state] { ShowAthletes(window, state, false); });
   window.SetAddAthleteScreen([&window, &state] { ShowAthletes(window, state, true); });
+  window.SetHandler(C::kStandardsEdit, [&window, &state] {
+    frmStan screen(state, &window);
+    screen.exec();
+  });
+  window.SetHandler(C::kStandardsImport, [&window, &state] { ImportStandard(window, state); });
+  window.SetHandler(C::kStandardsExport, [&window, &state] { ExportStandard(window, state); });
+  window.SetHandler(C::kFavoriteFilters, [&window, &state] {
+    frmFav screen(state, &window);
+    screen.exec();
+  });
+  window.SetHandler(C::kGoalsYards, [&window, &state] { ShowGoals(window, state, 'Y'); });
+  window.SetHandler(C::kGoalsShort, [&window, &state] { ShowGoals(window, state, 'S'); });
+  window.SetHandler(C::kGoalsLong, [&window, &state] { ShowGoals(window, state, 'L'); });
   window.SetHandler(C::kTeam, [&window, &state] {
     frmTeamMaint screen(state, &window);
     screen.exec();

@@ -1,1 +1,4 @@
-target_sources(kvlr_ui PRIVATE)
+target_sources(kvlr_ui PRIVATE
+  EntriesScreen.cpp
+  FavoritesScreen.cpp
+)

@@ -1,1 +1,9 @@
-target_sources(kvlr_ui PRIVATE)
+target_sources(kvlr_ui PRIVATE
+  MeetListModel.cpp
+  MeetListScreen.cpp
+  MeetCardScreen.cpp
+  MeetTypeModel.cpp
+  MeetTypeScreens.cpp
+  EventListModel.cpp
+  EventScreens.cpp
+)

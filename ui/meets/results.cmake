@@ -1,1 +1,9 @@
-target_sources(kvlr_ui PRIVATE)
+target_sources(kvlr_ui PRIVATE
+  ResultsBrowserModel.cpp
+  ResultsBrowserScreen.cpp
+  ResultsByNameModel.cpp
+  ResultsByNameScreen.cpp
+  SplitsScreen.cpp
+  RelayLegsScreen.cpp
+  CommentsScreen.cpp
+)

@@ -1,1 +1,3 @@
-target_sources(kvlr_ui PRIVATE)
+target_sources(kvlr_ui PRIVATE
+  GoalsScreen.cpp
+)

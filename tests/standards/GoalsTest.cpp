@@ -1,0 +1,161 @@
+// Goals: the goal meet of each course, the goal rows of a swimmer and what typing writes.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
+
+#include "core/TimeText.h"
+#include "meets/Goals.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+class Goals : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    test::MakeOpenDatabase(t);
+    t.io.shown.clear();
+  }
+
+  SQLite::Database& Db() { return *t.state.gDb; }
+
+  int32_t AddEvent(int32_t meet, int distance, int stroke, const std::string& sex,
+                   const std::string& i_r = "I") {
+    SQLite::Statement q(Db(),
+                        "INSERT INTO MTEVENT (Meet, MtEv, Lo_Hi, Course, Distance, Stroke, Sex, "
+                        "I_R) VALUES (?, ?, 99, 'Y', ?, ?, ?, ?)");
+    SQLite::bind(q, meet, ++number_, distance, stroke, sex, i_r);
+    q.exec();
+    return static_cast<int32_t>(Db().getLastInsertRowid());
+  }
+
+  std::vector<std::string> Texts(const std::vector<GoalRow>& rows) {
+    std::vector<std::string> out;
+    for (const GoalRow& r : rows) out.push_back(r.event_text);
+    return out;
+  }
+
+  test::TempHome t;
+  int number_ = 0;
+};
+
+TEST_F(Goals, EachCourseGetsItsMeetOnceAndAnyGoalsNamedMeetCounts) {
+  struct Case {
+    char course;
+    std::string_view name;
+  };
+  for (const Case& c : {Case{'Y', goaltxt::kYardName}, Case{'L', goaltxt::kLongName},
+                        Case{'S', goaltxt::kShortName}}) {
+    const int32_t meet = GetGoalMeet(t.state, c.course);
+    ASSERT_NE(meet, 0);
+    EXPECT_EQ(GetGoalMeet(t.state, c.course), meet);  // a second opening finds it
+    SQLite::Statement q(Db(), "SELECT MName, Start, End, Course, Type FROM MEET WHERE Meet = ?");
+    q.bind(1, meet);
+    ASSERT_TRUE(q.executeStep());
+    EXPECT_EQ(q.getColumn(0).getString(), c.name);
+    EXPECT_EQ(q.getColumn(1).getString(), "2000-01-01");
+    EXPECT_EQ(q.getColumn(2).getString(), "2000-01-01");
+    EXPECT_EQ(q.getColumn(3).getString(), std::string(1, c.course));
+    EXPECT_EQ(q.getColumn(4).getString(), "G");
+  }
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM MEET"), 3);
+  EXPECT_TRUE(t.io.shown.empty());
+  EXPECT_EQ(GoalMeetName('X'), goaltxt::kShortName);
+
+  // Only the first five letters count.
+  Db().exec("DELETE FROM MEET");
+  Db().exec(
+      "INSERT INTO MEET (Meet, MName, Start, Course, Type) "
+      "VALUES (40, 'GOALSETTERS Invitational', '2026-03-01', 'Y', 'USS')");
+  EXPECT_EQ(GetGoalMeet(t.state, 'Y'), 40);
+}
+
+TEST_F(Goals, AMeetThatCannotBeHadIsReported) {
+  Db().exec("DROP TABLE MEET");
+  t.io.Script({Answer::kCancel});  // the error box
+  EXPECT_EQ(GetGoalMeet(t.state, 'Y'), 0);
+  EXPECT_TRUE(t.io.Saw(goaltxt::kProblemGettingGoalMeet));
+}
+
+TEST_F(Goals, TheGridHoldsTheSwimmersSexByStrokeAndDistance) {
+  const int32_t meet = GetGoalMeet(t.state, 'Y');
+  AddEvent(meet, 200, 1, "F");
+  AddEvent(meet, 100, 2, "F");
+  AddEvent(meet, 50, 1, "F");
+  AddEvent(meet, 100, 1, "M");
+  AddEvent(meet, 200, 1, "F", "R");
+  AddEvent(GetGoalMeet(t.state, 'L'), 100, 1, "F");
+  EXPECT_EQ(Texts(LoadGoals(t.state, meet, 1, "F")),
+            (std::vector<std::string>{"50 Free", "200 Free", "100 Back"}));
+  EXPECT_EQ(Texts(LoadGoals(t.state, meet, 1, "M")), (std::vector<std::string>{"100 Free"}));
+}
+
+TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
+  const int32_t meet = GetGoalMeet(t.state, 'Y');
+  const int32_t event = AddEvent(meet, 100, 2, "F");
+  // A real swim whose rank a ranking pass would change.
+  Db().exec(
+      "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, DISTANCE, STROKE, MTEVENT, RANK, "
+      "TRANK, COURSE) VALUES (500, 7, 'I', 7000, 'F', 0, 100, 2, 900, 9, 9, 'Y')");
+  t.state.gCurrentMeet = 500;
+
+  std::vector<GoalRow> rows = LoadGoals(t.state, meet, 7, "F");
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0].result, 0);
+  EXPECT_EQ(rows[0].TimeText(), "");
+  ASSERT_TRUE(WriteGoal(t.state, rows[0], "1:05.50", 12, 7));
+  EXPECT_EQ(t.state.gCurrentMeet, 500);
+  EXPECT_NE(rows[0].result, 0);
+  EXPECT_EQ(rows[0].TimeText(), "1:05.50");
+
+  SQLite::Statement q(Db(),
+                      "SELECT MEET, ATHLETE, I_R, SCORE, RANK, TRANK, MTEVENT, AGE FROM RESULT "
+                      "WHERE RESULT = ?");
+  q.bind(1, rows[0].result);
+  ASSERT_TRUE(q.executeStep());
+  EXPECT_EQ(q.getColumn(0).getInt(), meet);
+  EXPECT_EQ(q.getColumn(1).getInt(), 7);
+  EXPECT_EQ(q.getColumn(2).getString(), "G");
+  EXPECT_EQ(q.getColumn(3).getInt(), 6550);
+  EXPECT_EQ(q.getColumn(4).getInt(), -1);
+  EXPECT_EQ(q.getColumn(5).getInt(), -1);
+  EXPECT_EQ(q.getColumn(6).getInt(), event);
+  EXPECT_EQ(q.getColumn(7).getInt(), 12);
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT RANK FROM RESULT WHERE MTEVENT = 900"), 9);
+
+  // A second goal replaces the first, and a second reading finds it.
+  ASSERT_TRUE(WriteGoal(t.state, rows[0], "1:04.00", 12, 7));
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM RESULT WHERE I_R = 'G'"), 1);
+  EXPECT_EQ(LoadGoals(t.state, meet, 7, "F")[0].score, 6400);
+
+  // A refused text writes nothing and says why.
+  ASSERT_FALSE(WriteGoal(t.state, rows[0], "7.00", 12, 7));
+  EXPECT_TRUE(t.io.Saw(kInvalidTime));
+  EXPECT_EQ(rows[0].score, 6400);
+}
+
+TEST_F(Goals, ACommentNeedsAGoal) {
+  const int32_t meet = GetGoalMeet(t.state, 'S');
+  AddEvent(meet, 200, 5, "M");
+  std::vector<GoalRow> rows = LoadGoals(t.state, meet, 3, "M");
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(GoalCommentHeading(t.state, rows[0]), "");
+  EXPECT_TRUE(t.io.Saw(goaltxt::kAddGoalFirst));
+
+  ASSERT_TRUE(WriteGoal(t.state, rows[0], "2:31.07", 15, 3));
+  EXPECT_EQ(GoalCommentHeading(t.state, rows[0]), "Event: 200 IM Goal - Time: 2:31.07");
+  EXPECT_FALSE(rows[0].has_comment);
+  SQLite::Statement c(Db(),
+                      "INSERT INTO tblComments (Athlete, ResultID, Comment) VALUES (3, ?, ?)");
+  SQLite::bind(c, rows[0].result, "Negative split");
+  c.exec();
+  EXPECT_TRUE(LoadGoals(t.state, meet, 3, "M")[0].has_comment);
+}
+
+}  // namespace
+}  // namespace kvlr

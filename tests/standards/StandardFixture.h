@@ -1,0 +1,44 @@
+#pragma once
+// A made-up standard for the standards tests.
+
+#include <initializer_list>
+#include <string>
+
+#include "standards/StandardStore.h"
+#include "standards/Standards.h"
+#include "store/TableBuilder.h"
+#include "store/UserTables.h"
+
+namespace kvlr::test {
+
+// Creates the standard `name` with the designators given (D1 on) and long names "<d> long".
+inline void MakeStandard(SQLite::Database& db, const std::string& name,
+                         std::initializer_list<std::string> designators) {
+  CreateTable(db, StandardsTable(StandardTableName(name)));
+  StandardDefinition def;
+  def.name = name;
+  def.year = "2026";
+  def.descript = "Made-up cuts";
+  size_t i = 0;
+  for (const auto& d : designators) {
+    def.designators[i] = d;
+    def.long_names[i] = d + " long";
+    ++i;
+  }
+  WriteStandardDefinition(db, def);
+}
+
+// A line key; limits are set by the caller through Fast()/Slow().
+inline StandardLine Key(const char* sex, const char* i_r, int16_t lo, int16_t hi, int16_t distance,
+                        int16_t stroke) {
+  StandardLine line;
+  line.sex = sex;
+  line.i_r = i_r;
+  line.lo_age = lo;
+  line.hi_age = hi;
+  line.distance = distance;
+  line.stroke = stroke;
+  return line;
+}
+
+}  // namespace kvlr::test

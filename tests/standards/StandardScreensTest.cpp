@@ -1,0 +1,196 @@
+#include <cstdlib>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTableView>
+
+#include "StandardFixture.h"
+#include "standards/StandardScreens.h"
+#include "standards/StandardTexts.h"
+#include "support/QtApp.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+using test::Key;
+using test::MakeOpenDatabase;
+using test::MakeStandard;
+using test::TempHome;
+
+// Set KVLR_SHOTS to a folder to keep a picture of each screen.
+void Shot(QWidget& w, const char* name) {
+  if (const char* folder = std::getenv("KVLR_SHOTS")) {
+    w.grab().save(QString("%1/%2.png").arg(folder, name));
+  }
+}
+
+class StandardScreens : public testing::Test {
+ protected:
+  StandardScreens() {
+    test::QtApp();
+    MakeOpenDatabase(t);
+    MakeStandard(db(), "JO", {"AA", "A"});
+    MakeStandard(db(), "Zone", {"Z"});
+    StandardLine boys = Key("M", "I", 11, 12, 100, 1);
+    boys.Slow('Y', 0) = 5500;
+    boys.Fast('Y', 0) = 5000;
+    boys.Slow('Y', 1) = 6000;
+    InsertStandardLine(db(), "JO", boys);
+    InsertStandardLine(db(), "JO", Key("F", "R", 0, 10, 200, 5));
+    InsertStandardLine(db(), "JO", Key("F", "I", 13, 14, 50, 2));
+    t.state.gStandardName = "JO";
+  }
+  SQLite::Database& db() { return *t.state.gDb; }
+  TempHome t;
+};
+
+TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourse) {
+  frmStan screen(t.state);
+  QAbstractItemModelTester tester(&screen.Model(),
+                                  QAbstractItemModelTester::FailureReportingMode::Warning);
+  StanModel& model = screen.Model();
+  ASSERT_EQ(model.rowCount(), 3);
+  ASSERT_EQ(model.columnCount(), 10);
+  EXPECT_EQ(model.headerData(6, Qt::Horizontal, Qt::DisplayRole).toString(), "Slower\nAA");
+  EXPECT_EQ(model.headerData(7, Qt::Horizontal, Qt::DisplayRole).toString(), "Faster\nAA");
+  // Start sort: Lo_Age first.
+  EXPECT_EQ(model.data(model.index(0, 0), Qt::DisplayRole).toString(), "F");
+  EXPECT_EQ(model.data(model.index(1, 7), Qt::DisplayRole).toString(), "55.00");
+  EXPECT_EQ(model.data(model.index(1, 6), Qt::DisplayRole).toString(), "50.00");
+
+  screen.SetCourse(GridCourse::kAll);
+  EXPECT_EQ(model.columnCount(), 18);
+  screen.SelectStandard("Zone");
+  EXPECT_EQ(model.rowCount(), 0);
+  EXPECT_EQ(model.columnCount(), 12);
+  screen.SelectStandard("JO");
+  screen.SetCourse(GridCourse::kSCY);
+  screen.show();
+  Shot(screen, "frmStan");
+}
+
+TEST_F(StandardScreens, FiltersAndHeadingSorts) {
+  frmStan screen(t.state);
+  StanModel& model = screen.Model();
+  screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(2);  // Females
+  EXPECT_EQ(model.rowCount(), 2);
+  screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(2);  // Back
+  EXPECT_EQ(model.rowCount(), 1);
+  screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(0);
+  screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(0);
+  ASSERT_EQ(model.rowCount(), 3);
+
+  screen.ClickHeading(5);
+  EXPECT_EQ(screen.SortCaption(), stdtext::kRelaysFirst);
+  EXPECT_EQ(model.Line(0).i_r, "R");
+  screen.ClickHeading(5);
+  EXPECT_EQ(screen.SortCaption(), stdtext::kRelaysLast);
+  EXPECT_EQ(model.Line(2).i_r, "R");
+  screen.ClickHeading(3);  // Distance
+  EXPECT_EQ(model.Line(0).distance, 50);
+  EXPECT_EQ(screen.SortCaption(), "");
+}
+
+TEST_F(StandardScreens, EditedTimesAreStoredAtOnceAndBadOnesRefused) {
+  frmStan screen(t.state);
+  StanModel& model = screen.Model();
+  const QModelIndex cell = model.index(1, 9);  // Faster A, boys 100 free
+  EXPECT_TRUE(model.setData(cell, "1:02.5", Qt::EditRole));
+  EXPECT_EQ(model.data(cell, Qt::DisplayRole).toString(), "1:02.50");
+  EXPECT_EQ(test::QueryNumber(db(), "SELECT \"S(25)\" FROM JO WHERE Sex = 'M'"), 6250);
+  EXPECT_FALSE(model.setData(cell, "fast", Qt::EditRole));
+  EXPECT_TRUE(t.io.Saw("Invalid Time"));
+  EXPECT_FALSE(model.setData(model.index(1, 0), "F", Qt::EditRole));
+  EXPECT_TRUE(model.setData(cell, "", Qt::EditRole));
+  EXPECT_EQ(test::QueryNumber(db(), "SELECT \"S(25)\" IS NULL FROM JO WHERE Sex = 'M'"), 1);
+}
+
+TEST_F(StandardScreens, DeletingALineAndTheWholeStandardAsk) {
+  frmStan screen(t.state);
+  StanModel& model = screen.Model();
+  t.io.Script({Answer::kNo});
+  screen.DeleteOneStandard(1);
+  EXPECT_EQ(model.rowCount(), 3);
+  EXPECT_EQ(t.io.shown.back().title, stdtext::kRemoveLineTitle);
+  screen.DeleteOneStandard(1);
+  EXPECT_EQ(model.rowCount(), 2);
+
+  screen.RemoveEntireStandard();
+  EXPECT_TRUE(t.io.Saw("Are you sure you want to delete the [JO] Time Standard ?"));
+  EXPECT_FALSE(TableExists(db(), "JO"));
+  auto* list = screen.findChild<QComboBox*>("cboStandards");
+  ASSERT_EQ(list->count(), 1);
+  EXPECT_EQ(list->currentData().toString(), "Zone");
+  screen.RemoveEntireStandard();
+  EXPECT_EQ(list->count(), 0);
+  EXPECT_EQ(screen.OpenAdd(), nullptr);
+  EXPECT_TRUE(t.io.Saw(stdtext::kNoStandardYet));
+}
+
+TEST_F(StandardScreens, AddingALineFromTheFilteredGridFixesTheSex) {
+  frmStan screen(t.state);
+  screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(1);  // Males
+  frmStanAdd* add = screen.OpenAdd();
+  ASSERT_NE(add, nullptr);
+  EXPECT_FALSE(add->sex_->isEnabled());
+  EXPECT_EQ(add->Form().sex, "M");
+  EXPECT_FALSE(add->Save());
+  EXPECT_EQ(t.io.shown.back().text, stdtext::kSetAgeRange);
+  add->ages_->setCurrentIndex(kOtherAgeRange);
+  EXPECT_TRUE(add->lo_->isEnabled());
+  add->lo_->setValue(19);
+  add->hi_->setValue(99);
+  add->distance_->setCurrentIndex(add->distance_->findData(200));
+  add->stroke_->setCurrentIndex(0);
+  add->relay_->setChecked(true);
+  Shot(*add, "frmStanAdd");
+  ASSERT_TRUE(add->Save());
+  EXPECT_EQ(screen.Model().rowCount(), 2);
+  StandardFilter filter;
+  filter.lo_age = 19;
+  const auto lines = ReadStandardLines(db(), "JO", filter, kStartSort);
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_EQ(lines[0].i_r, "R");
+  EXPECT_EQ(lines[0].distance, 200);
+}
+
+TEST_F(StandardScreens, ANewStandardIsListedAndShown) {
+  frmStan screen(t.state);
+  frmDesig* desig = screen.OpenDesig();
+  desig->name_->setText("Sect");
+  desig->designators_[0]->setText("S1");
+  desig->designators_[2]->setText("S3");
+  Shot(*desig, "frmDesig");
+  EXPECT_FALSE(desig->Save());
+  EXPECT_EQ(t.io.shown.back().text, stdtext::kNoSkipping);
+  desig->designators_[1]->setText("S2");
+  desig->long_names_[1]->setText("Second");
+  ASSERT_TRUE(desig->Save());
+  auto* list = screen.findChild<QComboBox*>("cboStandards");
+  EXPECT_EQ(list->count(), 3);
+  EXPECT_EQ(list->currentData().toString(), "Sect");
+  EXPECT_EQ(screen.Model().columnCount(), 12);
+  EXPECT_EQ(ReadStandardDefinition(db(), "Sect")->long_names[1], "Second");
+}
+
+TEST_F(StandardScreens, CsvImportRefusalIsTold) {
+  frmStan screen(t.state);
+  std::filesystem::create_directories(t.Data());
+  const auto file = t.Data() / "bad.csv";
+  { std::ofstream(file) << "Sex,I_R\n"; }
+  screen.ImportCsv(file.string());
+  EXPECT_TRUE(t.io.Saw("Line 1"));
+  EXPECT_EQ(screen.Model().rowCount(), 3);
+  screen.ExportCsv((t.Data() / "jo.csv").string());
+  EXPECT_TRUE(std::filesystem::exists(t.Data() / "jo.csv"));
+}
+
+}  // namespace
+}  // namespace kvlr

@@ -1,0 +1,154 @@
+#include <fstream>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "StandardFixture.h"
+#include "standards/StandardsCsv.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+using test::Key;
+using test::MakeOpenDatabase;
+using test::MakeStandard;
+using test::TempHome;
+
+constexpr const char* kHeader =
+    "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,"
+    "AA Y Faster,AA Y Slower,AA S Faster,AA S Slower,AA L Faster,AA L Slower,"
+    "A Y Faster,A Y Slower,A S Faster,A S Slower,A L Faster,A L Slower\n";
+
+class StandardsCsv : public testing::Test {
+ protected:
+  StandardsCsv() {
+    MakeOpenDatabase(t);
+    MakeStandard(db(), "JO", {"AA", "A"});
+    StandardLine boys = Key("M", "I", 11, 12, 100, 1);
+    boys.Slow('Y', 0) = 5500;
+    boys.Fast('Y', 0) = 5000;
+    boys.Slow('L', 1) = 6532;
+    InsertStandardLine(db(), "JO", boys);
+    StandardLine relay = Key("F", "R", 0, 99, 200, 5);
+    relay.Slow('S', 1) = 13000;
+    InsertStandardLine(db(), "JO", relay);
+  }
+  SQLite::Database& db() { return *t.state.gDb; }
+  std::string Export(const char* name) {
+    return StandardCsvText(db(), *ReadStandardDefinition(db(), name));
+  }
+  long long Count(const std::string& sql) { return test::QueryNumber(db(), sql); }
+  TempHome t;
+};
+
+TEST_F(StandardsCsv, ExportHasOneHeaderAndOneLinePerLine) {
+  EXPECT_EQ(Export("JO"), std::string(kHeader) +
+                              "M,I,11,12,100,1,55.00,50.00,,,,,,,,,1:05.32,\n"
+                              "F,R,0,99,200,5,,,,,,,,,2:10.00,,,\n");
+}
+
+TEST_F(StandardsCsv, RoundTripIntoANewStandard) {
+  const std::string text = Export("JO");
+  const CsvImportResult result = ImportStandardCsv(t.state, "Copy", text);
+  ASSERT_TRUE(result.ok) << result.message;
+  EXPECT_TRUE(result.created);
+  EXPECT_EQ(result.lines, 2);
+  EXPECT_EQ(Export("Copy"), text);
+  EXPECT_EQ(ReadStandardDefinition(db(), "Copy")->designators[1], "A");
+}
+
+TEST_F(StandardsCsv, ImportReplacesTheLinesOfAnExistingStandard) {
+  // Only designator A, given with other case: AA keeps no limits.
+  const std::string text =
+      "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,"
+      "a Y Faster,a Y Slower,a S Faster,a S Slower,a L Faster,a L Slower\r\n"
+      "F,I,13,14,50,2,31.5,,,,,\r\n";
+  const CsvImportResult result = ImportStandardCsv(t.state, "jo", text);
+  ASSERT_TRUE(result.ok) << result.message;
+  EXPECT_FALSE(result.created);
+  EXPECT_EQ(Count("SELECT count(*) FROM JO"), 1);
+  EXPECT_EQ(Count("SELECT \"S(25)\" FROM JO"), 3150);
+  EXPECT_EQ(Count("SELECT count(*) FROM STDNAME"), 1);
+}
+
+TEST_F(StandardsCsv, ImportIntoTheCurrentStandardIsJudgedAtOnce) {
+  InstallStandardHooks(t.state);
+  t.state.gStandardName = "New";
+  OpenCurrentStandard(t.state);
+  ASSERT_TRUE(ImportStandardCsv(t.state, "New", Export("JO")).ok);
+  int16_t designator = 0;
+  EXPECT_EQ(GetStandard(t.state, designator, 5400, "M", 100, 1, 12, "Y", false), "AA");
+}
+
+TEST_F(StandardsCsv, BadFilesAreRefusedNamingTheLineAndChangeNothing) {
+  const std::string good_line = "M,I,11,12,100,1,55.00,,,,,,,,,,,\n";
+  struct Case {
+    const char* what;
+    std::string text;
+    std::string part;  // of the message
+    bool refused_when_new = true;
+  };
+  const Case cases[] = {
+      {"empty", "", "no header"},
+      {"wrong first columns", "Sex,IR,Lo_Age,Hi_Age,Distance,Stroke,AA Y Faster\n", "Line 1"},
+      {"no time columns", "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke\n", "Line 1"},
+      {"columns out of order",
+       "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,AA Y Slower,AA Y Faster,AA S Faster,AA S Slower,"
+       "AA L Faster,AA L Slower\n",
+       "Line 1: column 7 should be \"AA Y Faster\""},
+      {"unknown course",
+       "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,AA Y Faster,AA Y Slower,AA X Faster,AA X Slower,"
+       "AA L Faster,AA L Slower\n",
+       "Line 1: unknown course \"X\""},
+      {"designator not in the standard",
+       "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,B Y Faster,B Y Slower,B S Faster,B S Slower,"
+       "B L Faster,B L Slower\n",
+       "Line 1: \"B\"", false},
+      {"bad time", std::string(kHeader) + good_line + "M,I,13,14,100,1,5x.00,,,,,,,,,,,\n",
+       "Line 3: \"5x.00\" in column \"AA Y Faster\""},
+      {"too few columns", std::string(kHeader) + "M,I,13,14,100,1,55.00\n", "Line 2: 7 columns"},
+      {"bad sex", std::string(kHeader) + "X,I,13,14,100,1,,,,,,,,,,,,\n", "Line 2: Sex"},
+      {"high age under low", std::string(kHeader) + "M,I,14,13,100,1,,,,,,,,,,,,\n", "Line 2"},
+      {"bad stroke", std::string(kHeader) + "M,I,13,14,100,9,,,,,,,,,,,,\n", "Line 2"},
+      {"same line twice", std::string(kHeader) + good_line + "\n" + good_line, "Line 4"},
+  };
+  const std::string before = Export("JO");
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    const CsvImportResult result = ImportStandardCsv(t.state, "JO", c.text);
+    EXPECT_FALSE(result.ok);
+    EXPECT_NE(result.message.find(c.part), std::string::npos) << result.message;
+    EXPECT_EQ(Export("JO"), before);
+    if (c.refused_when_new) {
+      EXPECT_FALSE(ImportStandardCsv(t.state, "Fresh", c.text).ok);
+    }
+  }
+  EXPECT_EQ(Count("SELECT count(*) FROM STDNAME"), 1);
+  EXPECT_FALSE(TableExists(db(), "FRESH"));
+}
+
+TEST_F(StandardsCsv, NamesThatCannotBeAStandardAreRefused) {
+  EXPECT_FALSE(ImportStandardCsv(t.state, "", Export("JO")).ok);
+  EXPECT_FALSE(ImportStandardCsv(t.state, "Ninechars", Export("JO")).ok);
+  const CsvImportResult clash = ImportStandardCsv(t.state, "Meet", Export("JO"));
+  EXPECT_EQ(clash.message, "Meet already exists.");
+}
+
+TEST_F(StandardsCsv, FilesAreWrittenAndRead) {
+  const auto file = t.Data() / "jo.csv";
+  std::filesystem::create_directories(t.Data());
+  EXPECT_EQ(ExportStandardCsvFile(db(), "JO", file), "");
+  EXPECT_FALSE(std::filesystem::exists(file.string() + ".tmp"));
+  std::ifstream in(file);
+  std::stringstream text;
+  text << in.rdbuf();
+  EXPECT_EQ(text.str(), Export("JO"));
+  EXPECT_TRUE(ImportStandardCsvFile(t.state, "Back", file).ok);
+  EXPECT_EQ(Export("Back"), Export("JO"));
+  EXPECT_NE(ExportStandardCsvFile(db(), "Nowhere", file), "");
+  EXPECT_FALSE(ImportStandardCsvFile(t.state, "Back", t.Data() / "missing.csv").ok);
+}
+
+}  // namespace
+}  // namespace kvlr
