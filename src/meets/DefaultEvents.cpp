@@ -2,10 +2,10 @@
 
 #include <cctype>
 
-#include <fmt/format.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
+#include <fmt/format.h>
 
 #include "core/ErrorHandler.h"
 #include "meets/MeetTexts.h"
@@ -17,13 +17,11 @@ const std::vector<DefaultEvent>& DefaultEvents(char course) {
       {50, 1},  {100, 1}, {200, 1}, {500, 1}, {1000, 1}, {1650, 1}, {100, 2},
       {200, 2}, {100, 3}, {200, 3}, {100, 4}, {200, 4},  {200, 5},  {400, 5}};
   static const std::vector<DefaultEvent> short_course = {
-      {50, 1},  {100, 1}, {200, 1}, {400, 1}, {800, 1}, {1500, 1}, {50, 2},
-      {100, 2}, {200, 2}, {50, 3},  {100, 3}, {200, 3}, {50, 4},   {100, 4},
-      {200, 4}, {100, 5}, {200, 5}, {400, 5}};
+      {50, 1}, {100, 1}, {200, 1}, {400, 1}, {800, 1}, {1500, 1}, {50, 2},  {100, 2}, {200, 2},
+      {50, 3}, {100, 3}, {200, 3}, {50, 4},  {100, 4}, {200, 4},  {100, 5}, {200, 5}, {400, 5}};
   static const std::vector<DefaultEvent> long_course = {
-      {50, 1},  {100, 1}, {200, 1}, {400, 1}, {800, 1}, {1500, 1}, {50, 2},  {100, 2},
-      {200, 2}, {50, 3},  {100, 3}, {200, 3}, {50, 4},  {100, 4},  {200, 4}, {200, 5},
-      {400, 5}};
+      {50, 1}, {100, 1}, {200, 1}, {400, 1}, {800, 1}, {1500, 1}, {50, 2},  {100, 2}, {200, 2},
+      {50, 3}, {100, 3}, {200, 3}, {50, 4},  {100, 4}, {200, 4},  {200, 5}, {400, 5}};
   static const std::vector<DefaultEvent> none;
   switch (std::toupper(static_cast<unsigned char>(course))) {
     case 'Y':
@@ -38,8 +36,8 @@ const std::vector<DefaultEvent>& DefaultEvents(char course) {
 }
 
 bool HasIndividualEvents(SQLite::Database& db, EventList list, int32_t meet) {
-  SQLite::Statement q(db, fmt::format("SELECT 1 FROM {} WHERE I_R = 'I' AND Meet = ?",
-                                      EventTable(list)));
+  SQLite::Statement q(
+      db, fmt::format("SELECT 1 FROM {} WHERE I_R = 'I' AND Meet = ?", EventTable(list)));
   q.bind(1, meet);
   return q.executeStep();
 }
@@ -52,8 +50,8 @@ int LoadDefaultEvents(AppState& state, EventList list, int32_t meet) {
   const auto& events = DefaultEvents(letter);
   if (events.empty()) return 0;
   SQLite::Transaction transaction(db);
-  SQLite::Statement top(db, fmt::format("SELECT IFNULL(MAX(MtEv), 0) FROM {} WHERE Meet = ?",
-                                        EventTable(list)));
+  SQLite::Statement top(
+      db, fmt::format("SELECT IFNULL(MAX(MtEv), 0) FROM {} WHERE Meet = ?", EventTable(list)));
   top.bind(1, meet);
   top.executeStep();
   int number = top.getColumn(0).getInt();

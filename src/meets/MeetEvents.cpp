@@ -2,10 +2,10 @@
 
 #include <cctype>
 
-#include <fmt/format.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
+#include <fmt/format.h>
 
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
@@ -82,8 +82,7 @@ std::optional<MeetEvent> SameRace(SQLite::Database& db, EventList list, int32_t 
 }
 
 std::optional<MeetEvent> NumberInUse(SQLite::Database& db, EventList list, int32_t meet,
-                                     int16_t number, const std::string& letter,
-                                     int32_t except) {
+                                     int16_t number, const std::string& letter, int32_t except) {
   SQLite::Statement q(
       db, fmt::format("SELECT {} FROM {} WHERE Meet = ? AND MtEv = ? AND {} AND MtEvent <> ?",
                       kEventColumns, EventTable(list),
@@ -107,8 +106,7 @@ void InsertEvent(SQLite::Database& db, EventList list, const MeetEvent& e) {
       db, fmt::format("INSERT INTO {} (Meet, MtEv, MtEvX, Lo_Hi, Course, Distance, Stroke, Sex, "
                       "I_R) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)",
                       EventTable(list)));
-  SQLite::bind(add, e.meet, e.mtev, e.mtevx, e.lo_hi, e.course, e.distance, e.stroke, e.sex,
-               e.i_r);
+  SQLite::bind(add, e.meet, e.mtev, e.mtevx, e.lo_hi, e.course, e.distance, e.stroke, e.sex, e.i_r);
   add.exec();
 }
 
@@ -150,8 +148,8 @@ std::string EventSortCaption(EventSort sort) {
 
 std::vector<MeetEvent> ListEvents(SQLite::Database& db, EventList list, int32_t meet,
                                   const EventFilter& filter) {
-  std::string sql = fmt::format("SELECT {} FROM {} WHERE Meet = ?", kEventColumns,
-                                EventTable(list));
+  std::string sql =
+      fmt::format("SELECT {} FROM {} WHERE Meet = ?", kEventColumns, EventTable(list));
   if (list == EventList::kEntries) sql += " AND MtEv > 0";
   if (!filter.sex.empty()) sql += " AND Sex = ?";
   if (filter.lo_hi) sql += " AND Lo_Hi = ?";
@@ -172,8 +170,8 @@ std::vector<MeetEvent> ListEvents(SQLite::Database& db, EventList list, int32_t 
 }
 
 std::optional<MeetEvent> LoadEvent(SQLite::Database& db, EventList list, int32_t mt_event) {
-  SQLite::Statement q(db, fmt::format("SELECT {} FROM {} WHERE MtEvent = ?", kEventColumns,
-                                      EventTable(list)));
+  SQLite::Statement q(
+      db, fmt::format("SELECT {} FROM {} WHERE MtEvent = ?", kEventColumns, EventTable(list)));
   q.bind(1, mt_event);
   if (!q.executeStep()) return std::nullopt;
   return ReadEvent(q);
@@ -280,8 +278,8 @@ EventSaveOutcome SaveEvent(AppState& state, EventList list, int32_t meet, const 
 
         if (const auto other =
                 NumberInUse(db, list, meet, number.number, number.letter, form.mt_event)) {
-          return refuse("Event Number: " + EventNumberOf(event) + " already exists for:" +
-                        std::string(kCrLf) + DescribeEvent(*other));
+          return refuse("Event Number: " + EventNumberOf(event) +
+                        " already exists for:" + std::string(kCrLf) + DescribeEvent(*other));
         }
         std::optional<MeetEvent> on_file;
         if (form.mt_event != 0) {
@@ -294,10 +292,10 @@ EventSaveOutcome SaveEvent(AppState& state, EventList list, int32_t meet, const 
           MeetEvent same_dives = event;
           same_dives.distance = on_file->distance;
           const bool only_dives = IsDiving(on_file->stroke) && IsDiveCount(on_file->distance) &&
-                                  IsDiveCount(event.distance) && SameRaceFields(same_dives, *on_file) &&
+                                  IsDiveCount(event.distance) &&
+                                  SameRaceFields(same_dives, *on_file) &&
                                   event.mtev == on_file->mtev && event.mtevx == on_file->mtevx;
-          if (!only_dives)
-            return refuse(IsDiving(on_file->stroke) ? kDivingOnly : kEventHasResult);
+          if (!only_dives) return refuse(IsDiving(on_file->stroke) ? kDivingOnly : kEventHasResult);
           dive_change = true;
         }
         if (const auto twin = SameRace(db, list, meet, event)) {
@@ -359,13 +357,12 @@ bool DeleteOneEvent(AppState& state, EventList list, const MeetEvent& event) {
                results ? "SELECT 1 FROM RESULT WHERE MTEVENT = ?"
                        : "SELECT 1 FROM ENTRY WHERE MtEvent = ?",
                event.mt_event)) {
-      state.io->Tell(std::string("That event has at least one ") +
-                     (results ? "Result" : "Entry") + " linked to it.  Can't delete.");
+      state.io->Tell(std::string("That event has at least one ") + (results ? "Result" : "Entry") +
+                     " linked to it.  Can't delete.");
       return false;
     }
     if (!state.io->AskYesNo(RemoveEventQuestion(event), kRemoveEventTitle)) return false;
-    SQLite::Statement drop(db,
-                           fmt::format("DELETE FROM {} WHERE MtEvent = ?", EventTable(list)));
+    SQLite::Statement drop(db, fmt::format("DELETE FROM {} WHERE MtEvent = ?", EventTable(list)));
     drop.bind(1, event.mt_event);
     drop.exec();
     return true;
@@ -391,7 +388,8 @@ bool CopyEntryEventsToResults(AppState& state, int32_t meet) {
 
 bool OfferEntryEventsForResults(AppState& state, int32_t meet) {
   const auto count = [&](const char* sql) {
-    return RunTrapped(state, ".GetEvents", [&] { return Exists(*state.gDb, sql, meet); }, false);
+    return RunTrapped(
+        state, ".GetEvents", [&] { return Exists(*state.gDb, sql, meet); }, false);
   };
   if (count("SELECT 1 FROM MTEVENT WHERE Meet = ?")) return true;
   if (!count("SELECT 1 FROM MTEVENTE WHERE Meet = ? AND MtEv > 0")) return false;
@@ -411,8 +409,10 @@ bool CopyEventsFromMeet(AppState& state, EventList list, int32_t target, int32_t
   return RunTrapped(state, "frmCopyEvents.CopyEvents", [&] {
     SQLite::Database& db = *state.gDb;
     const bool entries = list == EventList::kEntries;
-    if (Exists(db, entries ? "SELECT 1 FROM ENTRY WHERE Meet = ?" : "SELECT 1 FROM RESULT WHERE MEET = ?",
-               target)) {
+    if (Exists(
+            db,
+            entries ? "SELECT 1 FROM ENTRY WHERE Meet = ?" : "SELECT 1 FROM RESULT WHERE MEET = ?",
+            target)) {
       io.Tell(entries ? kMeetHasEntries : kMeetHasResults);
       return false;
     }
@@ -430,8 +430,8 @@ bool CopyEventsFromMeet(AppState& state, EventList list, int32_t target, int32_t
       drop.exec();
     }
     const auto read_source = [&](EventList from) {
-      std::string sql = fmt::format("SELECT {} FROM {} WHERE Meet = ?", kEventColumns,
-                                    EventTable(from));
+      std::string sql =
+          fmt::format("SELECT {} FROM {} WHERE Meet = ?", kEventColumns, EventTable(from));
       if (which != CopyWhich::kAll) sql += " AND I_R = ?";
       sql += " ORDER BY MtEv, MtEvX, MtEvent";
       SQLite::Statement q(db, sql);

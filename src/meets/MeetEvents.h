@@ -52,10 +52,10 @@ enum class EventSort { kNumber, kSexMenFirst, kSexWomenLast, kDistance, kStroke,
 std::string EventSortCaption(EventSort sort);
 
 struct EventFilter {
-  std::string sex;              // "M", "F", "X"; "" for all
-  std::optional<int> lo_hi;     // one age group
-  int stroke = 0;               // 0 for all
-  int distance = 0;             // 0 for all
+  std::string sex;           // "M", "F", "X"; "" for all
+  std::optional<int> lo_hi;  // one age group
+  int stroke = 0;            // 0 for all
+  int distance = 0;          // 0 for all
   EventSort sort = EventSort::kNumber;
 };
 

@@ -88,8 +88,8 @@ bool SaveMeetType(AppState& state, const std::string& original, const std::strin
     }
     // Only a different spelling of the code touches the meets; a change of case does too.
     const bool changed = !old_code.empty() && code != old_code;
-    if (changed && !state.io->AskYesNo(ChangedMeetTypeQuestion(old_code, code),
-                                       kChangedMeetTypeTitle))
+    if (changed &&
+        !state.io->AskYesNo(ChangedMeetTypeQuestion(old_code, code), kChangedMeetTypeTitle))
       return false;
     SQLite::Transaction transaction(db);
     if (old_code.empty()) {

@@ -4,10 +4,10 @@
 #include <cctype>
 #include <cstdlib>
 
-#include <fmt/format.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
+#include <fmt/format.h>
 
 #include "core/DateText.h"
 #include "core/ErrorHandler.h"
@@ -116,8 +116,8 @@ std::string CourseWord(std::string_view course) {
 }
 
 std::string MeetLongDate(const Date& date) {
-  return fmt::format("{} {:02}, {:04}", kMonths.at(static_cast<size_t>(date.month - 1)),
-                     date.day, date.year);
+  return fmt::format("{} {:02}, {:04}", kMonths.at(static_cast<size_t>(date.month - 1)), date.day,
+                     date.year);
 }
 
 std::string MeetMediumDate(const Date& date) {
@@ -154,9 +154,9 @@ std::string SortCaption(MeetSort sort) {
 }
 
 std::vector<Meet> ListMeets(SQLite::Database& db, const MeetFilter& filter) {
-  std::string sql = fmt::format(
-      "SELECT {} FROM MEET WHERE Meet <> 0 AND IFNULL(Type, '') <> 'G' AND Start <> ?",
-      kMeetColumns);
+  std::string sql =
+      fmt::format("SELECT {} FROM MEET WHERE Meet <> 0 AND IFNULL(Type, '') <> 'G' AND Start <> ?",
+                  kMeetColumns);
   if (filter.course != 0) sql += " AND substr(Course, 1, 1) = ? COLLATE NOCASE";
   if (filter.since) sql += " AND Start >= ?";
   if (!filter.type.empty()) sql += " AND Type = ?";
@@ -204,8 +204,7 @@ MeetForm NewMeetForm(AppState& state) {
   SQLite::Statement q(*state.gDb, "SELECT MtAgeUp, MtDate FROM OPTIONS LIMIT 1");
   if (q.executeStep() && q.getColumn(0).getInt() != 1) {
     const auto date = DateOf(q.getColumn(1));
-    if (date && *date != state.gNullDate)
-      form.age_up = MeetShortDate(date, state.gDateOrder);
+    if (date && *date != state.gNullDate) form.age_up = MeetShortDate(date, state.gDateOrder);
   }
   return form;
 }
@@ -325,10 +324,10 @@ MeetSaveOutcome SaveMeet(AppState& state, const MeetForm& form) {
 }
 
 bool DeleteOneMeet(AppState& state, const Meet& meet) {
-  const std::string question =
-      std::string(kRemoveMeetWarning) + std::string(kRemoveMeetAll) + std::string(kCrLf) +
-      std::string(kCrLf) + std::string(kRemoveMeetQuestion) + meet.mname + " on " +
-      MeetShortDate(meet.start, state.gDateOrder) + "?";
+  const std::string question = std::string(kRemoveMeetWarning) + std::string(kRemoveMeetAll) +
+                               std::string(kCrLf) + std::string(kCrLf) +
+                               std::string(kRemoveMeetQuestion) + meet.mname + " on " +
+                               MeetShortDate(meet.start, state.gDateOrder) + "?";
   if (!state.io->AskYesNo(question, kRemoveMeetTitle)) return false;
   return RunTrapped(state, ".DeleteOneMeet", [&] {
     SQLite::Database& db = *state.gDb;
@@ -366,10 +365,10 @@ bool MergeMeet(AppState& state, int32_t from, int32_t to) {
   try {
     SQLite::Database& db = *state.gDb;
     SQLite::Transaction transaction(db);
-    for (const char* sql :
-         {"UPDATE RESULT SET MEET = ? WHERE MEET = ? AND I_R = 'I'",
-          "UPDATE ENTRY SET Meet = ? WHERE Meet = ? AND I_R = 'I'",
-          "UPDATE MTEVENT SET Meet = ? WHERE Meet = ?", "UPDATE MTEVENTE SET Meet = ? WHERE Meet = ?"}) {
+    for (const char* sql : {"UPDATE RESULT SET MEET = ? WHERE MEET = ? AND I_R = 'I'",
+                            "UPDATE ENTRY SET Meet = ? WHERE Meet = ? AND I_R = 'I'",
+                            "UPDATE MTEVENT SET Meet = ? WHERE Meet = ?",
+                            "UPDATE MTEVENTE SET Meet = ? WHERE Meet = ?"}) {
       SQLite::Statement s(db, sql);
       SQLite::bind(s, to, from);
       s.exec();
@@ -413,9 +412,8 @@ std::vector<MeetArrayItem> LoadMeetArray(AppState& state, int course_index) {
     list.push_back({0, std::string(kAllMeets)});
     while (q.executeStep()) {
       const auto start = DateOf(q.getColumn(2));
-      list.push_back({q.getColumn(0).getInt(),
-                      (start ? MeetMediumDate(*start) : std::string()) + "  " +
-                          Text(q.getColumn(1))});
+      list.push_back({q.getColumn(0).getInt(), (start ? MeetMediumDate(*start) : std::string()) +
+                                                   "  " + Text(q.getColumn(1))});
     }
   } catch (const std::exception& e) {
     ReportError(state, "basUtil.LoadMeetArray", e);

@@ -132,7 +132,8 @@ TEST_F(EventsTest, NumbersWithAndWithoutLetterAreDifferentEvents) {
 }
 
 TEST_F(EventsTest, SameRaceUnderAnotherNumberAsks) {
-  ASSERT_EQ(SaveEvent(t.state, EventList::kEntries, meet, Form("1")).status, EventSaveStatus::kAdded);
+  ASSERT_EQ(SaveEvent(t.state, EventList::kEntries, meet, Form("1")).status,
+            EventSaveStatus::kAdded);
   t.io.Script({Answer::kNo});
   EXPECT_EQ(SaveEvent(t.state, EventList::kEntries, meet, Form("2")).status,
             EventSaveStatus::kDeclined);
@@ -158,8 +159,7 @@ TEST_F(EventsTest, EditOfEnteredRaceRemovesEntriesOnlyWhenAllowed) {
             EventSaveStatus::kDeclined);
   EXPECT_EQ(LastShown(), meettxt::kRemoveEntriesQuestion);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM ENTRY"), 1);
-  EXPECT_EQ(SaveEvent(t.state, EventList::kEntries, meet, other).status,
-            EventSaveStatus::kUpdated);
+  EXPECT_EQ(SaveEvent(t.state, EventList::kEntries, meet, other).status, EventSaveStatus::kUpdated);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM ENTRY"), 0);
 }
 
@@ -180,14 +180,13 @@ TEST_F(EventsTest, ResultEventWithResultsChangesOnlyDiveCount) {
   EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, dive_edit).status,
             EventSaveStatus::kUpdated);
   EXPECT_EQ(LoadEvent(Db(), EventList::kResults, dive)->distance, 11);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE STROKE = 6 AND MTEVENT = " +
-                  std::to_string(dive)),
-            1);
+  EXPECT_EQ(
+      Count("SELECT COUNT(*) FROM RESULT WHERE STROKE = 6 AND MTEVENT = " + std::to_string(dive)),
+      1);
 
   for (EventForm bad : {Form("2", 6, 8), Form("2", 7, 6), Form("3", 6, 6), Form("2", 6, 6, "M")}) {
     bad.mt_event = dive;
-    EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, bad).status,
-              EventSaveStatus::kRefused);
+    EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, bad).status, EventSaveStatus::kRefused);
     EXPECT_EQ(LastShown(), meettxt::kDivingOnly);
   }
 }
@@ -197,9 +196,11 @@ TEST_F(EventsTest, DeleteRefusedWhileInUse) {
   const int32_t entry_ev = AddEventRow(Db(), "MTEVENTE", meet, 1);
   AddResultRow(Db(), meet, result_ev);
   AddEntryRow(Db(), meet, entry_ev);
-  EXPECT_FALSE(DeleteOneEvent(t.state, EventList::kResults, *LoadEvent(Db(), EventList::kResults, result_ev)));
+  EXPECT_FALSE(DeleteOneEvent(t.state, EventList::kResults,
+                              *LoadEvent(Db(), EventList::kResults, result_ev)));
   EXPECT_EQ(LastShown(), "That event has at least one Result linked to it.  Can't delete.");
-  EXPECT_FALSE(DeleteOneEvent(t.state, EventList::kEntries, *LoadEvent(Db(), EventList::kEntries, entry_ev)));
+  EXPECT_FALSE(DeleteOneEvent(t.state, EventList::kEntries,
+                              *LoadEvent(Db(), EventList::kEntries, entry_ev)));
   EXPECT_EQ(LastShown(), "That event has at least one Entry linked to it.  Can't delete.");
 
   Db().exec("DELETE FROM RESULT");
@@ -335,9 +336,9 @@ TEST(DefaultEventLists, StandardEventsOfEachCourse) {
   for (char course : {'Y', 'S', 'L'}) {
     const auto& list = DefaultEvents(course);
     for (size_t i = 1; i < list.size(); ++i) {
-      const bool ordered = list[i - 1].stroke < list[i].stroke ||
-                           (list[i - 1].stroke == list[i].stroke &&
-                            list[i - 1].distance < list[i].distance);
+      const bool ordered =
+          list[i - 1].stroke < list[i].stroke ||
+          (list[i - 1].stroke == list[i].stroke && list[i - 1].distance < list[i].distance);
       EXPECT_TRUE(ordered) << course << i;
     }
   }

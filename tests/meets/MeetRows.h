@@ -13,7 +13,8 @@ namespace kvlr::test {
 inline int32_t AddMeetRow(SQLite::Database& db, const std::string& name, const std::string& start,
                           const std::string& course = "Y", const std::string& type = "",
                           const std::string& end = "") {
-  SQLite::Statement q(db, "INSERT INTO MEET (MName, Start, End, Course, Type) VALUES (?, ?, ?, ?, ?)");
+  SQLite::Statement q(db,
+                      "INSERT INTO MEET (MName, Start, End, Course, Type) VALUES (?, ?, ?, ?, ?)");
   q.bind(1, name);
   q.bind(2, start);
   if (end.empty())

@@ -105,8 +105,8 @@ TEST_F(MeetScreens, DroppingOneMeetOnAnotherAsksForMerge) {
   QSignalSpy spy(&model, &MeetListModel::mergeRequested);
   std::unique_ptr<QMimeData> data(model.mimeData({model.index(model.RowOf(a), 0)}));
   ASSERT_TRUE(data);
-  EXPECT_FALSE(model.dropMimeData(data.get(), Qt::MoveAction, -1, -1,
-                                  model.index(model.RowOf(b), 0)));
+  EXPECT_FALSE(
+      model.dropMimeData(data.get(), Qt::MoveAction, -1, -1, model.index(model.RowOf(b), 0)));
   ASSERT_EQ(spy.count(), 1);
   EXPECT_EQ(spy.at(0).at(0).toInt(), a);
   EXPECT_EQ(spy.at(0).at(1).toInt(), b);
@@ -210,8 +210,9 @@ TEST_F(MeetScreens, MeetCardSavesAndKeepsTheCheckWords) {
 
 TEST_F(MeetScreens, MeetTypeListAndCard) {
   Db().exec("DELETE FROM CODE");
-  Db().exec("INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3), "
-            "('HS', 'High School', 3)");
+  Db().exec(
+      "INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3), "
+      "('HS', 'High School', 3)");
   frmCodes screen(t.state);
   Shot(screen, "frmCodes");
   QAbstractItemModelTester tester(screen.Model(),

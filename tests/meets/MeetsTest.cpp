@@ -131,8 +131,9 @@ TEST_F(MeetsTest, SavedMeetGetsOneCalendarRowPerDay) {
   EXPECT_EQ(meet->course, "SO");
   EXPECT_EQ(meet->end, (Date{2026, 12, 6}));
 
-  SQLite::Statement q(Db(), "SELECT DATE, Comment, StartTime, EndTime FROM tblEvents "
-                            "WHERE Type = 2 AND Athlete = ? ORDER BY DATE");
+  SQLite::Statement q(Db(),
+                      "SELECT DATE, Comment, StartTime, EndTime FROM tblEvents "
+                      "WHERE Type = 2 AND Athlete = ? ORDER BY DATE");
   q.bind(1, saved.meet);
   std::vector<std::string> days;
   while (q.executeStep()) {
@@ -217,12 +218,12 @@ TEST_F(MeetsTest, DeleteRemovesEverythingOfTheMeetOnly) {
 
   EXPECT_TRUE(DeleteOneMeet(t.state, meet));
   for (const char* table : {"RESULT", "ENTRY", "MTEVENT", "MTEVENTE", "MEET"}) {
-    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table + " WHERE Meet = " +
-                    std::to_string(gone)),
+    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table +
+                    " WHERE Meet = " + std::to_string(gone)),
               0)
         << table;
-    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table + " WHERE Meet = " +
-                    std::to_string(kept)),
+    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table +
+                    " WHERE Meet = " + std::to_string(kept)),
               1)
         << table;
   }
@@ -267,7 +268,8 @@ TEST_F(MeetsTest, MergeMovesIndividualRowsAndLeavesRelaysBehind) {
   ASSERT_TRUE(MergeMeetsAsked(t.state, *LoadMeet(Db(), from), *LoadMeet(Db(), to)));
   EXPECT_FALSE(LoadMeet(Db(), from));
   const std::string f = std::to_string(from);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'I' AND MEET = " + std::to_string(to)), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'I' AND MEET = " + std::to_string(to)),
+            1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'R' AND MEET = " + f), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = " + f), 0);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = " + f), 0);
@@ -278,8 +280,9 @@ TEST_F(MeetsTest, FailedMergeChangesNothing) {
   const int32_t from = AddMeetRow(Db(), "Bay Open", "2026-03-01");
   const int32_t to = AddMeetRow(Db(), "Cove Cup", "2026-03-01");
   AddResultRow(Db(), from, AddEventRow(Db(), "MTEVENT", from));
-  Db().exec("CREATE TRIGGER no_meet_delete BEFORE DELETE ON MEET "
-            "BEGIN SELECT RAISE(ABORT, 'locked'); END");
+  Db().exec(
+      "CREATE TRIGGER no_meet_delete BEFORE DELETE ON MEET "
+      "BEGIN SELECT RAISE(ABORT, 'locked'); END");
   EXPECT_FALSE(MergeMeet(t.state, from, to));
   EXPECT_EQ(LastShown(), meettxt::kMergeFailed);
   const std::string f = std::to_string(from);
@@ -326,9 +329,11 @@ class MeetTypesTest : public MeetsTest {
   void SetUp() override {
     MeetsTest::SetUp();
     Db().exec("DELETE FROM CODE");
-    Db().exec("INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3), "
-              "('HS', 'High School', 3), ('HS', 'High School', 0)");
-    Db().exec("INSERT INTO FAVORITES (FavName, FavMeetType, FavCourse) VALUES ('Club', 'USS', 'Y')");
+    Db().exec(
+        "INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3), "
+        "('HS', 'High School', 3), ('HS', 'High School', 0)");
+    Db().exec(
+        "INSERT INTO FAVORITES (FavName, FavMeetType, FavCourse) VALUES ('Club', 'USS', 'Y')");
   }
 };
 

@@ -4,6 +4,7 @@
 #include <QInputDialog>
 #include <QTimer>
 
+#include <SQLiteCpp/Statement.h>
 #include <fmt/format.h>
 
 #include "athletes/AthleteListScreen.h"
@@ -11,7 +12,11 @@
 #include "core/ErrorHandler.h"
 #include "core/MainWindow.h"
 #include "meets/EntriesScreen.h"
+#include "meets/CommentsScreen.h"
 #include "meets/FavoritesScreen.h"
+#include "meets/RelayLegsScreen.h"
+#include "meets/ResultsBrowserScreen.h"
+#include "meets/SplitsScreen.h"
 #include "standards/ConvertScreen.h"
 #include "standards/GoalsScreen.h"
 #include "standards/StandardScreens.h"
@@ -83,9 +88,53 @@ void ExportStandard(MainWindow& window, AppState& state) {
   if (!refusal.empty()) state.io->Tell(refusal);
 }
 
+// What the split, relay-leg and comment screens need to know of one result row.
+struct ResultFacts {
+  int32_t meet = 0;
+  int32_t athlete = 0;
+  int distance = 0;
+  int32_t score = 0;
+  int32_t split = 0;
+  std::string course;
+  std::string sex;
+};
+
+std::optional<ResultFacts> ReadResult(AppState& state, int32_t result) {
+  SQLite::Statement q(*state.gDb,
+                      "SELECT R.MEET, R.ATHLETE, R.DISTANCE, R.SCORE, R.SPLIT, R.COURSE, A.Sex "
+                      "FROM RESULT R LEFT JOIN Athlete A ON A.Athlete = R.ATHLETE "
+                      "WHERE R.RESULT = ?");
+  q.bind(1, result);
+  if (!q.executeStep()) return std::nullopt;
+  auto text = [&q](int i) { return q.getColumn(i).isNull() ? "" : q.getColumn(i).getString(); };
+  auto number = [&q](int i) { return q.getColumn(i).isNull() ? 0 : q.getColumn(i).getInt(); };
+  return ResultFacts{number(0), number(1), number(2), number(3), number(4), text(5), text(6)};
+}
+
 void ShowGoals(MainWindow& window, AppState& state, char course) {
   frmGoals screen(state, course, &window);
-  if (screen.Ready()) screen.exec();
+  if (!screen.Ready()) return;
+  screen.SetOpenSplits([&state, &screen](int32_t result) {
+    auto facts = ReadResult(state, result);
+    if (!facts) return;
+    frmSplits splits(state,
+                     SplitsRequest{result, facts->distance, facts->score, facts->split,
+                                   facts->course, "Goal Splits"},
+                     &screen);
+    splits.exec();
+  });
+  screen.SetOpenRelayLegs([&state, &screen](int32_t result) {
+    auto facts = ReadResult(state, result);
+    if (!facts) return;
+    frmRelayLegs legs(state, facts->meet, facts->athlete, facts->sex, &screen);
+    legs.exec();
+  });
+  screen.SetOpenComment([&state, &screen](int32_t result, const std::string& heading) {
+    frmComments comments(state, CommentRequest{result, heading, "", state.gAthleteName},
+                         &screen);
+    comments.exec();
+  });
+  screen.exec();
 }
 
 }  // namespace
@@ -94,6 +143,10 @@ void InstallScreens(MainWindow& window, AppState& state) {
   using C = MenuCommand;
   window.SetHandler(C::kAthletes, [&window, &state] { ShowAthletes(window, state, false); });
   window.SetAddAthleteScreen([&window, &state] { ShowAthletes(window, state, true); });
+  window.SetHandler(C::kResults, [&window, &state] {
+    frmResults screen(state, &window);
+    screen.exec();
+  });
   window.SetHandler(C::kStandardsEdit, [&window, &state] {
     frmStan screen(state, &window);
     screen.exec();

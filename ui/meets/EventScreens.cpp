@@ -55,8 +55,8 @@ frmEvntAdd::frmEvntAdd(AppState& state, EventList list, int32_t meet, int32_t mt
                        QWidget* parent)
     : QDialog(parent), state_(state), list_(list), meet_(meet) {
   setObjectName("frmEvntAdd");
-  setWindowTitle(tr("Event") + Q(list == EventList::kResults ? meettxt::kResultsTitle
-                                                              : meettxt::kEntriesTitle));
+  setWindowTitle(tr("Event") +
+                 Q(list == EventList::kResults ? meettxt::kResultsTitle : meettxt::kEntriesTitle));
   number_ = new QLineEdit(this);
   number_->setObjectName("txtMtEv");
   number_->setMaxLength(4);
@@ -133,9 +133,8 @@ frmEvntAdd::frmEvntAdd(AppState& state, EventList list, int32_t meet, int32_t mt
   MeetEvent start;
   start.lo_hi = 99;
   if (mt_event != 0) {
-    const auto on_file = RunTrapped(state_, ".LoadEventForm", [&] {
-      return LoadEvent(*state_.gDb, list_, mt_event);
-    });
+    const auto on_file = RunTrapped(state_, ".LoadEventForm",
+                                    [&] { return LoadEvent(*state_.gDb, list_, mt_event); });
     if (on_file) start = *on_file;
   }
   Fill(start);
@@ -198,9 +197,8 @@ bool frmEvntAdd::ShowEvent(int32_t mt_event) {
   }
   MeetEvent next;
   if (mt_event != 0) {
-    const auto on_file = RunTrapped(state_, ".LoadEventForm", [&] {
-      return LoadEvent(*state_.gDb, list_, mt_event);
-    });
+    const auto on_file = RunTrapped(state_, ".LoadEventForm",
+                                    [&] { return LoadEvent(*state_.gDb, list_, mt_event); });
     if (!on_file) return false;
     next = *on_file;
   } else {
@@ -222,8 +220,8 @@ QString frmEvntAdd::Status() const {
 frmCopyEvents::frmCopyEvents(AppState& state, EventList list, int32_t meet, QWidget* parent)
     : QDialog(parent), state_(state), list_(list), meet_(meet) {
   setObjectName("frmCopyEvents");
-  setWindowTitle(tr("Copy Events") + Q(list == EventList::kResults ? meettxt::kResultsTitle
-                                                                    : meettxt::kEntriesTitle));
+  setWindowTitle(tr("Copy Events") +
+                 Q(list == EventList::kResults ? meettxt::kResultsTitle : meettxt::kEntriesTitle));
   meets_ = Combo(this, "cboMeets");
   for (const MeetArrayItem& item : LoadMeetArray(state_, 0)) {
     if (item.meet != 0) meets_->addItem(Q(item.text), item.meet);
@@ -257,7 +255,9 @@ frmCopyEvents::frmCopyEvents(AppState& state, EventList list, int32_t meet, QWid
 }
 
 void frmCopyEvents::SetWhich(CopyWhich which) {
-  (which == CopyWhich::kRelay ? relay_ : which == CopyWhich::kIndividual ? individual_ : all_)
+  (which == CopyWhich::kRelay        ? relay_
+   : which == CopyWhich::kIndividual ? individual_
+                                     : all_)
       ->setChecked(true);
 }
 
@@ -266,8 +266,7 @@ bool frmCopyEvents::Copy() {
   const CopyWhich which = relay_->isChecked()        ? CopyWhich::kRelay
                           : individual_->isChecked() ? CopyWhich::kIndividual
                                                      : CopyWhich::kAll;
-  if (!CopyEventsFromMeet(state_, list_, meet_, meets_->currentData().toInt(), which))
-    return false;
+  if (!CopyEventsFromMeet(state_, list_, meet_, meets_->currentData().toInt(), which)) return false;
   accept();
   return true;
 }
@@ -278,9 +277,9 @@ frmEvent::frmEvent(AppState& state, EventList list, int32_t meet, QWidget* paren
     : QDialog(parent), state_(state), list_(list), meet_(meet) {
   setObjectName(list == EventList::kResults ? "frmEvent" : "frmEventE");
   const auto m = RunTrapped(state_, ".GetEvents", [&] { return LoadMeet(*state_.gDb, meet_); });
-  setWindowTitle(m ? Q(EventListTitle(*m, list_, state_.gDateOrder))
-                   : Q(list == EventList::kResults ? meettxt::kResultsTitle
-                                                   : meettxt::kEntriesTitle));
+  setWindowTitle(
+      m ? Q(EventListTitle(*m, list_, state_.gDateOrder))
+        : Q(list == EventList::kResults ? meettxt::kResultsTitle : meettxt::kEntriesTitle));
 
   sex_ = Combo(this, "cboSex");
   sex_->addItem(tr("All"), QString());

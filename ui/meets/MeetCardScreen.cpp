@@ -31,6 +31,7 @@ frmMeetMaint::frmMeetMaint(AppState& state, int32_t meet, QWidget* parent)
     : QDialog(parent), state_(state), meet_(meet) {
   setObjectName("frmMeetMaint");
   setWindowTitle(meet == 0 ? tr("Add Meet") : tr("Edit Meet"));
+  setMinimumWidth(460);
 
   name_ = Edit(this, "txtMName", 45);
   course_ = new QComboBox(this);

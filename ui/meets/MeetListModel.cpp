@@ -45,8 +45,8 @@ void MeetListModel::SortByColumn(int column) {
       filter_.sort = MeetSort::kName;
       break;
     case 1:
-      filter_.sort = filter_.sort == MeetSort::kStartNewest ? MeetSort::kStartOldest
-                                                            : MeetSort::kStartNewest;
+      filter_.sort =
+          filter_.sort == MeetSort::kStartNewest ? MeetSort::kStartOldest : MeetSort::kStartNewest;
       break;
     case 2:
       filter_.sort = MeetSort::kCourseNewest;
@@ -114,8 +114,7 @@ QVariant MeetListModel::headerData(int section, Qt::Orientation orientation, int
 
 Qt::ItemFlags MeetListModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
-  return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled |
-         Qt::ItemIsDropEnabled;
+  return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
 }
 
 Qt::DropActions MeetListModel::supportedDropActions() const {
@@ -140,8 +139,8 @@ bool MeetListModel::canDropMimeData(const QMimeData* data, Qt::DropAction, int, 
   return data && data->hasFormat(QString::fromLatin1(kMeetMime)) && parent.isValid();
 }
 
-bool MeetListModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row,
-                                 int column, const QModelIndex& parent) {
+bool MeetListModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                                 const QModelIndex& parent) {
   if (!canDropMimeData(data, action, row, column, parent)) return false;
   const Meet* to = MeetAt(parent.row());
   const int32_t from = data->data(QString::fromLatin1(kMeetMime)).toInt();

@@ -11,8 +11,8 @@
 #include <QVBoxLayout>
 
 #include "core/DateText.h"
-#include "core/SwimCodes.h"
 #include "core/ErrorHandler.h"
+#include "core/SwimCodes.h"
 #include "core/VbRules.h"
 #include "meets/EventScreens.h"
 #include "meets/MeetCardScreen.h"
@@ -132,8 +132,8 @@ frmMeets::frmMeets(AppState& state, QWidget* parent) : QDialog(parent), state_(s
 
 void frmMeets::LoadTypeFilter() {
   const QSignalBlocker block(type_);
-  const QString keep = type_->count() > 0 ? type_->currentData().toString()
-                                          : Q(Trim(state_.gFavoriteMeetType));
+  const QString keep =
+      type_->count() > 0 ? type_->currentData().toString() : Q(Trim(state_.gFavoriteMeetType));
   type_->clear();
   type_->addItem(tr("All Types"), QString());
   for (const MeetType& t : LoadMeetTypeCombo(state_)) type_->addItem(Q(t.abbr), Q(t.abbr));
@@ -173,9 +173,8 @@ void frmMeets::showEvent(QShowEvent* event) {
 
 void frmMeets::OfferAddWhenEmpty() {
   offered_ = true;
-  const bool none = RunTrapped(state_, "frmMeets.GetMeets", [&] {
-    return ListMeets(*state_.gDb, MeetFilter{}).empty();
-  });
+  const bool none = RunTrapped(state_, "frmMeets.GetMeets",
+                               [&] { return ListMeets(*state_.gDb, MeetFilter{}).empty(); });
   if (!none) return;
   state_.io->Message(std::string(meettxt::kNoMeetsGoToAdd) + std::string(meettxt::kCrLf) +
                          std::string(meettxt::kNoMeetsCancel),

@@ -53,8 +53,7 @@ frmCodMt::frmCodMt(AppState& state, const MeetType& original, QWidget* parent)
 }
 
 bool frmCodMt::Save() {
-  if (!SaveMeetType(state_, original_, abbr_->text().toStdString(),
-                    desc_->text().toStdString()))
+  if (!SaveMeetType(state_, original_, abbr_->text().toStdString(), desc_->text().toStdString()))
     return false;
   accept();
   return true;

@@ -117,6 +117,12 @@ frmSplits::frmSplits(AppState& state, const SplitsRequest& request, QWidget* par
 }
 
 void frmSplits::SetStep(int step) {
+  for (auto* option : steps_) {
+    if (option && option->text().toInt() == step && !option->isChecked()) {
+      const QSignalBlocker quiet(option);
+      option->setChecked(true);
+    }
+  }
   model_.SetStep(step);
   ShowStepColumns();
 }
