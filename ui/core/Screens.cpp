@@ -14,6 +14,9 @@
 #include "meets/EntriesScreen.h"
 #include "meets/CommentsScreen.h"
 #include "meets/FavoritesScreen.h"
+#include "meets/MeetListScreen.h"
+#include "meets/MeetTypeScreens.h"
+#include "meets/ResultsByNameScreen.h"
 #include "meets/RelayLegsScreen.h"
 #include "meets/ResultsBrowserScreen.h"
 #include "meets/SplitsScreen.h"
@@ -143,6 +146,22 @@ void InstallScreens(MainWindow& window, AppState& state) {
   using C = MenuCommand;
   window.SetHandler(C::kAthletes, [&window, &state] { ShowAthletes(window, state, false); });
   window.SetAddAthleteScreen([&window, &state] { ShowAthletes(window, state, true); });
+  window.SetHandler(C::kMeets, [&window, &state] {
+    frmMeets meets(state, &window);
+    meets.SetOpenResults([&state, &meets](int32_t meet) {
+      frmResNa results(state, meet, &meets);
+      results.exec();
+    });
+    meets.SetOpenEntries([&state, &meets](int32_t meet) {
+      frmEntNa entries(state, meet, &meets);
+      if (entries.Ready()) entries.exec();
+    });
+    meets.exec();
+  });
+  window.SetHandler(C::kMeetTypes, [&window, &state] {
+    frmCodes types(state, &window);
+    types.exec();
+  });
   window.SetHandler(C::kResults, [&window, &state] {
     frmResults screen(state, &window);
     screen.exec();
