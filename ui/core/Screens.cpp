@@ -13,6 +13,7 @@
 #include "core/MainWindow.h"
 #include "meets/EntriesScreen.h"
 #include "meets/CommentsScreen.h"
+#include "meets/DefaultEvents.h"
 #include "meets/FavoritesScreen.h"
 #include "meets/MeetListScreen.h"
 #include "meets/MeetTypeScreens.h"
@@ -149,10 +150,12 @@ void InstallScreens(MainWindow& window, AppState& state) {
   window.SetHandler(C::kMeets, [&window, &state] {
     frmMeets meets(state, &window);
     meets.SetOpenResults([&state, &meets](int32_t meet) {
+      if (!OfferDefaultEvents(state, EventList::kResults, meet)) return;
       frmResNa results(state, meet, &meets);
       results.exec();
     });
     meets.SetOpenEntries([&state, &meets](int32_t meet) {
+      if (!OfferDefaultEvents(state, EventList::kEntries, meet)) return;
       frmEntNa entries(state, meet, &meets);
       if (entries.Ready()) entries.exec();
     });

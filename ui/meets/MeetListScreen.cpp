@@ -14,6 +14,7 @@
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
 #include "core/VbRules.h"
+#include "meets/DefaultEvents.h"
 #include "meets/EventScreens.h"
 #include "meets/MeetCardScreen.h"
 #include "meets/MeetListModel.h"
@@ -238,6 +239,8 @@ void frmMeets::Delete() {
 }
 
 void frmMeets::OpenEvents(EventList list, int32_t meet) {
+  // A meet without individual events is offered its course's default events first.
+  OfferDefaultEvents(state_, list, meet);
   auto* events = new frmEvent(state_, list, meet, this);
   events->setAttribute(Qt::WA_DeleteOnClose);
   events->open();
