@@ -4,6 +4,10 @@
 
 #include <sstream>
 
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
+
 #include "Commands.h"
 #include "core/FileOps.h"
 #include "support/TempHome.h"
@@ -129,6 +133,71 @@ TEST_F(Cli, DamagedFileAsksBeforeRepair) {
   Outcome fixed = Kvlr({"--yes", "check-db", Db("family.mdb")});
   EXPECT_EQ(fixed.code, 0) << fixed.err;
   EXPECT_NE(fixed.out.find("\nAthlete\t0\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kvlr
+
+namespace kvlr {
+namespace {
+
+// A family's season through the tool: swimmers, a meet and its swims, best times, a standard.
+TEST_F(Cli, ASeasonThroughTheTool) {
+  const std::string db = Db("family.mdb");
+  ASSERT_EQ(Kvlr({"new-db", db}).code, 0);
+  Outcome added = Kvlr({"add-athlete", "--db", db, "--last", "O'Brien", "--first", "Maeve",
+                        "--sex", "F", "--birth", "2014-03-09"});
+  ASSERT_EQ(added.code, 0) << added.err;
+  ASSERT_EQ(added.out.rfind("Athlete\n", 0), 0u) << added.out;
+  const std::string athlete = added.out.substr(8, added.out.size() - 9);
+  {
+    SQLite::Database file(db, SQLite::OPEN_READWRITE);
+    file.exec("INSERT INTO MEET (Meet, MName, Start, \"End\", Course, Type) VALUES "
+              "(1, 'Harbor Winter Classic', '2026-12-05', '2026-12-06', 'Y', 'AG')");
+    file.exec("INSERT INTO MTEVENT (Meet, MtEv, Lo_Hi, Course, MtEvent, Distance, Stroke, Sex, "
+              "I_R) VALUES (1, 3, 1112, 'Y', 30, 100, 2, 'F', 'I')");
+    SQLite::Statement swim(file,
+                           "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, MTEVENT, "
+                           "DISTANCE, STROKE, COURSE, AGE) VALUES (1, ?, 'I', ?, ?, 0, 30, 100, "
+                           "2, 'Y', 12)");
+    for (auto [score, round] : {std::pair{6512, "P"}, std::pair{6398, "F"}}) {
+      swim.reset();
+      SQLite::bind(swim, std::stoi(athlete), score, round);
+      swim.exec();
+    }
+  }
+  EXPECT_EQ(Kvlr({"rank", "--db", db}).code, 0);
+
+  Outcome meets = Kvlr({"meets", "--db", db});
+  ASSERT_EQ(meets.code, 0) << meets.err;
+  EXPECT_NE(meets.out.find("Harbor Winter Classic\t2026-12-05\t2026-12-06\tY\tAG"),
+            std::string::npos)
+      << meets.out;
+
+  Outcome results = Kvlr({"results", "--db", db, "--athlete", athlete, "--convert", "L"});
+  ASSERT_EQ(results.code, 0) << results.err;
+  EXPECT_NE(results.out.find("1:03.98"), std::string::npos) << results.out;
+  EXPECT_NE(results.out.find("1:05.12"), std::string::npos) << results.out;
+
+  Outcome best = Kvlr({"best", "--db", db, "--athlete", athlete, "--course", "Y"});
+  ASSERT_EQ(best.code, 0) << best.err;
+  EXPECT_NE(best.out.find("100\tBack\t1:03.98Y\tY\tHarbor Winter Classic"), std::string::npos)
+      << best.out;
+
+  // A standard goes out and comes back the same.
+  const std::string csv = Db("girls.csv");
+  WriteFileAtomically(csv,
+                      "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,A Y Faster,A Y Slower,A S Faster,"
+                      "A S Slower,A L Faster,A L Slower\n"
+                      "F,I,11,12,100,2,1:10.00,1:04.00,,,,\n");
+  Outcome imported = Kvlr({"standard-import", "--db", db, "GIRLS", csv});
+  ASSERT_EQ(imported.code, 0) << imported.err;
+  ASSERT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", Db("again.csv")}).code, 0);
+  EXPECT_NE(ReadWholeFile(Db("again.csv")).find("F,I,11,12,100,2,1:10.00,1:04.00"),
+            std::string::npos)
+      << ReadWholeFile(Db("again.csv"));
+  WriteFileAtomically(csv, "Sex,I_R\nF\n");
+  EXPECT_EQ(Kvlr({"standard-import", "--db", db, "BAD", csv}).code, 1);
 }
 
 }  // namespace
