@@ -19,22 +19,15 @@
 #include "core/SwimCodes.h"
 #include "meets/EventListModel.h"
 #include "meets/MeetTexts.h"
+#include "meets/ScreenParts.h"
 
 namespace kvlr {
 namespace {
 
-QString Q(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using screen::Button;
+using screen::Q;
 
 constexpr int kDistances[] = {25, 50, 100, 200, 400, 500, 800, 1000, 1500, 1650};
-
-QPushButton* Button(QWidget* parent, const QString& text, const char* name) {
-  auto* button = new QPushButton(text, parent);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
-  return button;
-}
 
 QComboBox* Combo(QWidget* parent, const char* name) {
   auto* box = new QComboBox(parent);
@@ -323,20 +316,11 @@ frmEvent::frmEvent(AppState& state, EventList list, int32_t meet, QWidget* paren
   filters->addStretch();
   filters->addWidget(sort_caption_);
 
-  auto* commands = new QHBoxLayout;
-  const auto add = [&](const QString& text, const char* name, void (frmEvent::*slot)()) {
-    QPushButton* b = Button(this, text, name);
-    connect(b, &QPushButton::clicked, this, slot);
-    commands->addWidget(b);
-  };
-  add(tr("Add"), "cmdAdd", &frmEvent::Add);
-  add(tr("Edit"), "cmdEdit", &frmEvent::Edit);
-  add(tr("Delete"), "cmdDelete", &frmEvent::Delete);
-  add(tr("Copy Events"), "cmdCopy", &frmEvent::CopyEvents);
-  commands->addStretch();
-  QPushButton* close = Button(this, tr("Close"), "cmdClose");
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  commands->addWidget(close);
+  QHBoxLayout* commands =
+      screen::CommandBar<frmEvent>(this, {{tr("Add"), "cmdAdd", &frmEvent::Add},
+                                          {tr("Edit"), "cmdEdit", &frmEvent::Edit},
+                                          {tr("Delete"), "cmdDelete", &frmEvent::Delete},
+                                          {tr("Copy Events"), "cmdCopy", &frmEvent::CopyEvents}});
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(commands);

@@ -21,20 +21,13 @@
 #include "meets/MeetTexts.h"
 #include "meets/MeetTypeScreens.h"
 #include "meets/MeetTypes.h"
+#include "meets/ScreenParts.h"
 
 namespace kvlr {
 namespace {
 
-QString Q(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QPushButton* Button(QWidget* parent, const QString& text, const char* name) {
-  auto* button = new QPushButton(text, parent);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
-  return button;
-}
+using screen::Button;
+using screen::Q;
 
 }  // namespace
 
@@ -100,24 +93,15 @@ frmMeets::frmMeets(AppState& state, QWidget* parent) : QDialog(parent), state_(s
   connect(type_, &QComboBox::currentIndexChanged, this, &frmMeets::ApplyFilters);
   connect(since_, &QLineEdit::editingFinished, this, &frmMeets::ApplyFilters);
 
-  auto* commands = new QHBoxLayout;
-  const auto add = [&](const QString& text, const char* name, void (frmMeets::*slot)()) {
-    QPushButton* b = Button(this, text, name);
-    connect(b, &QPushButton::clicked, this, slot);
-    commands->addWidget(b);
-  };
-  add(tr("Add"), "cmdAdd", &frmMeets::Add);
-  add(tr("Edit"), "cmdEdit", &frmMeets::Edit);
-  add(tr("Delete"), "cmdDelete", &frmMeets::Delete);
-  add(tr("Result Events"), "cmdResultEvents", &frmMeets::ResultEvents);
-  add(tr("Entry Events"), "cmdEntryEvents", &frmMeets::EntryEvents);
-  add(tr("Results"), "cmdResults", &frmMeets::Results);
-  add(tr("Entries"), "cmdEntries", &frmMeets::Entries);
-  add(tr("Meet Types"), "cmdMeetTypes", &frmMeets::MeetTypes);
-  commands->addStretch();
-  QPushButton* close = Button(this, tr("Close"), "cmdClose");
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  commands->addWidget(close);
+  QHBoxLayout* commands = screen::CommandBar<frmMeets>(
+      this, {{tr("Add"), "cmdAdd", &frmMeets::Add},
+             {tr("Edit"), "cmdEdit", &frmMeets::Edit},
+             {tr("Delete"), "cmdDelete", &frmMeets::Delete},
+             {tr("Result Events"), "cmdResultEvents", &frmMeets::ResultEvents},
+             {tr("Entry Events"), "cmdEntryEvents", &frmMeets::EntryEvents},
+             {tr("Results"), "cmdResults", &frmMeets::Results},
+             {tr("Entries"), "cmdEntries", &frmMeets::Entries},
+             {tr("Meet Types"), "cmdMeetTypes", &frmMeets::MeetTypes}});
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(commands);

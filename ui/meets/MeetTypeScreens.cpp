@@ -11,20 +11,13 @@
 
 #include "meets/MeetTexts.h"
 #include "meets/MeetTypeModel.h"
+#include "meets/ScreenParts.h"
 
 namespace kvlr {
 namespace {
 
-QString Q(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QPushButton* Button(QWidget* parent, const QString& text, const char* name) {
-  auto* button = new QPushButton(text, parent);
-  button->setObjectName(name);
-  button->setAutoDefault(false);
-  return button;
-}
+using screen::Button;
+using screen::Q;
 
 }  // namespace
 
@@ -77,20 +70,11 @@ frmCodes::frmCodes(AppState& state, QWidget* parent) : QDialog(parent), state_(s
           [this](int column) { model_->SortByColumn(column); });
   connect(grid_, &QTableView::doubleClicked, this, [this] { Edit(); });
 
-  auto* commands = new QHBoxLayout;
-  const auto add = [&](const QString& text, const char* name, void (frmCodes::*slot)()) {
-    QPushButton* b = Button(this, text, name);
-    connect(b, &QPushButton::clicked, this, slot);
-    commands->addWidget(b);
-  };
-  add(tr("Add"), "cmdAdd", &frmCodes::Add);
-  add(tr("Edit"), "cmdEdit", &frmCodes::Edit);
-  add(tr("Delete"), "cmdDelete", &frmCodes::Delete);
-  add(tr("Help"), "cmdHelp", &frmCodes::Help);
-  commands->addStretch();
-  QPushButton* close = Button(this, tr("Close"), "cmdClose");
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  commands->addWidget(close);
+  QHBoxLayout* commands =
+      screen::CommandBar<frmCodes>(this, {{tr("Add"), "cmdAdd", &frmCodes::Add},
+                                          {tr("Edit"), "cmdEdit", &frmCodes::Edit},
+                                          {tr("Delete"), "cmdDelete", &frmCodes::Delete},
+                                          {tr("Help"), "cmdHelp", &frmCodes::Help}});
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(commands);
