@@ -7,6 +7,7 @@
 #include "athletes/AthleteTexts.h"
 #include "athletes/CardTimes.h"
 #include "athletes/CurrentAthlete.h"
+#include "core/Columns.h"
 #include "core/ErrorHandler.h"
 #include "core/VbRules.h"
 
@@ -14,10 +15,6 @@ namespace kvlr {
 namespace {
 
 namespace txt = athlete_text;
-
-std::string TextOf(const SQLite::Column& column) {
-  return column.isNull() ? std::string() : column.getString();
-}
 
 // Column names joined as "a, b, c" or, with a suffix, "a = ?, b = ?".
 template <size_t N>

@@ -4,15 +4,12 @@
 #include <fmt/format.h>
 
 #include "athletes/AthleteTexts.h"
+#include "core/Columns.h"
 #include "core/DateText.h"
 #include "core/VbRules.h"
 
 namespace kvlr {
 namespace {
-
-std::string TextOf(const SQLite::Column& column) {
-  return column.isNull() ? std::string() : column.getString();
-}
 
 // The ORDER BY text of a column; names only, never values.
 std::string OrderBy(std::optional<ListColumn> sort, bool descending) {

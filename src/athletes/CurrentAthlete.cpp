@@ -2,15 +2,12 @@
 
 #include <SQLiteCpp/Statement.h>
 
+#include "core/Columns.h"
 #include "core/DateText.h"
 #include "core/VbRules.h"
 
 namespace kvlr {
 namespace {
-
-std::string TextOf(const SQLite::Column& column) {
-  return column.isNull() ? std::string() : column.getString();
-}
 
 // A stored date (a time of day counts by its date part); `fallback` when none or unreadable.
 Date DateOr(const SQLite::Column& column, Date fallback) {

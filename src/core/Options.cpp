@@ -3,6 +3,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "core/Columns.h"
 #include "core/SwimCodes.h"
 
 namespace kvlr {
@@ -15,9 +16,6 @@ double DoubleOr0(const SQLite::Column& c) {
 }
 int IntOr0(const SQLite::Column& c) {
   return c.isNull() ? 0 : c.getInt();
-}
-std::string TextOrEmpty(const SQLite::Column& c) {
-  return c.isNull() ? "" : c.getString();
 }
 
 void AddDefaultRow(AppState& state) {
@@ -53,7 +51,7 @@ void GetOptions(AppState& state) {
   state.gY2L = IntOr0(query.getColumn(10)) != 0;
   state.gBackupDays = static_cast<uint8_t>(IntOr0(query.getColumn(11)));
   state.gUpdateDays = static_cast<uint8_t>(IntOr0(query.getColumn(12)));
-  state.gFavorite = TextOrEmpty(query.getColumn(13));
+  state.gFavorite = TextOf(query.getColumn(13));
   state.gRptUCase = IntOr0(query.getColumn(14)) != 0;
   state.gUseLeadOff = IntOr0(query.getColumn(15)) != 0;
   state.gFavSex = IntOr0(query.getColumn(16));
@@ -67,7 +65,7 @@ fs::path GetDirectories(const AppState& state, DirectoryKind which) {
       "SELECT BackupDir FROM OPTIONS LIMIT 1", "SELECT ReportDir FROM OPTIONS LIMIT 1"};
   SQLite::Statement query(*state.gDb, kSelect[static_cast<int>(which)]);
   if (query.executeStep()) {
-    std::string folder = TextOrEmpty(query.getColumn(0));
+    std::string folder = TextOf(query.getColumn(0));
     std::error_code ec;
     if (!folder.empty() && fs::is_directory(folder, ec)) return folder;
   }

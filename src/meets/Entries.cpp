@@ -4,6 +4,7 @@
 
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "core/Columns.h"
 #include "core/DateText.h"
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
@@ -13,14 +14,6 @@
 
 namespace kvlr {
 namespace {
-
-std::string TextOf(const SQLite::Column& c) {
-  return c.isNull() ? std::string() : c.getString();
-}
-
-std::optional<Date> DateOf(const SQLite::Column& c) {
-  return c.isNull() ? std::nullopt : Date::FromIso(c.getString());
-}
 
 // The writers work on state.gCurrentMeet; the sheet's meet stands there for one call.
 class CurrentMeetScope {

@@ -3,6 +3,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "core/Columns.h"
 #include "core/ErrorHandler.h"
 #include "core/VbRules.h"
 #include "meets/EntryTexts.h"
@@ -11,10 +12,6 @@ namespace kvlr {
 namespace {
 
 constexpr size_t kNameSize = 8;
-
-std::string TextOf(const SQLite::Column& c) {
-  return c.isNull() ? std::string() : c.getString();
-}
 
 std::string Joined(std::initializer_list<std::string_view> parts) {
   std::string out;

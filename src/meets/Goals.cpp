@@ -7,6 +7,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "core/Columns.h"
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
 #include "core/TimeText.h"
@@ -16,10 +17,6 @@ namespace kvlr {
 namespace {
 
 constexpr std::string_view kGoalFp = "F";
-
-std::string TextOf(const SQLite::Column& c) {
-  return c.isNull() ? std::string() : c.getString();
-}
 
 std::optional<int32_t> FindGoalMeet(SQLite::Database& db, char course) {
   // Only the first five letters count, so any "Goals..." meet of the course is taken.

@@ -7,6 +7,7 @@
 #include <SQLiteCpp/VariadicBind.h>
 #include <fmt/format.h>
 
+#include "core/Columns.h"
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
 #include "core/VbRules.h"
@@ -20,22 +21,18 @@ using namespace meettxt;
 constexpr const char* kEventColumns =
     "Meet, MtEv, MtEvX, Lo_Hi, Course, MtEvent, Distance, Stroke, Sex, I_R";
 
-std::string Text(const SQLite::Column& c) {
-  return c.isNull() ? std::string() : c.getString();
-}
-
 MeetEvent ReadEvent(SQLite::Statement& q) {
   MeetEvent e;
   e.meet = q.getColumn(0).getInt();
   e.mtev = static_cast<int16_t>(q.getColumn(1).getInt());
-  e.mtevx = Trim(Text(q.getColumn(2)));
+  e.mtevx = Trim(TextOf(q.getColumn(2)));
   e.lo_hi = static_cast<int16_t>(q.getColumn(3).getInt());
-  e.course = Text(q.getColumn(4));
+  e.course = TextOf(q.getColumn(4));
   e.mt_event = q.getColumn(5).getInt();
   e.distance = static_cast<int16_t>(q.getColumn(6).getInt());
   e.stroke = static_cast<int16_t>(q.getColumn(7).getInt());
-  e.sex = Text(q.getColumn(8));
-  e.i_r = Text(q.getColumn(9));
+  e.sex = TextOf(q.getColumn(8));
+  e.i_r = TextOf(q.getColumn(9));
   return e;
 }
 

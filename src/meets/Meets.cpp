@@ -9,6 +9,7 @@
 #include <SQLiteCpp/VariadicBind.h>
 #include <fmt/format.h>
 
+#include "core/Columns.h"
 #include "core/DateText.h"
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
@@ -26,25 +27,18 @@ constexpr std::array<const char*, 12> kMonths = {"Jan", "Feb", "Mar", "Apr", "Ma
 constexpr const char* kMeetColumns =
     "Meet, MName, Start, End, AgeUp, Since, Course, Location, Remarks, Type";
 
-std::string Text(const SQLite::Column& c) {
-  return c.isNull() ? std::string() : c.getString();
-}
-std::optional<Date> DateOf(const SQLite::Column& c) {
-  return c.isNull() ? std::nullopt : Date::FromIso(c.getString());
-}
-
 Meet ReadMeet(SQLite::Statement& q) {
   Meet m;
   m.meet = q.getColumn(0).getInt();
-  m.mname = Text(q.getColumn(1));
+  m.mname = TextOf(q.getColumn(1));
   m.start = DateOf(q.getColumn(2));
   m.end = DateOf(q.getColumn(3));
   m.age_up = DateOf(q.getColumn(4));
   m.since = DateOf(q.getColumn(5));
-  m.course = Text(q.getColumn(6));
-  m.location = Text(q.getColumn(7));
-  m.remarks = Text(q.getColumn(8));
-  m.type = Text(q.getColumn(9));
+  m.course = TextOf(q.getColumn(6));
+  m.location = TextOf(q.getColumn(7));
+  m.remarks = TextOf(q.getColumn(8));
+  m.type = TextOf(q.getColumn(9));
   return m;
 }
 
@@ -413,7 +407,7 @@ std::vector<MeetArrayItem> LoadMeetArray(AppState& state, int course_index) {
     while (q.executeStep()) {
       const auto start = DateOf(q.getColumn(2));
       list.push_back({q.getColumn(0).getInt(), (start ? MeetMediumDate(*start) : std::string()) +
-                                                   "  " + Text(q.getColumn(1))});
+                                                   "  " + TextOf(q.getColumn(1))});
     }
   } catch (const std::exception& e) {
     ReportError(state, "basUtil.LoadMeetArray", e);

@@ -3,23 +3,14 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "core/Columns.h"
 #include "core/DateText.h"
 #include "core/TimeText.h"
 #include "core/VbRules.h"
 #include "meets/ResultTexts.h"
 
 namespace kvlr {
-namespace {
-
-std::string Text(const SQLite::Column& c) {
-  return c.isNull() ? std::string() : c.getString();
-}
-
-std::optional<Date> DateOf(const SQLite::Column& c) {
-  return c.isNull() ? std::nullopt : Date::FromIso(c.getString());
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::vector<ResNaSwimmer> ActiveSwimmers(SQLite::Database& db) {
   SQLite::Statement q(
@@ -30,9 +21,9 @@ std::vector<ResNaSwimmer> ActiveSwimmers(SQLite::Database& db) {
   while (q.executeStep()) {
     ResNaSwimmer s;
     s.athlete = q.getColumn(0).getInt();
-    s.last = Text(q.getColumn(1));
-    s.first = Text(q.getColumn(2));
-    s.sex = Text(q.getColumn(3));
+    s.last = TextOf(q.getColumn(1));
+    s.first = TextOf(q.getColumn(2));
+    s.sex = TextOf(q.getColumn(3));
     s.birth = DateOf(q.getColumn(4));
     s.age = static_cast<int16_t>(q.getColumn(5).getInt());
     out.push_back(std::move(s));
@@ -51,12 +42,12 @@ std::vector<ResNaEvent> IndividualEvents(SQLite::Database& db, int32_t meet, std
     ResNaEvent e;
     e.meet = meet;
     e.mt_event = q.getColumn(0).getInt();
-    e.mt_ev = Text(q.getColumn(1)) + Trim(Text(q.getColumn(2)));
+    e.mt_ev = TextOf(q.getColumn(1)) + Trim(TextOf(q.getColumn(2)));
     e.lo_hi = q.getColumn(3).getInt();
-    e.sex = Text(q.getColumn(4));
+    e.sex = TextOf(q.getColumn(4));
     e.distance = static_cast<int16_t>(q.getColumn(5).getInt());
     e.stroke = static_cast<int16_t>(q.getColumn(6).getInt());
-    e.course = Trim(Text(q.getColumn(7)));
+    e.course = Trim(TextOf(q.getColumn(7)));
     out.push_back(std::move(e));
   }
   return out;
@@ -74,8 +65,8 @@ ResNaCell FetchResNaCell(SQLite::Database& db, int32_t meet, int32_t athlete, in
   cell.result = q.getColumn(0).getInt64();
   cell.score = q.getColumn(1).getInt();
   cell.nt = q.getColumn(2).getInt();
-  cell.ex = Trim(Text(q.getColumn(3)));
-  cell.course = Trim(Text(q.getColumn(4)));
+  cell.ex = Trim(TextOf(q.getColumn(3)));
+  cell.course = Trim(TextOf(q.getColumn(4)));
   cell.place = static_cast<int16_t>(q.getColumn(5).getInt());
   cell.split = q.getColumn(6).getInt();
   return cell;

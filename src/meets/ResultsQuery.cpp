@@ -6,6 +6,7 @@
 #include <SQLiteCpp/Transaction.h>
 #include <fmt/format.h>
 
+#include "core/Columns.h"
 #include "core/DateText.h"
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
@@ -32,10 +33,6 @@ constexpr std::string_view kCourseClause =
     " AND ((RESULT.COURSE = ? OR (TRIM(IFNULL(RESULT.COURSE, '')) = '' AND "
     "IFNULL(RESULT.NT, 0) > 0)) OR (TRIM(IFNULL(RESULT.COURSE, '')) = '' AND "
     "(RESULT.STROKE = 6 OR RESULT.STROKE = 7)))";
-
-std::string Text(const SQLite::Column& c) {
-  return c.isNull() ? std::string() : c.getString();
-}
 
 }  // namespace
 
@@ -163,10 +160,10 @@ std::vector<ResultRecord> RunResults(SQLite::Database& db, const ResultsPlan& pl
     r.result = q.getColumn(0).getInt64();
     r.meet = q.getColumn(1).getInt();
     r.athlete = q.getColumn(2).getInt();
-    r.i_r = Text(q.getColumn(3));
-    r.f_p = Text(q.getColumn(4));
-    r.ex = Text(q.getColumn(5));
-    r.course = Text(q.getColumn(6));
+    r.i_r = TextOf(q.getColumn(3));
+    r.f_p = TextOf(q.getColumn(4));
+    r.ex = TextOf(q.getColumn(5));
+    r.course = TextOf(q.getColumn(6));
     r.score = q.getColumn(7).getInt();
     r.nt = q.getColumn(8).getInt();
     r.age = static_cast<int16_t>(q.getColumn(9).getInt());
@@ -176,12 +173,12 @@ std::vector<ResultRecord> RunResults(SQLite::Database& db, const ResultsPlan& pl
     r.split = q.getColumn(13).getInt();
     r.mt_event = q.getColumn(14).getInt();
     r.mt_ev = (q.getColumn(15).isNull() ? std::string() : q.getColumn(15).getString()) +
-              Trim(Text(q.getColumn(16)));
+              Trim(TextOf(q.getColumn(16)));
     r.lo_hi = q.getColumn(17).getInt();
-    r.meet_name = Text(q.getColumn(18));
-    r.start = Date::FromIso(Text(q.getColumn(19)));
-    r.comment = Text(q.getColumn(20));
-    r.sex = Text(q.getColumn(21));
+    r.meet_name = TextOf(q.getColumn(18));
+    r.start = Date::FromIso(TextOf(q.getColumn(19)));
+    r.comment = TextOf(q.getColumn(20));
+    r.sex = TextOf(q.getColumn(21));
     rows.push_back(std::move(r));
   }
   return rows;
@@ -303,9 +300,9 @@ std::vector<MeetChoice> BrowserMeets(SQLite::Database& db) {
   q.bind(1, kPseudoMeetStart.Iso());
   std::vector<MeetChoice> out;
   while (q.executeStep()) {
-    const auto start = Date::FromIso(Text(q.getColumn(2)));
-    out.push_back({q.getColumn(0).getInt(),
-                   (start ? MediumDateText(*start) + " " : std::string()) + Text(q.getColumn(1))});
+    const auto start = Date::FromIso(TextOf(q.getColumn(2)));
+    out.push_back({q.getColumn(0).getInt(), (start ? MediumDateText(*start) + " " : std::string()) +
+                                                TextOf(q.getColumn(1))});
   }
   return out;
 }
@@ -313,7 +310,7 @@ std::vector<MeetChoice> BrowserMeets(SQLite::Database& db) {
 std::vector<std::pair<std::string, std::string>> MeetTypes(SQLite::Database& db) {
   SQLite::Statement q(db, "SELECT ABBR, DESC FROM CODE WHERE TYPE = 3 ORDER BY ABBR");
   std::vector<std::pair<std::string, std::string>> out;
-  while (q.executeStep()) out.emplace_back(Text(q.getColumn(0)), Text(q.getColumn(1)));
+  while (q.executeStep()) out.emplace_back(TextOf(q.getColumn(0)), TextOf(q.getColumn(1)));
   return out;
 }
 

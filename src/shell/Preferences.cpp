@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "core/Columns.h"
 #include "core/ErrorHandler.h"
 
 namespace kvlr {
@@ -14,10 +15,6 @@ namespace {
 int IntOr(const SQLite::Column& c, int fallback) {
   return c.isNull() ? fallback : c.getInt();
 }
-std::string TextOf(const SQLite::Column& c) {
-  return c.isNull() ? "" : c.getString();
-}
-
 }  // namespace
 
 SystemPreferences LoadSystemPreferences(AppState& state) {
