@@ -3,7 +3,7 @@
 set -euo pipefail
 build=${1:-build}
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
-  echo "No display found: the desktop program needs one (try xvfb-run make run)."
+  echo "No display found: the desktop program needs one (xvfb-run from the xvfb package gives a virtual one)."
   echo "The command-line tool works without one:"
   echo
   "$build/cli/kvlr" --help
