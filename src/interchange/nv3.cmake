@@ -1,0 +1,1 @@
+target_sources(kvlr_interchange PRIVATE)

@@ -1,0 +1,1 @@
+# tests of the NV3 records
