@@ -1,1 +1,1 @@
-target_sources(kvlr_interchange PRIVATE)
+target_sources(kvlr_interchange PRIVATE Nv3CheckSum.cpp Nv3Records.cpp)
