@@ -96,6 +96,9 @@ class EventsTest : public ::testing::Test {
   }
   SQLite::Database& Db() { return *t.state.gDb; }
   long long Count(const std::string& sql) { return test::QueryNumber(Db(), sql); }
+  long long Count(const std::string& sql, long long value) {
+    return test::QueryNumber(Db(), sql, value);
+  }
   std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
   EventForm Form(const std::string& number, int stroke = 1, int distance = 100,
                  const std::string& sex = "F") {
@@ -180,9 +183,7 @@ TEST_F(EventsTest, ResultEventWithResultsChangesOnlyDiveCount) {
   EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, dive_edit).status,
             EventSaveStatus::kUpdated);
   EXPECT_EQ(LoadEvent(Db(), EventList::kResults, dive)->distance, 11);
-  EXPECT_EQ(
-      Count("SELECT COUNT(*) FROM RESULT WHERE STROKE = 6 AND MTEVENT = " + std::to_string(dive)),
-      1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE STROKE = 6 AND MTEVENT = ?", dive), 1);
 
   for (EventForm bad : {Form("2", 6, 8), Form("2", 7, 6), Form("3", 6, 6), Form("2", 6, 6, "M")}) {
     bad.mt_event = dive;
@@ -282,7 +283,7 @@ TEST_F(CopyEventsTest, RefusalsBeforeAnyChange) {
   AddResultRow(Db(), meet, 77);
   EXPECT_FALSE(CopyEventsFromMeet(t.state, EventList::kResults, meet, source, CopyWhich::kAll));
   EXPECT_EQ(LastShown(), meettxt::kMeetHasResults);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = " + std::to_string(meet)), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = ?", meet), 1);
 }
 
 TEST_F(CopyEventsTest, OverwriteAskedAndSourceKindChosen) {
@@ -293,7 +294,7 @@ TEST_F(CopyEventsTest, OverwriteAskedAndSourceKindChosen) {
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(CopyEventsFromMeet(t.state, EventList::kEntries, meet, source, CopyWhich::kAll));
   EXPECT_EQ(t.io.shown.back().title, meettxt::kOverwriteEntryEventsTitle);
-  EXPECT_EQ(Count("SELECT MtEv FROM MTEVENTE WHERE Meet = " + std::to_string(meet)), 9);
+  EXPECT_EQ(Count("SELECT MtEv FROM MTEVENTE WHERE Meet = ?", meet), 9);
 
   ASSERT_TRUE(CopyEventsFromMeet(t.state, EventList::kEntries, meet, source, CopyWhich::kRelay));
   const auto rows = ListEvents(Db(), EventList::kEntries, meet, {});
@@ -306,7 +307,7 @@ TEST_F(CopyEventsTest, ResultEventsOfSourceTakenAfterMessage) {
   AddEventRow(Db(), "MTEVENT", source, 3);
   ASSERT_TRUE(CopyEventsFromMeet(t.state, EventList::kResults, meet, source, CopyWhich::kAll));
   EXPECT_TRUE(t.io.Saw(meettxt::kNoEntryEventsFound));
-  EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Meet = " + std::to_string(meet)), 3);
+  EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Meet = ?", meet), 3);
 }
 
 TEST_F(CopyEventsTest, EmptySourceKeepsTargetEvents) {
@@ -314,7 +315,7 @@ TEST_F(CopyEventsTest, EmptySourceKeepsTargetEvents) {
   EXPECT_FALSE(CopyEventsFromMeet(t.state, EventList::kResults, meet, source, CopyWhich::kAll));
   EXPECT_EQ(t.io.shown[0].title, meettxt::kOverwriteEventsTitle);
   EXPECT_EQ(LastShown(), meettxt::kSourceHasNoEvents);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = " + std::to_string(meet)), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", meet), 1);
 }
 
 TEST(DefaultEventLists, StandardEventsOfEachCourse) {

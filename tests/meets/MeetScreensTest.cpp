@@ -43,6 +43,9 @@ class MeetScreens : public ::testing::Test {
   }
   SQLite::Database& Db() { return *t.state.gDb; }
   long long Count(const std::string& sql) { return test::QueryNumber(Db(), sql); }
+  long long Count(const std::string& sql, long long value) {
+    return test::QueryNumber(Db(), sql, value);
+  }
   std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
   template <typename T>
   static T* Child(QObject* parent, const char* name) {
@@ -305,7 +308,7 @@ TEST_F(MeetScreens, ResultListOffersEntryEventsAndCopiesFromAnotherMeet) {
   copy.SetWhich(CopyWhich::kRelay);
   ASSERT_TRUE(copy.Copy());
   EXPECT_TRUE(t.io.Saw(meettxt::kNoEntryEventsFound));
-  EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Meet = " + std::to_string(meet)), 8);
+  EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Meet = ?", meet), 8);
 }
 
 }  // namespace

@@ -43,6 +43,9 @@ class MeetsTest : public ::testing::Test {
   void SetUp() override { test::MakeOpenDatabase(t); }
   SQLite::Database& Db() { return *t.state.gDb; }
   long long Count(const std::string& sql) { return test::QueryNumber(Db(), sql); }
+  long long Count(const std::string& sql, long long value) {
+    return test::QueryNumber(Db(), sql, value);
+  }
   std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
   static std::vector<std::string> Names(const std::vector<Meet>& rows) {
     std::vector<std::string> names;
@@ -218,13 +221,9 @@ TEST_F(MeetsTest, DeleteRemovesEverythingOfTheMeetOnly) {
 
   EXPECT_TRUE(DeleteOneMeet(t.state, meet));
   for (const char* table : {"RESULT", "ENTRY", "MTEVENT", "MTEVENTE", "MEET"}) {
-    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table +
-                    " WHERE Meet = " + std::to_string(gone)),
-              0)
+    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table + " WHERE Meet = ?", gone), 0)
         << table;
-    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table +
-                    " WHERE Meet = " + std::to_string(kept)),
-              1)
+    EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table + " WHERE Meet = ?", kept), 1)
         << table;
   }
   EXPECT_EQ(Count("SELECT COUNT(*) FROM tblEvents"), 1);
@@ -268,8 +267,7 @@ TEST_F(MeetsTest, MergeMovesIndividualRowsAndLeavesRelaysBehind) {
   ASSERT_TRUE(MergeMeetsAsked(t.state, *LoadMeet(Db(), from), *LoadMeet(Db(), to)));
   EXPECT_FALSE(LoadMeet(Db(), from));
   const std::string f = std::to_string(from);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'I' AND MEET = " + std::to_string(to)),
-            1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'I' AND MEET = ?", to), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'R' AND MEET = " + f), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = " + f), 0);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = " + f), 0);

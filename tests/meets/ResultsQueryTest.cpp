@@ -344,8 +344,10 @@ TEST(ResultCellsTest, StandardAgeRule) {
 }
 
 TEST_F(ResultsQuery, DeleteAsksThenRemovesSplitsAndReranks) {
-  Db().exec("INSERT INTO SPLITS (SplitID, SplitIndex, Split) VALUES (" + std::to_string(r1) +
-            ", 2, 2900)");
+  SQLite::Statement split(Db(),
+                          "INSERT INTO SPLITS (SplitID, SplitIndex, Split) VALUES (?, 2, 2900)");
+  split.bind(1, static_cast<int64_t>(r1));
+  split.exec();
   ResultFilter f = Swimmer1();
   auto rows = Run(f);
   const ResultRecord first = rows.front();
@@ -363,12 +365,9 @@ TEST_F(ResultsQuery, DeleteAsksThenRemovesSplitsAndReranks) {
             "remove this result?\r\n");
 
   EXPECT_TRUE(DeleteOneResult(t.state, first, "Robin Lane"));
-  EXPECT_EQ(
-      test::QueryNumber(Db(), "SELECT count(*) FROM RESULT WHERE RESULT = " + std::to_string(r1)),
-      0);
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM RESULT WHERE RESULT = ?", r1), 0);
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM SPLITS"), 0);
-  EXPECT_EQ(
-      test::QueryNumber(Db(), "SELECT RANK FROM RESULT WHERE RESULT = " + std::to_string(r10)), 1);
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT RANK FROM RESULT WHERE RESULT = ?", r10), 1);
 }
 
 TEST(DeleteQuestion, NamesALeadOff) {

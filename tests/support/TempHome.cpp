@@ -40,6 +40,13 @@ long long QueryNumber(SQLite::Database& db, const std::string& sql) {
   return q.getColumn(0).getInt64();
 }
 
+long long QueryNumber(SQLite::Database& db, const std::string& sql, long long value) {
+  SQLite::Statement q(db, sql);
+  q.bind(1, static_cast<int64_t>(value));
+  q.executeStep();
+  return q.getColumn(0).getInt64();
+}
+
 fs::path MakeOpenDatabase(TempHome& t, const std::string& name) {
   fs::path file = t.Data() / name;
   if (!CreateNewDatabase(t.state, file)) throw std::runtime_error("create failed");

@@ -42,6 +42,8 @@ class TempHome {
 
 // The first column of the first row of a query, as a number.
 long long QueryNumber(SQLite::Database& db, const std::string& sql);
+// The same with one value bound to the query's "?".
+long long QueryNumber(SQLite::Database& db, const std::string& sql, long long value);
 
 // A new database file in the data folder, complete as after its first open, and open as gDb.
 std::filesystem::path MakeOpenDatabase(TempHome& t, const std::string& name = "family.mdb");
