@@ -266,12 +266,11 @@ TEST_F(MeetsTest, MergeMovesIndividualRowsAndLeavesRelaysBehind) {
 
   ASSERT_TRUE(MergeMeetsAsked(t.state, *LoadMeet(Db(), from), *LoadMeet(Db(), to)));
   EXPECT_FALSE(LoadMeet(Db(), from));
-  const std::string f = std::to_string(from);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'I' AND MEET = ?", to), 1);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'R' AND MEET = " + f), 1);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = " + f), 0);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = " + f), 0);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM ENTRY WHERE Meet = " + f), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'R' AND MEET = ?", from), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", from), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = ?", from), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM ENTRY WHERE Meet = ?", from), 0);
 }
 
 TEST_F(MeetsTest, FailedMergeChangesNothing) {
@@ -283,9 +282,8 @@ TEST_F(MeetsTest, FailedMergeChangesNothing) {
       "BEGIN SELECT RAISE(ABORT, 'locked'); END");
   EXPECT_FALSE(MergeMeet(t.state, from, to));
   EXPECT_EQ(LastShown(), meettxt::kMergeFailed);
-  const std::string f = std::to_string(from);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE MEET = " + f), 1);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = " + f), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE MEET = ?", from), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", from), 1);
 }
 
 TEST_F(MeetsTest, MeetArrayListsNewestFirstWithAllMeetsOnTop) {
