@@ -3,7 +3,7 @@ BUILD ?= build
 TYPE ?= RelWithDebInfo
 JOBS ?= 2
 
-.PHONY: run test deps configure build bench clean
+.PHONY: run test deps configure build bench fuzz clean
 
 run: build
 	scripts/run.sh $(BUILD)
@@ -23,5 +23,16 @@ build: configure
 bench: build
 	for b in $(BUILD)/bench/bench_*; do $$b; done
 
+# libFuzzer targets of the file readers, built with clang, each run for FUZZ_SECONDS.
+FUZZ_SECONDS ?= 60
+fuzz:
+	scripts/install-deps.sh clang
+	cmake -S fuzz -B build-fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++
+	cmake --build build-fuzz -j$(JOBS)
+	for t in build-fuzz/fuzz_*; do \
+	  mkdir -p build-fuzz/corpus/$$(basename $$t) && \
+	  $$t -max_total_time=$(FUZZ_SECONDS) -max_len=4000 build-fuzz/corpus/$$(basename $$t) || exit 1; \
+	done
+
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) build-fuzz

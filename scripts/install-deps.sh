@@ -10,6 +10,8 @@ packages=(
   libfmt-dev
   libgtest-dev libgmock-dev libbenchmark-dev
 )
+# Extra packages a target asks for (make fuzz asks for clang).
+packages+=("$@")
 
 missing=()
 for p in "${packages[@]}"; do

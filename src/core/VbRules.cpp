@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <limits>
 
@@ -132,10 +133,20 @@ double Val(std::string_view text) {
 }
 
 int64_t RoundHalfEven(double value) {
+  // Beyond 2^63 (or NaN) there is nothing to round; clamp rather than overflow.
+  if (!(value > -9.2e18)) return value != value ? 0 : INT64_MIN;
+  if (value > 9.2e18) return INT64_MAX;
   double floor = std::floor(value);
   double diff = value - floor;
   if (diff > 0.5 || (diff == 0.5 && std::fmod(floor, 2.0) != 0.0)) floor += 1.0;
   return static_cast<int64_t>(floor);
+}
+
+int32_t ToInt32(double value) {
+  if (value != value) return 0;
+  if (value >= 2147483647.0) return INT32_MAX;
+  if (value <= -2147483648.0) return INT32_MIN;
+  return static_cast<int32_t>(value);
 }
 
 std::string FormatPoints(double value) {

@@ -19,6 +19,9 @@ double Val(std::string_view text);
 // The nearest integer, halves to the even neighbour (VB CLng/CInt). `value` must be finite
 // and within the range of int64_t.
 int64_t RoundHalfEven(double value);
+// A double as a 32-bit integer, cut toward zero; out-of-range values are held at the limits
+// and NaN gives 0 (file readers must never overflow on what they read).
+int32_t ToInt32(double value);
 
 // VB Format(value, "####.00"): at least one digit only when the whole part isn't 0
 // (0.05 gives ".05", 0 gives ".00"), always two decimals, halves away from zero on the

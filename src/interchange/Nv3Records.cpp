@@ -1,5 +1,7 @@
 #include "interchange/Nv3Records.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include "core/DateText.h"
@@ -15,11 +17,11 @@ std::string Cut(std::string_view line, std::size_t first, std::size_t last) {
 }
 
 int32_t Number(std::string_view line, std::size_t first, std::size_t last) {
-  return static_cast<int32_t>(Val(Nv3Columns(line, first, last)));
+  return ToInt32(Val(Nv3Columns(line, first, last)));
 }
 
 int32_t Hundredths(std::string_view text) {
-  return static_cast<int32_t>(RoundHalfEven(Val(text) * 100));
+  return ToInt32(static_cast<double>(RoundHalfEven(Val(text) * 100)));
 }
 
 bool IsDigit(char c) {
@@ -105,8 +107,8 @@ std::string NV3AgeText(int lo_hi) {
 int Nv3AgeGroup(std::string_view text) {
   std::string padded(text);
   if (padded.size() < 6) padded.insert(0, 6 - padded.size(), ' ');
-  int low = static_cast<int>(Val(padded.substr(0, 3)));
-  int high = static_cast<int>(Val(padded.substr(3, 3)));
+  int low = std::clamp(ToInt32(Val(padded.substr(0, 3))), -999, 999);
+  int high = std::clamp(ToInt32(Val(padded.substr(3, 3))), -999, 999);
   if (low == 1) low = 0;
   if (high == 109) high = 99;
   return low * 100 + high;
