@@ -3,6 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "BenchDatabase.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -32,11 +34,6 @@ class AbortingIo final : public UserIo {
   void Progress(std::string_view) override {}
 };
 
-class NoDisk final : public DiskInfo {
- public:
-  std::uintmax_t FreeBytes(const fs::path&) const override { return 1ull << 40; }
-};
-
 struct Event {
   int32_t athlete;
   int16_t distance;
@@ -46,39 +43,18 @@ struct Event {
 constexpr int kResults = 10000;
 constexpr int16_t kDistances[] = {50, 100, 200, 400, 500, 800, 1000, 1500, 1650};
 
-fs::path MakeRoot() {
-  std::string pattern = (fs::temp_directory_path() / "kvlr-bench-best-XXXXXX").string();
-  if (!::mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
-  return pattern;
-}
-
 class BestTimesData {
  public:
-  BestTimesData() : root_(MakeRoot()), state(ProgramHome(root_ / "home"), io_, clock_, disk_) {
-    state.home.Ensure();
-    const fs::path file = root_ / "bench.mdb";
-    if (!CreateNewDatabase(state, file)) throw std::runtime_error("create failed");
-    state.gDatabaseName = file.string();
-    if (!OpenLocalDB(state)) throw std::runtime_error("open failed");
-    ApplyDatabaseSettings(state);
-    Fill();
-  }
-  ~BestTimesData() {
-    state.CloseCurrentDB();
-    std::error_code ec;
-    fs::remove_all(root_, ec);
-  }
+  BestTimesData() : base_("best", io_), state(base_.state) { Fill(); }
 
   std::vector<Event> events;
 
  private:
-  fs::path root_;
   AbortingIo io_;
-  SystemClock clock_;
-  NoDisk disk_;
+  bench::BenchDatabase base_;
 
  public:
-  AppState state;
+  AppState& state;
 
  private:
   // Random swims, then ranks per swimmer, event, course and I_R (lead-off legs apart).

@@ -15,6 +15,7 @@
 #include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "BenchDatabase.h"
 #include "SilentIo.h"
 #include "meets/Entries.h"
 #include "meets/Ranking.h"
@@ -25,46 +26,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class NoDisk final : public DiskInfo {
- public:
-  std::uintmax_t FreeBytes(const fs::path&) const override { return 1ull << 40; }
-};
-
 constexpr int kResults = 10000;
 constexpr int kEvents = 40;
 constexpr int16_t kDistances[] = {50, 100, 200, 400, 500, 800, 1000, 1500, 1650};
 
-fs::path MakeRoot() {
-  std::string pattern = (fs::temp_directory_path() / "kvlr-bench-entries-XXXXXX").string();
-  if (!::mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
-  return pattern;
-}
-
 class EntriesData {
  public:
-  EntriesData() : root_(MakeRoot()), state(ProgramHome(root_ / "home"), io_, clock_, disk_) {
-    state.home.Ensure();
-    const fs::path file = root_ / "bench.mdb";
-    if (!CreateNewDatabase(state, file)) throw std::runtime_error("create failed");
-    state.gDatabaseName = file.string();
-    if (!OpenLocalDB(state)) throw std::runtime_error("open failed");
-    ApplyDatabaseSettings(state);
-    Fill();
-  }
-  ~EntriesData() {
-    state.CloseCurrentDB();
-    std::error_code ec;
-    fs::remove_all(root_, ec);
-  }
+  EntriesData() : base_("entries", io_), state(base_.state) { Fill(); }
 
  private:
-  fs::path root_;
   bench::SilentIo io_;
-  SystemClock clock_;
-  NoDisk disk_;
+  bench::BenchDatabase base_;
 
  public:
-  AppState state;
+  AppState& state;
   int32_t convert_meet = 0;
   int32_t one_course_meet = 0;
   int32_t since_meet = 0;
