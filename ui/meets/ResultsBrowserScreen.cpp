@@ -20,6 +20,7 @@
 #include "meets/ReRankScreen.h"
 #include "meets/ResultLookups.h"
 #include "meets/ResultTexts.h"
+#include "meets/ScreenParts.h"
 #include "meets/Splits.h"
 #include "meets/SplitsScreen.h"
 
@@ -56,28 +57,11 @@ frmResults::frmResults(AppState& state, QWidget* parent) : QDialog(parent), stat
 
   BuildFilterBar();
 
-  auto* tools = new QHBoxLayout;
-  const std::pair<const char*, const char*> commands[] = {{"Splits", "cmdSplits"},
-                                                          {"Comment", "cmdComment"},
-                                                          {"Last Entered First", "cmdLastEntered"},
-                                                          {"Delete", "cmdDelete"},
-                                                          {"Close", "cmdClose"}};
-  for (auto [words, name] : commands) {
-    auto* button = new QPushButton(words, this);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    tools->addWidget(button);
-  }
-  tools->insertStretch(4);
-  connect(findChild<QPushButton*>("cmdSplits"), &QPushButton::clicked, this,
-          &frmResults::OpenSplits);
-  connect(findChild<QPushButton*>("cmdComment"), &QPushButton::clicked, this,
-          &frmResults::OpenComment);
-  connect(findChild<QPushButton*>("cmdLastEntered"), &QPushButton::clicked, this,
-          &frmResults::LastEnteredFirst);
-  connect(findChild<QPushButton*>("cmdDelete"), &QPushButton::clicked, this,
-          &frmResults::DeleteCurrent);
-  connect(findChild<QPushButton*>("cmdClose"), &QPushButton::clicked, this, &QDialog::accept);
+  QHBoxLayout* tools = screen::CommandBar<frmResults>(
+      this, {{tr("Splits"), "cmdSplits", &frmResults::OpenSplits},
+             {tr("Comment"), "cmdComment", &frmResults::OpenComment},
+             {tr("Last Entered First"), "cmdLastEntered", &frmResults::LastEnteredFirst},
+             {tr("Delete"), "cmdDelete", &frmResults::DeleteCurrent}});
 
   static_cast<QVBoxLayout*>(layout())->addWidget(grid_, 1);
   static_cast<QVBoxLayout*>(layout())->addLayout(tools);

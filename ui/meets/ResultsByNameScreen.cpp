@@ -15,6 +15,7 @@
 #include "core/TimeText.h"
 #include "meets/RelayLegsScreen.h"
 #include "meets/ResultTexts.h"
+#include "meets/ScreenParts.h"
 #include "meets/SplitsScreen.h"
 #include "standards/CalcScreen.h"
 
@@ -53,26 +54,11 @@ frmResNa::frmResNa(AppState& state, int32_t meet, QWidget* parent)
   split->setStretchFactor(1, 1);
   split->setSizes({220, 900});
 
-  auto* tools = new QHBoxLayout;
-  const std::pair<const char*, const char*> commands[] = {{"Splits", "cmdSplits"},
-                                                          {"Relay Legs", "cmdRelayLegs"},
-                                                          {"Print", "cmdPrint"},
-                                                          {"Calculator", "cmdCalc"},
-                                                          {"Close", "cmdClose"}};
-  for (auto [words, name] : commands) {
-    auto* button = new QPushButton(words, this);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    tools->addWidget(button);
-  }
-  tools->insertStretch(4);
-  connect(findChild<QPushButton*>("cmdSplits"), &QPushButton::clicked, this, &frmResNa::OpenSplits);
-  connect(findChild<QPushButton*>("cmdRelayLegs"), &QPushButton::clicked, this,
-          &frmResNa::OpenRelayLegs);
-  connect(findChild<QPushButton*>("cmdPrint"), &QPushButton::clicked, this, &frmResNa::Print);
-  connect(findChild<QPushButton*>("cmdCalc"), &QPushButton::clicked, this,
-          &frmResNa::OpenCalculator);
-  connect(findChild<QPushButton*>("cmdClose"), &QPushButton::clicked, this, &QDialog::accept);
+  QHBoxLayout* tools = screen::CommandBar<frmResNa>(
+      this, {{tr("Splits"), "cmdSplits", &frmResNa::OpenSplits},
+             {tr("Relay Legs"), "cmdRelayLegs", &frmResNa::OpenRelayLegs},
+             {tr("Print"), "cmdPrint", &frmResNa::Print},
+             {tr("Calculator"), "cmdCalc", &frmResNa::OpenCalculator}});
 
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(split, 1);
