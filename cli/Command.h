@@ -58,5 +58,8 @@ std::vector<Command> AthleteCommands();
 std::vector<Command> MeetCommands();
 std::vector<Command> ResultCommands();
 std::vector<Command> StandardCommands();
+std::vector<Command> CheckCommands();
+std::vector<Command> ImportCommands();
+std::vector<Command> EventCommands();
 
 }  // namespace kvlr::cli

@@ -56,7 +56,7 @@ const std::vector<Command>& Commands() {
     std::vector<Command> all;
     for (auto list : {DatabaseCommands, AthleteCommands, BackupCommands, MeetCommands,
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
-                      BestCommands}) {
+                      BestCommands, CheckCommands, ImportCommands, EventCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
     }
     return all;

@@ -142,7 +142,8 @@ std::vector<TableDef> MakeReportTables() {
                 Text("DIST", 12),  Text("STROKE", 15),   Int("LO_HI"),         Text("P_TIME", 8),
                 Text("P_CORS", 1), Text("F_TIME", 8),    Text("F_CORS", 1),    Text("AGE", 2),
                 Text("SEX", 1),    Text("BIRTH", 10),    Text("LN", 20),       Text("FN", 20),
-                Text("MI", 1),     Text("ID_NO", 17),    Int("IntSTROKE"),     Int("IntDIST")},
+                Text("MI", 1),     Text("ID_NO", 17),    Int("IntSTROKE"),     Int("IntDIST"),
+                Text("RELAY", 1),  Text("ONLY", 1),      Text("DIVING", 1)},
                {}});
   t.push_back(
       {"RMEETR", "Report Relay Results", "basSetup.CreateRMeetRTable", MeetRowFields(), {}});

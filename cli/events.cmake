@@ -1,0 +1,1 @@
+target_sources(kvlr_clilib PRIVATE EventCommands.cpp)

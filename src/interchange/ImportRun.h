@@ -1,0 +1,23 @@
+#pragma once
+// The import of a prepared file into the open database (`SDIFImport`, `NV3Import`, the
+// online `PSNImport` and the text form), in one transaction, then `UpdateResultRankings`.
+
+#include "core/AppState.h"
+#include "interchange/ImportTypes.h"
+
+namespace kvlr {
+
+inline constexpr std::string_view kImportSuccessful = " Import Successful ";
+inline constexpr std::string_view kNoDataImported = " No Data Imported ";
+inline constexpr std::string_view kImportIncomplete = " Import Incomplete ";
+inline constexpr std::string_view kImportAborted = "Import aborted by user.";
+inline constexpr std::string_view kNotAllImportedAsk =
+    "Not all data was imported.  Do you want to view the exception report?";
+inline constexpr std::string_view kStopImportingAsk = "Do you want to stop importing this file?";
+
+// Runs the import of `file` (ready) with `criteria`. Boxes through state.io; the caller
+// offers the exception report (RPTISDIN rows) when outcome.not_all_imported.
+ImportOutcome RunImportFile(AppState& state, ImportMonitor& monitor, const ImportFile& file,
+                            const ImportCriteria& criteria);
+
+}  // namespace kvlr

@@ -1,0 +1,1 @@
+# The certification pass, file statistics and reading an import file.

@@ -1,0 +1,6 @@
+# Online result files (.psn, scrambled .txt), event files (.nvv) and unpacking zips.
+target_sources(kvlr_interchange PRIVATE
+  Scramble.cpp
+  Psn.cpp
+  UnZip.cpp
+  EventFile.cpp)

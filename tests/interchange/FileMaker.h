@@ -1,0 +1,566 @@
+#pragma once
+// Made-up interchange files for tests, built from the column layouts of the records and
+// the check-sum arithmetic written out here again, independent of the program's readers
+// and writers, so a fault in those cannot hide itself in the fixtures.
+//
+// Sdif("D0", {{"swimmer_name", "DOE, JANE A"}, {"distance", "100"}}) gives a 160-column
+// line; Cl2(line) adds the Commlink check sum; Nv3("E1", {...}) gives a 130-column NV3
+// line with its check sum; FileText(lines) joins lines with CR LF. Field names are the
+// snake_case names of the record structs; an unknown name, or a value wider than its
+// field, throws std::invalid_argument. Numbers are right-aligned, everything else left.
+
+#include <algorithm>
+#include <cstddef>
+#include <initializer_list>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace kvlr::testing {
+
+struct FieldSpot {
+  int first;
+  int last;
+  bool right = false;  // right-aligned number
+};
+
+using FieldTable = std::map<std::string, FieldSpot, std::less<>>;
+using FieldValues = std::initializer_list<std::pair<std::string_view, std::string_view>>;
+
+namespace file_maker_detail {
+
+constexpr bool R = true;
+
+inline void AddTimes(FieldTable& t, std::string_view stem, int count, int first) {
+  for (int i = 0; i < count; ++i) {
+    t[std::string(stem) + std::to_string(i + 1)] = {first + 8 * i, first + 8 * i + 7, R};
+  }
+}
+
+inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
+  static const auto tables = [] {
+    std::map<std::string, FieldTable, std::less<>> t;
+    t["A0"] = {{"organization", {3, 3}},
+               {"version", {4, 11}},
+               {"file_code", {12, 13}},
+               {"software_name", {44, 63}},
+               {"software_version", {64, 73}},
+               {"contact_name", {74, 93}},
+               {"contact_phone", {94, 105}},
+               {"file_date", {106, 113}},
+               {"source_code", {150, 151}},
+               {"content_code", {152, 153}},
+               {"reserved", {156, 157}},
+               {"column158", {158, 158}},
+               {"check_sum", {159, 160}}};
+    t["B1"] = {{"organization", {3, 3}},  {"meet_name", {12, 41}},  {"address1", {42, 63}},
+               {"address2", {64, 85}},    {"location", {86, 120}},  {"meet_type", {121, 121}},
+               {"start", {122, 129}},     {"end", {130, 137}},      {"course", {150, 150}},
+               {"column158", {158, 158}}};
+    t["B2"] = {{"host_name", {12, 41}}, {"address1", {42, 63}}, {"address2", {64, 85}},
+               {"location", {86, 120}}, {"phone", {121, 132}},  {"column158", {158, 158}}};
+    t["C1"] = {{"organization", {3, 3}},   {"lsc", {12, 13}},         {"team_code", {14, 17}},
+               {"team_name", {18, 47}},    {"short_name", {48, 63}},  {"address1", {64, 85}},
+               {"address2", {86, 107}},    {"city", {108, 127}},      {"state", {128, 129}},
+               {"postal_code", {130, 139}}, {"country", {140, 142}},  {"region", {143, 143}},
+               {"team_code5", {150, 150}}, {"column158", {158, 158}}};
+    t["C2"] = {{"organization", {3, 3}},  {"lsc", {12, 13}},          {"team_code", {14, 17}},
+               {"coach_name", {18, 47}},  {"coach_phone", {48, 59}},  {"count1", {60, 65, R}},
+               {"count2", {66, 71, R}},   {"count3", {72, 76, R}},    {"count4", {77, 82, R}},
+               {"count5", {83, 88, R}},   {"reserved", {89, 104}},    {"reserved150", {150, 150}},
+               {"column158", {158, 158}}};
+    t["D0"] = {{"organization", {3, 3}},
+               {"swimmer_name", {12, 39}},
+               {"swimmer_number", {40, 51}},
+               {"attach", {52, 52}},
+               {"citizen", {53, 55}},
+               {"birth", {56, 63}},
+               {"age", {64, 65, R}},
+               {"sex", {66, 66}},
+               {"event_sex", {67, 67}},
+               {"distance", {68, 71, R}},
+               {"stroke", {72, 72}},
+               {"event_number", {73, 75, R}},
+               {"event_letter", {76, 76}},
+               {"event_age", {77, 80}},
+               {"swim_date", {81, 88}},
+               {"seed_time", {89, 96, R}},
+               {"seed_course", {97, 97}},
+               {"prelim_time", {98, 105, R}},
+               {"prelim_course", {106, 106}},
+               {"swim_off_time", {107, 114, R}},
+               {"swim_off_course", {115, 115}},
+               {"finals_time", {116, 123, R}},
+               {"finals_course", {124, 124}},
+               {"prelim_heat", {125, 126, R}},
+               {"prelim_lane", {127, 128, R}},
+               {"finals_heat", {129, 130, R}},
+               {"finals_lane", {131, 132, R}},
+               {"prelim_place", {133, 135, R}},
+               {"finals_place", {136, 138, R}},
+               {"points", {139, 142, R}},
+               {"lower_time_class", {143, 143}},
+               {"upper_time_class", {144, 144}},
+               {"flight", {145, 145}},
+               {"private_stroke", {150, 150}},
+               {"points_hundredths", {151, 152, R}},
+               {"exhibition", {156, 156}},
+               {"column158", {158, 158}}};
+    t["D1"] = {{"organization", {3, 3}},      {"lsc", {12, 13}},
+               {"team_code", {14, 17}},       {"team_code5", {18, 18}},
+               {"swimmer_name", {19, 46}},    {"swimmer_number", {48, 59}},
+               {"attach", {60, 60}},          {"citizen", {61, 63}},
+               {"birth", {64, 71}},           {"age", {72, 73, R}},
+               {"sex", {74, 74}},             {"admin1", {75, 104}},
+               {"admin2", {105, 124}},        {"day_phone", {125, 136}},
+               {"evening_phone", {137, 148}}, {"last_membership", {149, 156}},
+               {"member_code", {157, 157}},   {"column158", {158, 158}}};
+    t["D2"] = {{"organization", {3, 3}},     {"lsc", {12, 13}},        {"team_code", {14, 17}},
+               {"team_code5", {18, 18}},     {"swimmer_name", {19, 46}}, {"addressee", {47, 76}},
+               {"street", {77, 106}},        {"city", {107, 126}},     {"state", {127, 128}},
+               {"country", {129, 140}},      {"zip", {141, 150}},      {"country_code", {151, 153}},
+               {"region", {154, 154}},       {"answer", {155, 155}},   {"season", {156, 156}},
+               {"column158", {158, 158}}};
+    t["D3"] = {{"new_swimmer_number", {3, 16}}, {"preferred_first_name", {17, 31}},
+               {"ethnicity", {32, 33}},         {"flags", {34, 41}},
+               {"flags2", {43, 46}},            {"column158", {158, 158}}};
+    t["E0"] = {{"organization", {3, 3}},
+               {"team_letter", {12, 12}},
+               {"lsc", {13, 14}},
+               {"team_code", {15, 18}},
+               {"f0_count", {19, 20, R}},
+               {"event_sex", {21, 21}},
+               {"distance", {22, 25, R}},
+               {"stroke", {26, 26}},
+               {"event_number", {27, 29, R}},
+               {"event_letter", {30, 30}},
+               {"event_age", {31, 34}},
+               {"total_age", {35, 37, R}},
+               {"swim_date", {38, 45}},
+               {"seed_time", {46, 53, R}},
+               {"seed_course", {54, 54}},
+               {"prelim_time", {55, 62, R}},
+               {"prelim_course", {63, 63}},
+               {"swim_off_time", {64, 71, R}},
+               {"swim_off_course", {72, 72}},
+               {"finals_time", {73, 80, R}},
+               {"finals_course", {81, 81}},
+               {"prelim_heat", {82, 83, R}},
+               {"prelim_lane", {84, 85, R}},
+               {"finals_heat", {86, 87, R}},
+               {"finals_lane", {88, 89, R}},
+               {"prelim_place", {90, 92, R}},
+               {"finals_place", {93, 95, R}},
+               {"points", {96, 99, R}},
+               {"lower_time_class", {100, 100}},
+               {"upper_time_class", {101, 101}},
+               {"private_stroke", {150, 150}},
+               {"points_hundredths", {151, 152, R}},
+               {"exhibition", {156, 156}},
+               {"column158", {158, 158}}};
+    t["F0"] = {{"organization", {3, 3}},     {"lsc", {16, 17}},
+               {"team_code", {18, 21}},      {"team_code5", {22, 22}},
+               {"swimmer_name", {23, 45}},   {"swimmer_number", {51, 62}},
+               {"citizen", {63, 65}},        {"birth", {66, 73}},
+               {"age", {74, 75, R}},         {"sex", {76, 76}},
+               {"prelim_order", {77, 77}},   {"swim_off_order", {78, 78}},
+               {"finals_order", {79, 79}},   {"leg_time", {80, 87, R}},
+               {"leg_course", {88, 88}},     {"take_off", {89, 92, R}},
+               {"new_swimmer_number", {93, 106}}, {"column158", {158, 158}}};
+    FieldTable g0 = {{"organization", {3, 3}},       {"swimmer_name", {16, 43}},
+                     {"swimmer_number", {44, 55}},   {"sequence", {56, 56, R}},
+                     {"total_splits", {57, 58, R}},  {"split_distance", {59, 62, R}},
+                     {"split_code", {63, 63}},       {"prelim_final", {144, 144}},
+                     {"column158", {158, 158}}};
+    AddTimes(g0, "split", 10, 64);
+    t["G0"] = std::move(g0);
+    FieldTable j0 = {{"meet_code", {11, 11}},  {"event_sex", {17, 17}},  {"distance", {18, 21, R}},
+                     {"stroke", {22, 22}},     {"event_age", {47, 50}},  {"reserved51", {51, 51}},
+                     {"reserved52", {52, 53}}, {"reserved54", {54, 55}}, {"date", {66, 73}},
+                     {"column158", {158, 158}}};
+    AddTimes(j0, "time", 3, 23);
+    t["J0"] = std::move(j0);
+    FieldTable j2 = {{"event_sex", {3, 3}}, {"distance", {4, 7, R}}, {"stroke", {8, 8}},
+                     {"color", {9, 12}},    {"date", {66, 73}},      {"column158", {158, 158}}};
+    AddTimes(j2, "time", 6, 13);
+    t["J1"] = j2;  // a J1 line is cut like a J2
+    t["J2"] = std::move(j2);
+    t["Z0"] = {{"organization", {3, 3}},      {"file_code", {12, 13}},
+               {"notes", {14, 43}},           {"b1_count", {44, 46, R}},
+               {"meet_count", {47, 49, R}},   {"c1_count", {50, 53, R}},
+               {"team_count", {54, 57, R}},   {"d0_count", {58, 63, R}},
+               {"swimmer_count", {64, 69, R}}, {"e0_count", {70, 74, R}},
+               {"f0_count", {75, 80, R}},     {"g0_count", {81, 86, R}},
+               {"batch1", {87, 91, R}},       {"batch2", {92, 94, R}},
+               {"batch3", {98, 100, R}},      {"batch4", {101, 103, R}},
+               {"column158", {158, 158}}};
+    return t;
+  }();
+  return tables;
+}
+
+inline const std::map<std::string, FieldTable, std::less<>>& Nv3Tables() {
+  static const auto tables = [] {
+    std::map<std::string, FieldTable, std::less<>> t;
+    t["A1"] = {{"file_code", {3, 4}},  {"kind", {5, 29}},       {"creator", {30, 44}},
+               {"version", {45, 58}},  {"date_time", {59, 75}}, {"name", {76, 120}}};
+    t["B1"] = {{"meet_name", {3, 47}}, {"location", {48, 92}}, {"start", {93, 100}},
+               {"end", {101, 108}},    {"age_up", {109, 116}}};
+    t["B2"] = {{"meet_type", {97, 98}}, {"course_letter", {99, 99}}, {"course", {107, 108}}};
+    t["C1"] = {{"team_code", {3, 7}}, {"team_name", {8, 37}}, {"short_name", {38, 53}},
+               {"lsc", {54, 55}},     {"code1", {117, 119}},  {"code2", {120, 122}}};
+    t["D1"] = {{"sex", {3, 3}},      {"athlete", {4, 8, R}}, {"last", {9, 28}},
+               {"first", {29, 48}},  {"pref", {49, 68}},     {"initial", {69, 69}},
+               {"id_no", {70, 83}},  {"birth", {89, 96}},    {"age", {97, 99, R}}};
+    t["E1"] = {{"sex", {3, 3}},           {"athlete", {4, 8, R}},     {"last5", {9, 13}},
+               {"sex2", {14, 14}},        {"event_sex", {15, 15}},    {"distance", {16, 21, R}},
+               {"stroke_letter", {22, 22}}, {"age_group", {23, 28}},  {"col29", {29, 31}},
+               {"fee", {33, 38, R}},      {"event_number", {39, 41, R}}, {"event_letter", {42, 42}},
+               {"entry_zero", {43, 50, R}}, {"seed_time", {52, 59, R}}, {"seed_course", {60, 60}},
+               {"points", {61, 68, R}},   {"exhibition", {81, 81}},   {"col84", {84, 84}},
+               {"age", {86, 88, R}},      {"age2", {89, 91, R}},      {"col92", {92, 92}},
+               {"lead_off", {95, 95}},    {"gs_mark", {96, 96}}};
+    const FieldTable result = {
+        {"f_p", {3, 3}},           {"score", {4, 11, R}},     {"course", {12, 12}},
+        {"nt_letter", {13, 13}},   {"exhibition", {16, 16}},  {"place", {30, 33, R}},
+        {"number", {61, 63, R}},   {"f_p2", {64, 64}},        {"score2", {65, 72, R}},
+        {"course2", {73, 73}},     {"nt_letter2", {74, 74}},  {"exhibition2", {77, 77}},
+        {"place2", {91, 94, R}}};
+    t["E2"] = result;
+    t["F2"] = result;
+    t["F1"] = {{"team_code", {3, 7}},     {"relay_letter", {8, 8}},   {"col9", {9, 12}},
+               {"col13", {13, 13}},       {"col14", {14, 14}},        {"event_sex", {15, 15}},
+               {"distance", {16, 21, R}}, {"stroke_letter", {22, 22}}, {"age_group", {23, 28}},
+               {"col29", {29, 31}},       {"event_number", {39, 41, R}}, {"event_letter", {42, 42}},
+               {"seed_time", {52, 59, R}}, {"seed_course", {60, 60}}, {"col84", {84, 84}}};
+    FieldTable g1;
+    for (int i = 0; i < 11; ++i) {
+      const int at = 3 + 11 * i;
+      const std::string n = std::to_string(i + 1);
+      g1["f_p" + n] = {at, at};
+      g1["split_number" + n] = {at + 1, at + 2, R};
+      g1["value" + n] = {at + 3, at + 10, R};
+    }
+    t["G1"] = std::move(g1);
+    return t;
+  }();
+  return tables;
+}
+
+inline std::string Place(const std::map<std::string, FieldTable, std::less<>>& tables,
+                         std::string_view code, FieldValues fields, size_t width) {
+  const auto table = tables.find(code);
+  if (table == tables.end()) {
+    throw std::invalid_argument("no record " + std::string(code));
+  }
+  std::string line(width, ' ');
+  line.replace(0, 2, code.substr(0, 2));
+  for (const auto& [name, value] : fields) {
+    const auto spot = table->second.find(name);
+    if (spot == table->second.end()) {
+      throw std::invalid_argument("no field " + std::string(name) + " in " + std::string(code));
+    }
+    const size_t w = static_cast<size_t>(spot->second.last - spot->second.first + 1);
+    if (value.size() > w) {
+      throw std::invalid_argument("value too wide for " + std::string(name));
+    }
+    const size_t at =
+        static_cast<size_t>(spot->second.first - 1) + (spot->second.right ? w - value.size() : 0);
+    line.replace(at, value.size(), value);
+  }
+  return line;
+}
+
+// Two low decimal digits of `value`, the last one first.
+inline std::string ReversedLowDigits(long value) {
+  const std::string digits = std::to_string(value);
+  if (digits.size() < 2) throw std::invalid_argument("check value below 10");
+  return {digits[digits.size() - 1], digits[digits.size() - 2]};
+}
+
+inline long FloorDiv(long sum, long divisor) {
+  long q = sum / divisor;
+  if (sum % divisor != 0 && sum < 0) --q;
+  return q;
+}
+
+}  // namespace file_maker_detail
+
+inline constexpr size_t kSdifWidth = 160;
+inline constexpr size_t kNv3Width = 130;
+
+// The field layout of an SDIF record ("A0" ... "Z0"); throws for an unknown code.
+inline const FieldTable& SdifFieldTable(std::string_view code) {
+  const auto& tables = file_maker_detail::SdifTables();
+  const auto it = tables.find(code);
+  if (it == tables.end()) throw std::invalid_argument("no record " + std::string(code));
+  return it->second;
+}
+
+// A 160-column SDIF line: the record code in columns 1-2, the fields at their columns.
+inline std::string Sdif(std::string_view code, FieldValues fields = {}) {
+  return file_maker_detail::Place(file_maker_detail::SdifTables(), code, fields, kSdifWidth);
+}
+
+// Sum of the bytes of columns 1-156, /19 floored, +211, low digits reversed.
+inline std::string Cl2Sum(std::string_view line) {
+  long sum = 0;
+  for (size_t i = 0; i < std::min<size_t>(156, line.size()); ++i) {
+    sum += static_cast<unsigned char>(line[i]);
+  }
+  if (sum > 32767) throw std::invalid_argument("Commlink sum passes 16 bits");
+  return file_maker_detail::ReversedLowDigits(file_maker_detail::FloorDiv(sum, 19) + 211);
+}
+
+// `line` (padded to 160 columns) with its Commlink check sum in columns 159-160.
+inline std::string Cl2(std::string line) {
+  line.resize(kSdifWidth, ' ');
+  line.replace(158, 2, Cl2Sum(line));
+  return line;
+}
+
+// Over columns 1-128: odd columns once, even twice; /21 floored, +205, low digits reversed.
+inline std::string Nv3Sum(std::string_view line) {
+  long sum = 0;
+  for (size_t col = 1; col <= 128; ++col) {
+    const long c = col <= line.size() ? static_cast<unsigned char>(line[col - 1]) : ' ';
+    sum += col % 2 == 1 ? c : 2 * c;
+  }
+  if (sum > 32767) throw std::invalid_argument("NV3 sum passes 16 bits");
+  return file_maker_detail::ReversedLowDigits(file_maker_detail::FloorDiv(sum, 21) + 205);
+}
+
+// A 130-column NV3 line with its check sum in columns 129-130.
+inline std::string Nv3(std::string_view code, FieldValues fields = {}) {
+  std::string line =
+      file_maker_detail::Place(file_maker_detail::Nv3Tables(), code, fields, kNv3Width);
+  line.replace(128, 2, Nv3Sum(line));
+  return line;
+}
+
+// The same line with columns 129-130 recomputed (after a test changed a column).
+inline std::string Nv3Resum(std::string line) {
+  line.resize(kNv3Width, ' ');
+  line.replace(128, 2, Nv3Sum(line));
+  return line;
+}
+
+// Lines as a file: each ended by CR LF.
+inline std::string FileText(const std::vector<std::string>& lines) {
+  std::string out;
+  for (const auto& line : lines) {
+    out += line;
+    out += "\r\n";
+  }
+  return out;
+}
+
+// A whole file of one meet: A0, B1, C1, the swims in the order added, Z0 with the counts
+// of what was added. Defaults make a valid results file (file code "02", version 3, made-
+// up people); every call's fields override the defaults by name.
+class SdifFile {
+ public:
+  using Fields = std::vector<std::pair<std::string, std::string>>;
+
+  // `commlink`: a .cl2 (software "Norvan, Ltd", check sums); else a plain .sd3.
+  explicit SdifFile(bool commlink = true) : commlink_(commlink) {
+    a0_ = {{"version", "V3"},
+           {"file_code", "02"},
+           {"software_name", commlink ? "Norvan, Ltd" : "Made Up Meet Manager"},
+           {"software_version", "1.0"},
+           {"contact_name", "Pat Example"},
+           {"contact_phone", "555-0100"},
+           {"file_date", "11222026"}};
+  }
+
+  SdifFile& A0(FieldValues fields) {
+    Merge(a0_, fields);
+    return *this;
+  }
+  // A B1 (meet); the first call replaces the default meet.
+  SdifFile& Meet(FieldValues fields = {}) {
+    return Add("B1", {{"meet_name", "Autumn Made-Up Invite"},
+                      {"location", "Springfield"},
+                      {"start", "11012026"},
+                      {"end", "11022026"},
+                      {"course", "Y"}},
+               fields);
+  }
+  SdifFile& Team(FieldValues fields = {}) {
+    return Add("C1", {{"lsc", "ZZ"}, {"team_code", "MUST"}, {"team_name", "Made Up Swim Team"}},
+               fields);
+  }
+  // A D0 and, with `with_d3`, the D3 behind it.
+  SdifFile& Swim(FieldValues fields = {}, bool with_d3 = true) {
+    Add("D0", {{"swimmer_name", "DOE, JANE A"},
+               {"birth", "01022014"},
+               {"age", "12"},
+               {"sex", "F"},
+               {"event_sex", "F"},
+               {"distance", "100"},
+               {"stroke", "1"},
+               {"event_number", "12"},
+               {"event_age", "1112"},
+               {"swim_date", "11012026"},
+               {"seed_time", "1:07.00"},
+               {"seed_course", "Y"},
+               {"finals_time", "1:05.32"},
+               {"finals_course", "Y"},
+               {"finals_place", "3"}},
+        fields);
+    if (with_d3) Add("D3", {{"new_swimmer_number", "MADEUP000001"}}, {});
+    return *this;
+  }
+  // An E0 with `legs` F0 lines.
+  SdifFile& Relay(FieldValues fields = {}, int legs = 4) {
+    Add("E0", {{"team_letter", "A"},
+               {"lsc", "ZZ"},
+               {"team_code", "MUST"},
+               {"f0_count", std::to_string(legs)},
+               {"event_sex", "F"},
+               {"distance", "200"},
+               {"stroke", "6"},
+               {"event_number", "20"},
+               {"event_age", "1112"},
+               {"swim_date", "11012026"},
+               {"finals_time", "2:10.00"},
+               {"finals_course", "Y"}},
+        fields);
+    static const char* const kNames[] = {"DOE, JANE A", "ROE, ANN", "POE, EVE", "LOE, MAY"};
+    for (int i = 0; i < legs; ++i) {
+      Add("F0", {{"team_code", "MUST"},
+                 {"swimmer_name", kNames[i % 4]},
+                 {"birth", "01022014"},
+                 {"age", "12"},
+                 {"sex", "F"},
+                 {"prelim_order", "0"},
+                 {"swim_off_order", "0"},
+                 {"finals_order", std::to_string(i % 4 + 1)},
+                 {"leg_time", "32.50"},
+                 {"leg_course", "Y"}},
+          {});
+    }
+    return *this;
+  }
+  // Any record as it stands (no defaults).
+  SdifFile& Line(std::string_view code, FieldValues fields = {}) { return Add(code, {}, fields); }
+  // A prepared line as it stands (a damaged one, say): its check sum is not touched.
+  SdifFile& Raw(std::string line) {
+    body_.push_back({"", {}, std::move(line)});
+    return *this;
+  }
+  // Z0 fields that override the counted ones.
+  SdifFile& Z0(FieldValues fields) {
+    Merge(z0_, fields);
+    return *this;
+  }
+
+  std::vector<std::string> Lines() const {
+    std::vector<std::string> out;
+    out.push_back(Finish("A0", a0_));
+    int b = 0, c = 0, d0 = 0, d1 = 0, e0 = 0, f0 = 0, g0 = 0;
+    const bool default_meet = std::none_of(body_.begin(), body_.end(),
+                                           [](const Entry& e) { return e.code == "B1"; });
+    if (default_meet) {
+      SdifFile meet(commlink_);
+      meet.Meet();
+      out.push_back(Finish("B1", meet.body_.front().fields));
+      ++b;
+    }
+    bool team_seen = false;
+    for (const Entry& e : body_) {
+      if (e.code == "C1") team_seen = true;
+      if (!team_seen && (e.code == "D0" || e.code == "D1" || e.code == "E0")) {
+        SdifFile team(commlink_);
+        team.Team();
+        out.push_back(Finish("C1", team.body_.front().fields));
+        ++c;
+        team_seen = true;
+      }
+      out.push_back(e.code.empty() ? e.raw : Finish(e.code, e.fields));
+      b += e.code == "B1" || e.code == "B2";
+      c += e.code == "C1";
+      d0 += e.code == "D0";
+      d1 += e.code == "D1";
+      e0 += e.code == "E0";
+      f0 += e.code == "F0";
+      g0 += e.code == "G0";
+    }
+    Fields z0 = {{"file_code", Value(a0_, "file_code")},
+                 {"b1_count", std::to_string(b)},
+                 {"meet_count", std::to_string(b)},
+                 {"c1_count", std::to_string(c)},
+                 {"team_count", std::to_string(c)},
+                 {"d0_count", std::to_string(d0)},
+                 {"swimmer_count", std::to_string(d1 > 0 ? d1 : d0)},
+                 {"e0_count", std::to_string(e0)},
+                 {"f0_count", std::to_string(f0)},
+                 {"g0_count", std::to_string(g0)}};
+    for (const auto& [name, value] : z0_) Set(z0, name, value);
+    out.push_back(Finish("Z0", z0));
+    return out;
+  }
+
+  std::string Text() const { return FileText(Lines()); }
+
+ private:
+  struct Entry {
+    std::string code;
+    Fields fields;
+    std::string raw;
+  };
+
+  static void Set(Fields& fields, std::string_view name, std::string_view value) {
+    for (auto& [n, v] : fields) {
+      if (n == name) {
+        v = value;
+        return;
+      }
+    }
+    fields.emplace_back(name, value);
+  }
+  static void Merge(Fields& fields, FieldValues more) {
+    for (const auto& [name, value] : more) Set(fields, name, value);
+  }
+  static std::string Value(const Fields& fields, std::string_view name) {
+    for (const auto& [n, v] : fields) {
+      if (n == name) return v;
+    }
+    return {};
+  }
+
+  SdifFile& Add(std::string_view code, Fields defaults, FieldValues fields) {
+    Merge(defaults, fields);
+    body_.push_back({std::string(code), std::move(defaults), {}});
+    return *this;
+  }
+
+  std::string Finish(std::string_view code, const Fields& fields) const {
+    const FieldTable& table = SdifFieldTable(code);
+    std::string line(kSdifWidth, ' ');
+    line.replace(0, 2, code.substr(0, 2));
+    for (const auto& [name, value] : fields) {
+      // Place one field at a time through the same rules as Sdif().
+      const auto spot = table.find(name);
+      if (spot == table.end()) {
+        throw std::invalid_argument("no field " + name + " in " + std::string(code));
+      }
+      const size_t w = static_cast<size_t>(spot->second.last - spot->second.first + 1);
+      if (value.size() > w) throw std::invalid_argument("value too wide for " + name);
+      const size_t at = static_cast<size_t>(spot->second.first - 1) +
+                        (spot->second.right ? w - value.size() : 0);
+      line.replace(at, value.size(), value);
+    }
+    return commlink_ ? Cl2(line) : line;
+  }
+
+  bool commlink_;
+  Fields a0_;
+  Fields z0_;
+  std::vector<Entry> body_;
+};
+
+}  // namespace kvlr::testing

@@ -1,0 +1,438 @@
+// The import of results: made-up files through RunImportFile into a fresh database.
+
+#include <fstream>
+
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
+#include <gtest/gtest.h>
+
+#include "FileMaker.h"
+#include "athletes/CurrentAthlete.h"
+#include "interchange/ImportRun.h"
+#include "interchange/ImportSession.h"
+#include "store/ReportDatabase.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+using testing::Nv3;
+using testing::SdifFile;
+using test::QueryNumber;
+
+// Stops a run after a number of lines.
+class StopAfter : public ImportMonitor {
+ public:
+  explicit StopAfter(int lines) : left_(lines) {}
+  bool Cancelled() override { return left_-- <= 0; }
+
+ private:
+  int left_;
+};
+
+class ImportTest : public ::testing::Test {
+ protected:
+  ImportTest() {
+    test::MakeOpenDatabase(t_);
+    CheckReportTables(t_.state);
+    jane_ = AddAthlete("Doe", "Jane", "F", "");
+    SetCurrentAthlete(t_.state, jane_);
+  }
+
+  SQLite::Database& Db() { return *t_.state.gDb; }
+  long long Count(const std::string& sql) { return QueryNumber(Db(), sql); }
+
+  int32_t AddAthlete(const std::string& last, const std::string& first, const std::string& sex,
+                     const std::string& pref) {
+    SQLite::Statement q(Db(), "INSERT INTO ATHLETE (Last, First, Sex, Pref) VALUES (?, ?, ?, ?)");
+    SQLite::bind(q, last, first, sex, pref);
+    q.exec();
+    return static_cast<int32_t>(Db().getLastInsertRowid());
+  }
+
+  ImportOutcome Run(const std::vector<std::string>& lines, const std::string& extension = ".CL2",
+                    ImportCriteria criteria = {}, ImportMonitor* monitor = nullptr) {
+    ImportFile file;
+    file.path = t_.Data() / ("meet" + extension);
+    file.extension = extension;
+    file.lines = lines;
+    file.ready = true;
+    ImportMonitor quiet;
+    return RunImportFile(t_.state, monitor ? *monitor : quiet, file, criteria);
+  }
+
+  test::TempHome t_;
+  int32_t jane_ = 0;
+};
+
+TEST(ImportRules, NonTimeCodesCoursesAndPrivateNumbers) {
+  const std::pair<const char*, int> nt[] = {{"DQ", 5},    {"scr", 1}, {"NS", 2}, {"DNF", 3},
+                                            {"NT", 4},    {"1:05.32", 0}, {"", 0},
+                                            {"DNS", 2}};  // "NS" inside "DNS"
+  for (const auto& [text, code] : nt) EXPECT_EQ(NtFromTimeText(text), code) << text;
+
+  const std::pair<const char*, const char*> courses[] = {
+      {"", "Y"}, {"0", "Y"}, {"1", "S"}, {"2", "L"}, {"3", ""}, {"L", "L"}, {"X", "X"}};
+  for (const auto& [code, letter] : courses) EXPECT_EQ(ImportCourseLetter(code), letter) << code;
+
+  EXPECT_EQ(PrivateEventNumber(200, 1), 26);
+  EXPECT_EQ(PrivateEventNumber(1650, 1), 56);
+  EXPECT_EQ(PrivateEventNumber(75, 4), 7);  // not in the table: distance / 25
+  const std::pair<int, const char*> letters[] = {{99, ""},   {1112, "C"}, {8, "A"},   {910, "B"},
+                                                 {1314, "D"}, {1516, "E"}, {1718, "F"}, {1899, "G"}};
+  for (const auto& [lo_hi, letter] : letters) EXPECT_EQ(PrivateEventLetter(lo_hi), letter);
+}
+
+TEST_F(ImportTest, TakesOnlyTheFamilysSwimsAndRanksThem) {
+  SdifFile file;
+  file.Swim().Swim({{"swimmer_name", "ROE, ANN"}, {"finals_time", "1:01.00"}});
+  file.Swim({{"event_number", "14"}, {"distance", "50"}, {"finals_time", "29.10"},
+             {"prelim_time", "29.50"}, {"prelim_course", "Y"}, {"prelim_place", "5"}});
+  const ImportOutcome out = Run(file.Lines());
+  EXPECT_TRUE(out.ok);
+  EXPECT_EQ(out.status, kImportSuccessful);
+  EXPECT_EQ(out.counts.Processed(ImportRow::kMeets), 1);
+  EXPECT_EQ(out.counts.Processed(ImportRow::kTeams), 1);
+  EXPECT_EQ(out.counts.Processed(ImportRow::kIndividual), 2);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE MName = 'Autumn Made-Up Invite' AND "
+                  "Start = '2026-11-01' AND End = '2026-11-02' AND Course = 'Y'"),
+            1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 3);
+  EXPECT_EQ(Count("SELECT Score FROM RESULT WHERE Distance = 100"), 6532);
+  EXPECT_EQ(Count("SELECT Place FROM RESULT WHERE Distance = 100"), 3);
+  EXPECT_EQ(Count("SELECT Age FROM RESULT WHERE Distance = 100"), 12);
+  EXPECT_EQ(Count("SELECT Place FROM RESULT WHERE F_P = 'P'"), 5);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE Athlete <> " + std::to_string(jane_)), 0);
+  EXPECT_EQ(Count("SELECT Rank FROM RESULT WHERE Score = 2910"), 1);
+  EXPECT_EQ(Count("SELECT Rank FROM RESULT WHERE Score = 2950"), 2);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM tblEvents WHERE Type = 2"), 2);  // two meet days
+}
+
+TEST_F(ImportTest, DuplicatesAreSkippedUnlessOverlaid) {
+  SdifFile first;
+  first.Swim();
+  ASSERT_TRUE(Run(first.Lines()).ok);
+  SdifFile again;
+  again.Swim({{"finals_time", "1:04.00"}});
+  const ImportOutcome skipped = Run(again.Lines());
+  EXPECT_TRUE(skipped.not_all_imported);
+  EXPECT_EQ(skipped.counts.Processed(ImportRow::kIndividual), 0);
+  EXPECT_EQ(skipped.status, kImportSuccessful);  // the meet was counted
+  EXPECT_EQ(Count("SELECT Score FROM RESULT"), 6532);
+  EXPECT_EQ(QueryNumber(*t_.state.gReportDb, "SELECT COUNT(*) FROM RPTISDIN WHERE Reason = '1'"),
+            1);
+
+  ImportCriteria overlay;
+  overlay.overlay_results = true;
+  const ImportOutcome overlaid = Run(again.Lines(), ".CL2", overlay);
+  EXPECT_FALSE(overlaid.not_all_imported);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
+  EXPECT_EQ(Count("SELECT Score FROM RESULT"), 6400);
+}
+
+TEST_F(ImportTest, EventNumbersFoldLettersAndMakePrivateNumbersOnCollision) {
+  SdifFile file;
+  file.Swim({{"event_number", "12"}, {"event_letter", "3"}});
+  file.Swim({{"event_number", "12"}, {"distance", "200"}, {"finals_time", "2:20.00"}});
+  file.Swim({{"event_number", "12"}, {"distance", "200"}, {"finals_time", "2:21.00"},
+             {"prelim_time", "2:22.00"}, {"prelim_course", "Y"}});
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 123"), 100);
+  EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 12"), 200);
+  // The second 200 finds its event again rather than making another.
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT"), 2);
+
+  SdifFile other;
+  other.Swim({{"event_number", "123"}, {"distance", "200"}, {"finals_time", "2:19.00"}});
+  ASSERT_TRUE(Run(other.Lines()).ok);
+  // 200 free for 11-12 collides with 123 (a 100): 25 + 1 = 26, letter "C".
+  EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 26 AND MtEvX = 'C'"), 200);
+}
+
+TEST_F(ImportTest, EventWithoutNumberIsFoundOrNumberedAfterTheLast) {
+  SdifFile file;
+  file.Swim({{"event_number", "7"}});
+  file.Swim({{"event_number", ""}, {"event_letter", ""}, {"distance", "50"},
+             {"stroke", "2"}, {"event_sex", "F"}});
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Distance = 50"), 8);
+}
+
+TEST_F(ImportTest, SameStartUnderAnotherNameAsksWhetherItIsTheSameMeet) {
+  SdifFile first;
+  first.Swim();
+  ASSERT_TRUE(Run(first.Lines()).ok);
+
+  SdifFile renamed;
+  renamed.Meet({{"meet_name", "Made-Up Fall Classic"}});
+  renamed.Line("B2", {{"location", "Shelbyville Pool"}});
+  renamed.Swim({{"event_number", "14"}, {"distance", "50"}, {"finals_time", "30.00"}});
+  t_.io.Script({Answer::kNo});
+  ASSERT_TRUE(Run(renamed.Lines()).ok);
+  EXPECT_TRUE(t_.io.Saw("Would you like to treat this meet, Made-Up Fall Classic and Autumn"));
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-01'"), 2);
+
+  SdifFile same;
+  same.Meet({{"meet_name", "Made-Up Winter Classic"}});
+  same.Line("B2", {{"location", "Shelbyville Pool"}});
+  same.Swim({{"event_number", "16"}, {"distance", "25"}, {"finals_time", "14.00"}});
+  t_.io.Script({Answer::kYes});
+  ASSERT_TRUE(Run(same.Lines()).ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-01'"), 2);
+  SQLite::Statement q(Db(), "SELECT Location FROM MEET ORDER BY Meet LIMIT 1");
+  ASSERT_TRUE(q.executeStep());
+  EXPECT_EQ(q.getColumn(0).getString(), "Shelbyville Pool");
+}
+
+TEST_F(ImportTest, NamelessMeetAndBadStartDate) {
+  SdifFile file;
+  file.Meet({{"meet_name", ""}, {"start", "13312026"}});
+  file.Swim();
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  EXPECT_TRUE(t_.io.Saw("It will be given the name MEET1"));
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE MName = 'MEET1' AND Start = '2003-01-01'"), 1);
+  std::ifstream log(t_.Home() / "IMPERR.LOG", std::ios::binary);
+  const std::string text((std::istreambuf_iterator<char>(log)), {});
+  EXPECT_EQ(text.size(), 3u * 80);
+  EXPECT_EQ(text.find("There is no start date found for meet: MEET1"), 0u);
+}
+
+TEST_F(ImportTest, AllFamilyTakesEverySwimmerOfTheFamily) {
+  const int32_t ann = AddAthlete("Doe", "Annabel", "F", "Ann");
+  SdifFile file;
+  file.Swim().Swim({{"swimmer_name", "DOE, ANN"}, {"finals_time", "1:09.00"}});
+  file.Swim({{"swimmer_name", "DOE, JOHN"}, {"sex", "M"}, {"finals_time", "1:02.00"}});
+
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
+
+  ImportCriteria all;
+  all.all_family = true;
+  all.overlay_results = true;
+  ASSERT_TRUE(Run(file.Lines(), ".CL2", all).ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE Athlete = " + std::to_string(ann)), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 2);
+  EXPECT_EQ(t_.state.gAthlete, jane_);  // the current swimmer stays
+}
+
+TEST(SwimmerMatch, OthersOfTheFamilyNameAreListedOnce) {
+  SwimmerMatcher m({1, "JANE", "DOE", "F"}, {}, false);
+  EXPECT_TRUE(m.MatchNameField("DOE, JANE A", "F"));
+  EXPECT_FALSE(m.MatchNameField("DOE, JANE", "M"));  // sex differs
+  EXPECT_FALSE(m.MatchNameField("DOE, JOHN", "M"));
+  EXPECT_FALSE(m.MatchNameField("DOE, JOHN", "M"));
+  EXPECT_FALSE(m.MatchNameField("ROE, JANE", "F"));  // another family: not listed
+  EXPECT_EQ(m.OthersFound(), (std::vector<std::string>{"JANE DOE", "JOHN DOE"}));
+  EXPECT_EQ(OthersFoundText(m),
+            std::string(kOthersWithLastName) + "DOE\r\nJANE DOE\r\nJOHN DOE");
+}
+
+TEST_F(ImportTest, RelayLeadOffsBecomeResults) {
+  SdifFile file;
+  file.Relay();                                         // free relay: leg is freestyle
+  file.Relay({{"stroke", "7"}, {"event_number", "22"}});  // medley: leg is backstroke
+  file.Relay({{"event_number", "24"}, {"distance", "400"}});
+  std::vector<std::string> lines = file.Lines();
+  // The third relay's lead-off has no leg time.
+  int relays = 0;
+  for (std::string& line : lines) {
+    if (line.starts_with("E0")) ++relays;
+    if (relays == 3 && line.starts_with("F0") && line.substr(22, 11).starts_with("DOE, JANE")) {
+      line.replace(79, 8, "        ");
+      line = testing::Cl2(line);
+    }
+  }
+  ImportCriteria without;
+  ASSERT_TRUE(Run(lines, ".CL2", without).ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 0);  // the box gates every relay line
+
+  ImportCriteria lead_off;
+  lead_off.lead_off = true;
+  const ImportOutcome out = Run(lines, ".CL2", lead_off);
+  EXPECT_EQ(out.counts.Processed(ImportRow::kRelay), 3);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'L'"), 2);
+  EXPECT_EQ(Count("SELECT Stroke FROM RESULT WHERE I_R = 'L' AND Stroke = 2"), 2);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'L' AND Stroke = 1 AND Distance = 50 "
+                  "AND Score = 3250 AND F_P = 'F'"),
+            1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE I_R = 'R'"), 3);
+}
+
+TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
+  for (const char* code : {"C", "I"}) {
+    SCOPED_TRACE(code);
+    SdifFile file;
+    file.Swim({{"distance", "300"}, {"finals_time", "3:30.00"}});
+    auto g0 = [&](const char* seq, std::vector<std::string> values) {
+      std::vector<std::pair<std::string, std::string>> f = {
+          {"swimmer_name", "DOE, JANE A"}, {"sequence", seq},    {"total_splits", "12"},
+          {"split_distance", "25"},        {"split_code", code}, {"prelim_final", "F"}};
+      for (size_t i = 0; i < values.size(); ++i) f.emplace_back("split" + std::to_string(i + 1), values[i]);
+      std::string line = testing::Sdif("G0", {});
+      for (const auto& [name, value] : f) {
+        const auto& spot = testing::SdifFieldTable("G0").at(name);
+        const size_t w = static_cast<size_t>(spot.last - spot.first + 1);
+        line.replace(static_cast<size_t>(spot.first - 1) + (spot.right ? w - value.size() : 0),
+                     value.size(), value);
+      }
+      file.Raw(testing::Cl2(line));
+    };
+    g0("1", {"15.00", "32.00", "49.00", "1:06.00", "1:23.00", "1:40.00", "1:57.00", "2:14.00",
+             "2:31.00", "2:48.00"});
+    g0("2", {"17.00", "42.00"});
+    ImportCriteria splits;
+    splits.import_splits = true;
+    splits.overlay_results = true;
+    const ImportOutcome out = Run(file.Lines(), ".CL2", splits);
+    EXPECT_EQ(out.counts.Processed(ImportRow::kSplits), 2);
+    const int32_t result = static_cast<int32_t>(Count("SELECT Result FROM RESULT"));
+    auto split = [&](int index) {
+      return QueryNumber(Db(),
+                         "SELECT Split FROM SPLITS WHERE SplitIndex = " + std::to_string(index) +
+                             " AND SplitID = ?",
+                         result);
+    };
+    EXPECT_EQ(split(1), 1500);
+    EXPECT_EQ(split(10), 16800);
+    EXPECT_EQ(split(11), std::string(code) == "C" ? 1700 : 1700 + 16800);
+    EXPECT_EQ(split(12), std::string(code) == "C" ? 4200 : 4200 + 16800);
+  }
+}
+
+TEST_F(ImportTest, SplitsNeedTheirBox) {
+  SdifFile file;
+  file.Swim();
+  file.Line("G0", {{"swimmer_name", "DOE, JANE A"}, {"sequence", "1"}, {"total_splits", "2"},
+                   {"split_distance", "50"}, {"split_code", "C"}, {"prelim_final", "F"},
+                   {"split1", "31.00"}, {"split2", "1:05.32"}});
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), 0);
+  ImportCriteria splits;
+  splits.import_splits = true;
+  splits.overlay_results = true;
+  ASSERT_TRUE(Run(file.Lines(), ".CL2", splits).ok);
+  EXPECT_EQ(Count("SELECT SplitIndex FROM SPLITS WHERE Split = 3100"), 2);  // 50s: step 2
+  EXPECT_EQ(Count("SELECT SplitIndex FROM SPLITS WHERE Split = 6532"), 4);
+}
+
+TEST_F(ImportTest, AStoppedRunKeepsWhatItStored) {
+  SdifFile file;
+  for (int e = 1; e <= 6; ++e) {
+    file.Swim({{"event_number", std::to_string(e)}, {"distance", std::to_string(25 * e)}});
+  }
+  StopAfter stop(4);  // A0, B1, C1, D0 with its D3
+  const ImportOutcome out = Run(file.Lines(), ".CL2", {}, &stop);
+  EXPECT_TRUE(out.cancelled);
+  EXPECT_EQ(out.status, kImportAborted);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
+  EXPECT_EQ(Count("SELECT Rank FROM RESULT"), 1);
+}
+
+TEST_F(ImportTest, ABadLineStopsTheRunWithTheTwoPartBox) {
+  SdifFile file;
+  file.Swim();
+  file.Raw(testing::Cl2(testing::Sdif("D0", {}).replace(0, 2, "Q9")));
+  file.Swim({{"event_number", "14"}, {"distance", "50"}});
+  const ImportOutcome out = Run(file.Lines());
+  EXPECT_FALSE(out.ok);
+  EXPECT_EQ(out.status, kImportIncomplete);
+  EXPECT_TRUE(t_.io.Saw("File processing error for file: meet.CL2\r\nThe error is on line: 6\r\n"
+                        "The problem line is listed below in two parts: \r\n>>Q9"));
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);  // what came before stays
+}
+
+TEST_F(ImportTest, AStoreFailureLeavesTheDatabaseAsItWas) {
+  Db().exec("DROP TABLE SPLITS");  // the first split written fails
+  SdifFile file;
+  file.Swim();
+  file.Line("G0", {{"swimmer_name", "DOE, JANE A"}, {"sequence", "1"}, {"total_splits", "1"},
+                   {"split_distance", "50"}, {"split_code", "C"}, {"prelim_final", "F"},
+                   {"split1", "31.00"}});
+  ImportCriteria splits;
+  splits.import_splits = true;
+  const ImportOutcome out = Run(file.Lines(), ".CL2", splits);
+  EXPECT_FALSE(out.ok);
+  EXPECT_TRUE(t_.io.Saw("Not all records were imported."));
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET"), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 0);
+}
+
+// A record with nothing but its code.
+std::string Nv3Bare(const char* code) {
+  return testing::Nv3Resum(std::string(code) + std::string(128, ' '));
+}
+
+std::vector<std::string> Nv3File(std::vector<std::string> swims) {
+  std::vector<std::string> lines = {
+      Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}, {"version", "2.1Da"}}),
+      Nv3("B1", {{"meet_name", "Made-Up Sprint Meet"}, {"start", "10102026"}, {"end", "10112026"}}),
+      Nv3("B2", {{"course_letter", "L"}}),
+      Nv3("C1", {{"team_code", "MUST"}, {"team_name", "Made Up Swim Team"}}),
+      Nv3Bare("C2"),
+      Nv3("D1", {{"sex", "F"}, {"athlete", "7"}, {"last", "Doe"}, {"first", "Jane"}}),
+      Nv3Bare("D2"),
+      Nv3Bare("D3")};
+  for (std::string& s : swims) lines.push_back(std::move(s));
+  return lines;
+}
+
+TEST_F(ImportTest, Nv3ResultsLeadOffsNonTimesAndSplits) {
+  auto e1 = [](const char* event, const char* lead_off) {
+    return Nv3("E1", {{"sex", "F"}, {"athlete", "7"}, {"event_sex", "F"}, {"distance", "100"},
+                      {"stroke_letter", "A"}, {"age_group", " 11 12"}, {"event_number", event},
+                      {"event_letter", lead_off}, {"age", "12"}, {"lead_off", lead_off}});
+  };
+  const auto lines = Nv3File(
+      {e1("5", ""),
+       Nv3("E2", {{"f_p", "P"}, {"score", "62.10"}, {"course", "L"}, {"place", "4"},
+                  {"f_p2", "F"}, {"score2", "61.50"}, {"course2", "L"}, {"place2", "2"}}),
+       Nv3("G1", {{"f_p1", "F"}, {"split_number1", "2"}, {"value1", "29.90"},
+                  {"f_p2", "F"}, {"split_number2", "4"}, {"value2", "61.50"},
+                  {"f_p3", "P"}, {"split_number3", "4"}, {"value3", "62.10"}}),
+       e1("6", "L"), Nv3("E2", {{"f_p", "F"}, {"score", "30.00"}, {"course", "L"}}),
+       e1("7", ""), Nv3("E2", {{"f_p", "F"}, {"score", "0.00"}, {"nt_letter", "Q"}})});
+  ImportCriteria splits;
+  splits.import_splits = true;
+  const ImportOutcome out = Run(lines, ".NV3", splits);
+  ASSERT_TRUE(out.ok) << out.status;
+  EXPECT_EQ(out.counts.Processed(ImportRow::kIndividual), 3);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Course = 'L' AND Start = '2026-10-10'"), 1);
+  EXPECT_EQ(Count("SELECT Place FROM RESULT WHERE Score = 6150 AND F_P = 'F'"), 2);
+  EXPECT_EQ(Count("SELECT Place FROM RESULT WHERE Score = 6210 AND F_P = 'P'"), 4);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT r JOIN MTEVENT e ON e.MtEvent = r.MtEvent WHERE "
+                  "r.I_R = 'L' AND e.MtEvX = 'L'"),
+            1);
+  EXPECT_EQ(Count("SELECT NT FROM RESULT WHERE MtEvent IN (SELECT MtEvent FROM MTEVENT WHERE "
+                  "MtEv = 7)"),
+            5);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), 3);
+  EXPECT_EQ(Count("SELECT s.Split FROM SPLITS s JOIN RESULT r ON r.Result = s.SplitID WHERE "
+                  "r.F_P = 'P'"),
+            6210);
+}
+
+TEST_F(ImportTest, Nv3LinesOutOfPlaceStopTheRun) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"E2", "Processing error on Event Records."},
+      {"F2", "Processing error on Relay Records."},
+      {"D4", "Processing error on Athlete Records."}};
+  for (const auto& [code, words] : cases) {
+    auto lines = Nv3File({});
+    lines.push_back(Nv3("C1", {{"team_code", "OTHR"}}));
+    lines.push_back(Nv3Bare(code));
+    Run(lines, ".NV3");
+    EXPECT_TRUE(t_.io.Saw(std::string("Problem: ") + words)) << code;
+  }
+}
+
+TEST_F(ImportTest, Nv3WithoutTheSwimmerSaysSo) {
+  auto lines = Nv3File({});
+  lines[5] = Nv3("D1", {{"sex", "F"}, {"athlete", "7"}, {"last", "Doe"}, {"first", "Mary"}});
+  const ImportOutcome out = Run(lines, ".NV3");
+  EXPECT_EQ(out.status, kImportSuccessful);  // the meet and team came in
+  EXPECT_TRUE(t_.io.Saw("This file did not contain any results for JANE DOE"));
+  EXPECT_TRUE(t_.io.Saw("with the last name of DOE\r\nMARY DOE"));
+}
+
+}  // namespace
+}  // namespace kvlr

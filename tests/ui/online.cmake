@@ -1,0 +1,1 @@
+# event/unzip/online screen tests

@@ -1,0 +1,1 @@
+# event, unzip and online-service screens
