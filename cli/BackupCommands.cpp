@@ -10,14 +10,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// --yes / --no may also follow the command word.
-void TakeAnswer(Context& c) {
-  if (c.args.Has("--yes") && c.args.Has("--no"))
-    throw UsageError("--yes and --no exclude each other");
-  if (c.args.Has("--yes")) c.io.SetPreset(true);
-  if (c.args.Has("--no")) c.io.SetPreset(false);
-}
-
 int Backup(Context& c) {
   if (!c.args.positional.empty()) throw UsageError("takes no positional words");
   const fs::path database = Required(c, "--db");

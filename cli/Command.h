@@ -44,6 +44,9 @@ std::string OnePath(const Context& c);
 // The value of a required option; UsageError when absent.
 std::string Required(const Context& c, const std::string& option);
 
+// --yes / --no given behind the command word answer its questions.
+void TakeAnswer(Context& c);
+
 // What the first open of a database does at start: open, complete, upgrade, read settings.
 // False (the user told) when the file is missing or refused.
 bool OpenAsAtStart(Context& c, const std::filesystem::path& file);

@@ -31,6 +31,14 @@ std::string Required(const Context& c, const std::string& option) {
   return c.args.values.at(option);
 }
 
+void TakeAnswer(Context& c) {
+  if (c.args.Has("--yes") && c.args.Has("--no")) {
+    throw UsageError("--yes and --no exclude each other");
+  }
+  if (c.args.Has("--yes")) c.io.SetPreset(true);
+  if (c.args.Has("--no")) c.io.SetPreset(false);
+}
+
 bool OpenAsAtStart(Context& c, const fs::path& file) {
   std::error_code ec;
   if (!fs::exists(file, ec)) {

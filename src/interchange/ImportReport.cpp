@@ -143,7 +143,10 @@ class Reporter {
   bool Walk(bool nv3) {
     const size_t count = file_.lines.size();
     for (size_t i = 0; i < count; ++i) {
-      if (monitor_.Cancelled()) return false;
+      if (monitor_.Cancelled()) {
+        rows_.Flush();
+        return false;
+      }
       monitor_.Percent(static_cast<int>(i * 100 / count));
       if (nv3)
         Nv3Line(file_.lines[i]);

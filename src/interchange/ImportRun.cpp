@@ -1,8 +1,12 @@
 #include "interchange/ImportRun.h"
 
+#include <system_error>
+
+#include <SQLiteCpp/Exception.h>
 #include <fmt/format.h>
 
 #include "core/ErrorHandler.h"
+#include "core/Errors.h"
 #include "interchange/ImportFlows.h"
 #include "interchange/ImportReportTable.h"
 #include "interchange/Psn.h"
@@ -96,7 +100,12 @@ ImportOutcome RunImportFile(AppState& state, ImportMonitor& monitor, const Impor
     monitor.Status(out.status);
     return out;
   } catch (const std::exception& e) {
-    // The session is gone and with it everything the run wrote.
+    // The session is gone and with it everything the run wrote. Failures other than the
+    // store's and the file system's (a question nobody answered) go to the caller.
+    if (!dynamic_cast<const SQLite::Exception*>(&e) && !dynamic_cast<const KvlError*>(&e) &&
+        !dynamic_cast<const std::system_error*>(&e)) {
+      throw;
+    }
     ReportError(state, routine, e);
     state.io->Tell(kNotAllRecordsImported);
     out = ImportOutcome{};

@@ -190,6 +190,18 @@ void ImportSession::ProcessB2Rec(std::string_view b1_name, std::string_view loca
 int32_t ImportSession::GetMeetEvent(int distance, int stroke, int lo_hi, std::string_view sex,
                                     int number, std::string_view letter_in,
                                     std::string_view course, std::string_view i_r) {
+  EventKey key{meet_,          distance,         stroke,           lo_hi,
+               std::string(sex), number,         std::string(letter_in),
+               std::string(course.substr(0, 1)), std::string(i_r)};
+  if (auto hit = events_.find(key); hit != events_.end()) return hit->second;
+  const int32_t event = FindOrAddEvent(distance, stroke, lo_hi, sex, number, letter_in, course, i_r);
+  events_.emplace(std::move(key), event);
+  return event;
+}
+
+int32_t ImportSession::FindOrAddEvent(int distance, int stroke, int lo_hi, std::string_view sex,
+                                      int number, std::string_view letter_in,
+                                      std::string_view course, std::string_view i_r) {
   SQLite::Database& db = *state_.gDb;
   std::string letter = Trim(letter_in);
   if (IsDigits(letter)) {  // "12" + "3" is event 123

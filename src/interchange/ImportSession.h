@@ -11,7 +11,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <memory>
+#include <tuple>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -112,6 +114,9 @@ class ImportSession {
   void UpdateResultRankings();
 
  private:
+  int32_t FindOrAddEvent(int distance, int stroke, int lo_hi, std::string_view sex, int number,
+                         std::string_view letter, std::string_view course, std::string_view i_r);
+
   AppState& state_;
   ImportMonitor& monitor_;
   ImportCriteria criteria_;
@@ -127,6 +132,10 @@ class ImportSession {
   bool duplicate_skipped_ = false;
   int32_t last_result_ = 0;
   bool not_all_imported_ = false;
+  // Events found or made by this run: a big meet asks for the same ones thousands of times.
+  using EventKey =
+      std::tuple<int32_t, int, int, int, std::string, int, std::string, std::string, std::string>;
+  std::map<EventKey, int32_t> events_;
 };
 
 }  // namespace kvlr

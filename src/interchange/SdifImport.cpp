@@ -82,6 +82,10 @@ class SdifWalk {
       D0(line);
     } else if (code == "D1") {
       SdifD1 d1;
+      if (!s_.Matcher().SameLastName(SdifText(line, 19, 46))) {
+        s_.Matcher().ClearFound();
+        return;
+      }
       LoadD1Rec(line, order_, d1);
       if (s_.Matcher().MatchNameField(d1.swimmer_name, d1.sex)) {
         WriteAthInfo({{"Cntry", Trim(d1.citizen)},
@@ -119,8 +123,10 @@ class SdifWalk {
   void D0(const std::string& line) {
     s_.Matcher().ClearFound();
     relay_open_ = false;
-    LoadD0Rec(line, order_, d0_);
     d0_taken_ = false;
+    // Most of a meet is other families: their lines are not even cut.
+    if (!s_.Matcher().SameLastName(SdifText(line, 12, 39))) return;
+    LoadD0Rec(line, order_, d0_);
     if (!s_.Matcher().MatchNameField(d0_.swimmer_name, d0_.sex)) return;
     if (has_d3_ && i_ + 1 < lines_.size() && lines_[i_ + 1].starts_with("D3")) {
       LoadD3Rec(lines_[++i_], d3_);
@@ -242,6 +248,7 @@ class SdifWalk {
     ++leg_count_;
     f0_family_ = false;
     if (!s_.Criteria().lead_off || relay_event_ == 0) return;
+    if (!s_.Matcher().SameLastName(SdifText(line, 23, 45))) return;
     LoadF0Rec(line, order_, f0_);
     f0_family_ = s_.Matcher().MatchNameField(f0_.swimmer_name, f0_.sex);
     if (!f0_family_) return;
@@ -270,10 +277,7 @@ class SdifWalk {
                                           Trim(e0_.event_sex), 0, "", course, "L");
     s_.SaveResult(time_text, leg_distance_, leg_stroke, f_p, course, score, "L", -1, event,
                   static_cast<int>(Val(f0_.age)), Trim(e0_.exhibition));
-    if (s_.DuplicateSkipped()) {
-      s_.SetNotAllImported();
-      return;
-    }
+    if (s_.DuplicateSkipped()) return;
     leg_results_[f_p == "P" ? 1 : 0] = s_.LastResult();
   }
 

@@ -16,6 +16,18 @@ SwimmerMatcher::SwimmerMatcher(CurrentSwimmer current, std::vector<FamilyMember>
       sex_upper_(UCase(Trim(current_.sex))),
       current_athlete_(current_.athlete) {}
 
+bool SwimmerMatcher::SameLastName(std::string_view name_field) const {
+  std::string_view last = name_field.substr(0, name_field.find(','));
+  while (!last.empty() && last.front() == ' ') last.remove_prefix(1);
+  while (!last.empty() && last.back() == ' ') last.remove_suffix(1);
+  if (last.size() != last_upper_.size()) return false;
+  for (size_t i = 0; i < last.size(); ++i) {
+    const char c = last[i] >= 'a' && last[i] <= 'z' ? static_cast<char>(last[i] - 32) : last[i];
+    if (c != last_upper_[i]) return false;
+  }
+  return true;
+}
+
 bool SwimmerMatcher::MatchNameField(std::string_view name_field, std::string_view sex) {
   const std::string name = UCase(name_field);
   const size_t comma = name.find(',');

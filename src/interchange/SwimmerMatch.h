@@ -35,6 +35,10 @@ class SwimmerMatcher {
   // first (or preferred) name.
   bool Match(std::string_view last, std::string_view first_part, std::string_view sex);
 
+  // A cheap first test of a swimmer field: does its last name (before the comma) equal the
+  // family's? Lines that fail it can be passed over without reading them.
+  bool SameLastName(std::string_view name_field) const;
+
   bool FoundSwimmer() const { return found_; }
   void ClearFound() { found_ = false; }
   // The swimmer the last matching line belongs to; the current swimmer before any.

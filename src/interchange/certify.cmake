@@ -1,1 +1,4 @@
 # The certification pass, file statistics and reading an import file.
+target_sources(kvlr_interchange PRIVATE
+  SdifCertify.cpp
+  ImportPrepare.cpp)

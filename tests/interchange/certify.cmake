@@ -2,4 +2,6 @@
 kvlr_add_test(certify_test
   SOURCES
     FileMakerTest.cpp
+    SdifCertifyTest.cpp
+    ImportPrepareTest.cpp
   LIBS kvlr_interchange)

@@ -101,6 +101,7 @@ class frmImpCL final : public QDialog, private ImportMonitor {
   ButtonState button_state_ = ButtonState::kRun;
   bool opened_ = false;
   bool cancel_requested_ = false;
+  bool in_run_ = false;
   QElapsedTimer since_pump_;
 
   QLabel* file_name_;

@@ -1,1 +1,4 @@
 # the import screen
+target_sources(kvlr_ui PRIVATE
+  ImportStatsModel.cpp
+  ImportScreen.cpp)

@@ -1,0 +1,274 @@
+// frmImpCL over a scripted user and scripted file dialogs: the statistics grid, the one
+// button through its states, the choice of a file (zips included) and a whole import.
+
+#include "interchange/ImportScreen.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
+
+#include "athletes/CurrentAthlete.h"
+#include "core/FileOps.h"
+#include "interchange/FileMaker.h"
+#include "interchange/ImportChoice.h"
+#include "interchange/ImportRun.h"
+#include "interchange/ImportStatsModel.h"
+#include "store/ReportDatabase.h"
+#include "store/ZipArchive.h"
+#include "support/QtApp.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::SdifFile;
+using test::TempHome;
+
+QApplication& App() {
+  return test::QtApp();
+}
+
+template <typename T>
+T* Child(QWidget& w, const char* name) {
+  T* child = w.findChild<T*>(name);
+  EXPECT_NE(child, nullptr) << name;
+  return child;
+}
+
+// Saves the screen when KVLR_SCREENSHOTS names a folder; checks that it draws at all.
+void Shoot(QWidget& w, const char* name) {
+  w.show();
+  App().processEvents();
+  const QPixmap shot = w.grab();
+  EXPECT_FALSE(shot.isNull());
+  if (const char* folder = std::getenv("KVLR_SCREENSHOTS")) {
+    shot.save(QString("%1/%2.png").arg(folder, name));
+  }
+}
+
+QString Caption(frmImpCL& screen) {
+  return Child<QPushButton>(screen, "cmdImport")->text();
+}
+
+// Answers the file dialogs in turn and remembers what they were opened with.
+struct Picker {
+  std::vector<QString> answers;
+  std::vector<ImportFileAsk> asked;
+
+  ImportFilePicker Get() {
+    return [this](QWidget*, const ImportFileAsk& ask) {
+      asked.push_back(ask);
+      if (asked.size() > answers.size()) return QString();
+      return answers[asked.size() - 1];
+    };
+  }
+};
+
+// A database with the swimmer Jane Doe current, and a made-up results file of her swims.
+class ImportScreenTest : public ::testing::Test {
+ protected:
+  ImportScreenTest() {
+    App();
+    test::MakeOpenDatabase(t_);
+    CheckReportTables(t_.state);
+    SQLite::Statement q(*t_.state.gDb,
+                        "INSERT INTO ATHLETE (Last, First, Sex, Pref) VALUES (?, ?, ?, ?)");
+    SQLite::bind(q, "Doe", "Jane", "F", "");
+    q.exec();
+    SetCurrentAthlete(t_.state, static_cast<int32_t>(t_.state.gDb->getLastInsertRowid()));
+  }
+
+  // The file as the opening checks leave it.
+  ImportFile Prepared() {
+    SdifFile made;
+    made.Swim().Swim({{"event_number", "14"}, {"distance", "50"}, {"finals_time", "29.10"}});
+    ImportFile file;
+    file.path = t_.Data() / "autumn.cl2";
+    file.extension = ".CL2";
+    file.lines = made.Lines();
+    file.panel = {.file_name = "autumn.cl2",
+                  .created_by = "Norvan, Ltd 1.0",
+                  .file_type = "Meet Results",
+                  .meet_name = "Autumn Made-Up Invite",
+                  .start_date = "11/01/2026"};
+    file.counts.Checked(ImportRow::kMeets) = 1;
+    file.counts.Checked(ImportRow::kTeams) = 1;
+    file.counts.Checked(ImportRow::kIndividual) = 2;
+    file.ready = true;
+    file.status = " Import File Checked - Click OK to Import ";
+    return file;
+  }
+
+  TempHome t_;
+};
+
+TEST(ImportStatsModel, ShowsBothColumnsOfTheFiveRows) {
+  App();
+  ImportStatsModel model;
+  QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+  ASSERT_EQ(model.rowCount(), 5);
+  ASSERT_EQ(model.columnCount(), 2);
+  const char* rows[] = {"Meets", "Teams", "Individual Results", "Relay Results", "Splits"};
+  for (int r = 0; r < 5; ++r) EXPECT_EQ(model.headerData(r, Qt::Vertical).toString(), rows[r]);
+  EXPECT_EQ(model.headerData(0, Qt::Horizontal).toString(), " Records Checked");
+  EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), "Records Processed");
+
+  QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+  ImportCounts counts;
+  counts.Checked(ImportRow::kRelay) = 7;
+  counts.Processed(ImportRow::kSplits) = 12;
+  model.SetCounts(counts);
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_EQ(model.data(model.index(3, 0)).toInt(), 7);
+  EXPECT_EQ(model.data(model.index(3, 1)).toInt(), 0);
+  EXPECT_EQ(model.data(model.index(4, 1)).toInt(), 12);
+  EXPECT_FALSE(model.data(model.index(5, 0)).isValid());
+}
+
+TEST_F(ImportScreenTest, CaptionAndCriteriaFollowTheMode) {
+  t_.state.gUseLeadOff = true;
+  frmImpCL import(t_.state, ImportMode::kImport);
+  EXPECT_EQ(import.windowTitle(), "Import Results");
+  EXPECT_EQ(Caption(import), "Import");
+  EXPECT_FALSE(Child<QGroupBox>(import, "fraCriteria")->isHidden());
+  EXPECT_TRUE(import.Criteria().lead_off) << "from the database's option";
+  EXPECT_FALSE(Child<QCheckBox>(import, "chkImportAll")->isEnabled()) << "one swimmer only";
+  Child<QCheckBox>(import, "SSChkImport0")->setChecked(true);
+  Child<QCheckBox>(import, "SSChkImport1")->setChecked(false);
+  const ImportCriteria criteria = import.Criteria();
+  EXPECT_TRUE(criteria.overlay_results);
+  EXPECT_FALSE(criteria.import_splits);
+
+  frmImpCL report(t_.state, ImportMode::kReport);
+  EXPECT_EQ(Caption(report), "Print");
+  EXPECT_TRUE(Child<QGroupBox>(report, "fraCriteria")->isHidden());
+}
+
+TEST_F(ImportScreenTest, NothingChosenLeavesNothingToImport) {
+  frmImpCL screen(t_.state, ImportMode::kOnline);
+  Picker picker;
+  screen.SetFilePicker(picker.Get());
+  screen.show();
+  for (int i = 0; i < 5 && t_.io.shown.empty(); ++i) App().processEvents();
+  ASSERT_EQ(picker.asked.size(), 1u) << "the dialog opens with the screen";
+  EXPECT_EQ(picker.asked[0].title, "Import Results");
+  EXPECT_EQ(picker.asked[0].filter, "CSO Result files (KVLR_*.txt) (KVLR_*.txt KVLR_*.TXT)");
+  EXPECT_EQ(picker.asked[0].folder.toStdString(), t_.state.gDataDir.string());
+  ASSERT_EQ(t_.io.shown.size(), 1u);
+  EXPECT_EQ(t_.io.shown[0].text, "No valid import file selected.");
+
+  Child<QPushButton>(screen, "cmdImport")->click();  // refused
+  EXPECT_EQ(t_.io.shown.size(), 2u);
+  EXPECT_EQ(screen.Button(), frmImpCL::ButtonState::kRun);
+  EXPECT_FALSE(screen.Outcome().has_value());
+}
+
+TEST_F(ImportScreenTest, AZipIsRefusedByNameOrUnpackedForASecondDialog) {
+  {
+    frmImpCL screen(t_.state, ImportMode::kImport);
+    Picker picker{{QString::fromStdString((t_.Root() / "SWGSBK0301.ZIP").string())}};
+    screen.SetFilePicker(picker.Get());
+    EXPECT_FALSE(screen.ChooseImportFile());
+    EXPECT_EQ(picker.asked.size(), 1u);
+    ASSERT_EQ(t_.io.shown.size(), 1u);
+    EXPECT_EQ(t_.io.shown[0].text, *ZipRefusal("SWGSBK0301.ZIP"));
+  }
+
+  std::vector<ZipSource> members;
+  for (const char* name : {"meet.cl2", "meet.nv3"}) {
+    WriteFileAtomically(t_.Root() / name, "made up\r\n");
+    members.push_back({name, t_.Root() / name});
+  }
+  const fs::path zip = t_.Root() / "autumn.zip";
+  ZipArchive::Create(zip, members, "", 6);
+  struct Case {
+    ImportMode mode;
+    const char* selected;
+  } cases[] = {
+      {ImportMode::kImport, "Result/Roster files (*.nv3) (*.nv3 *.NV3)"},
+      {ImportMode::kReport, "Reportable files (*.nv3,*.cl2) (*.nv3 *.NV3 *.cl2 *.CL2)"},
+  };
+  for (const auto& c : cases) {
+    frmImpCL screen(t_.state, c.mode);
+    Picker picker{{QString::fromStdString(zip.string())}};  // then nothing from the list
+    screen.SetFilePicker(picker.Get());
+    EXPECT_FALSE(screen.ChooseImportFile());
+    ASSERT_EQ(picker.asked.size(), 2u);
+    EXPECT_EQ(picker.asked[1].folder.toStdString(), t_.state.home.TempDir().string());
+    EXPECT_EQ(picker.asked[1].selected_filter, c.selected);
+    EXPECT_TRUE(picker.asked[1].filter.split(";;").contains(c.selected));
+  }
+  EXPECT_TRUE(t_.io.Saw("double click on the file you wish to import."));
+  EXPECT_TRUE(t_.io.Saw("double click on the file you wish to report."));
+}
+
+TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
+  frmImpCL screen(t_.state, ImportMode::kImport);
+  screen.ShowFile(Prepared());
+  EXPECT_EQ(Child<QLabel>(screen, "lblMeetName")->text(), "Autumn Made-Up Invite");
+  EXPECT_EQ(screen.Statistics().Counts().checked[2], 2);
+  EXPECT_EQ(Caption(screen), "Import");
+
+  Child<QPushButton>(screen, "cmdImport")->click();
+  ASSERT_TRUE(screen.Outcome().has_value());
+  EXPECT_TRUE(screen.Outcome()->ok);
+  EXPECT_EQ(Child<QLabel>(screen, "lblStatus")->text().toStdString(), kImportSuccessful);
+  const ImportCounts& shown = screen.Statistics().Counts();
+  EXPECT_EQ(shown.checked[2], 2) << "the checked column stays";
+  EXPECT_EQ(shown.processed[2], 2);
+  EXPECT_EQ(Caption(screen), "Close");
+  EXPECT_FALSE(Child<QGroupBox>(screen, "fraCriteria")->isEnabled());
+  EXPECT_TRUE(Child<QProgressBar>(screen, "prgImport")->isHidden());
+  EXPECT_FALSE(t_.io.Saw(kNotAllImportedAsk));
+  Shoot(screen, "frmImpCL");
+
+  Child<QPushButton>(screen, "cmdImport")->click();
+  EXPECT_EQ(screen.result(), QDialog::Accepted);
+
+  // The same swims again: nothing is overlaid and the exception report is offered.
+  frmImpCL again(t_.state, ImportMode::kImport);
+  again.ShowFile(Prepared());
+  t_.io.Script({Answer::kNo});
+  Child<QPushButton>(again, "cmdImport")->click();
+  ASSERT_TRUE(again.Outcome().has_value());
+  EXPECT_TRUE(again.Outcome()->not_all_imported);
+  EXPECT_TRUE(t_.io.Saw(kNotAllImportedAsk));
+}
+
+TEST_F(ImportScreenTest, DuringARunTheButtonAsksToStop) {
+  frmImpCL screen(t_.state, ImportMode::kImport);
+  screen.ShowFile(Prepared());
+  screen.show();
+  QString during;
+  // Fires while the run serves events between lines.
+  QTimer::singleShot(0, &screen, [&] {
+    during = Caption(screen);
+    t_.io.Script({Answer::kNo, Answer::kYes});
+    Child<QPushButton>(screen, "cmdImport")->click();  // no: goes on
+    screen.reject();                                    // closing asks too: yes
+  });
+  Child<QPushButton>(screen, "cmdImport")->click();
+  EXPECT_EQ(during, "Cancel");
+  int asked = 0;
+  for (const auto& s : t_.io.shown) asked += s.text == kStopImportingAsk;
+  EXPECT_EQ(asked, 2);
+  ASSERT_TRUE(screen.Outcome().has_value());
+  EXPECT_TRUE(screen.Outcome()->cancelled);
+  EXPECT_TRUE(screen.isVisible()) << "the stop request didn't close the screen";
+  EXPECT_EQ(Caption(screen), "Close");
+}
+
+}  // namespace
+}  // namespace kvlr
