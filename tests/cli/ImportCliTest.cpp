@@ -1,0 +1,85 @@
+// kvlr import as a user runs it on a made-up meet file.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "../interchange/FileMaker.h"
+#include "Commands.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+class ImportCli : public ::testing::Test {
+ protected:
+  ImportCli() {
+    EXPECT_EQ(Kvlr({"new-db", db_}).code, 0);
+    EXPECT_EQ(Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Jane", "--sex", "F"})
+                  .code,
+              0);
+  }
+
+  struct Outcome {
+    int code;
+    std::string out, err;
+  };
+  Outcome Kvlr(std::vector<std::string> args) {
+    std::ostringstream out, err;
+    std::istringstream in;
+    args.insert(args.begin(), {"--home", t_.Home().string()});
+    CliEnvironment env{out, err, in, false, t_.clock, t_.disk, "%m/%d/%y", ""};
+    const int code = RunCli(args, env);
+    return {code, out.str(), err.str()};
+  }
+  std::string File(const std::string& name, const std::string& text) {
+    const auto path = t_.Data() / name;
+    std::ofstream(path, std::ios::binary) << text;
+    return path.string();
+  }
+
+  test::TempHome t_;
+  std::string db_ = (t_.Data() / "family.mdb").string();
+};
+
+TEST_F(ImportCli, ImportsOnceThenListsTheRefusedLines) {
+  testing::SdifFile meet;
+  meet.Swim().Swim({{"swimmer_name", "ROE, ANN"}});
+  const std::string file = File("meet.cl2", meet.Text());
+
+  const Outcome first = Kvlr({"import", file, "--db", db_});
+  ASSERT_EQ(first.code, 0) << first.err;
+  EXPECT_NE(first.out.find("Individual Results\t2\t1\n"), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("\nImport Successful\n"), std::string::npos);
+  EXPECT_EQ(first.out.find("Not all data was imported."), std::string::npos);
+
+  const Outcome again = Kvlr({"import", file, "--db", db_});
+  EXPECT_NE(again.out.find("Not all data was imported.\nReason"), std::string::npos) << again.out;
+  EXPECT_NE(again.out.find("\n1\tAutumn Made-Up Invite\tDOE\tJANE\t"), std::string::npos);
+}
+
+TEST_F(ImportCli, QuestionsNeedAnAnswerAndSeveralSwimmersAName) {
+  testing::SdifFile meet;
+  meet.Swim();
+  ASSERT_EQ(Kvlr({"import", File("a.cl2", meet.Text()), "--db", db_}).code, 0);
+  testing::SdifFile renamed;
+  renamed.Meet({{"meet_name", "Made-Up Other Name"}}).Swim();
+  const std::string other = File("b.cl2", renamed.Text());
+
+  const Outcome unanswered = Kvlr({"import", other, "--db", db_});
+  EXPECT_EQ(unanswered.code, 1);
+  EXPECT_NE(unanswered.err.find("as the same meet?"), std::string::npos) << unanswered.err;
+  EXPECT_EQ(Kvlr({"import", other, "--db", db_, "--no"}).code, 0);
+
+  ASSERT_EQ(Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Ann", "--sex", "F"})
+                .code,
+            0);
+  const Outcome unnamed = Kvlr({"import", other, "--db", db_, "--yes"});
+  EXPECT_EQ(unnamed.code, 1);
+  EXPECT_NE(unnamed.err.find("name one with --athlete"), std::string::npos);
+  EXPECT_EQ(Kvlr({"import", other, "--db", db_, "--athlete", "2", "--yes"}).code, 0);
+}
+
+}  // namespace
+}  // namespace kvlr

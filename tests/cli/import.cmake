@@ -1,0 +1,3 @@
+kvlr_add_test(cli_import_test
+  SOURCES ImportCliTest.cpp
+  LIBS kvlr_clilib)
