@@ -73,7 +73,7 @@ class BigMeetFile {
         }
       }
     }
-    char counts[64];
+    char counts[96];
     std::snprintf(counts, sizeof counts, "%3d%3d%4d%4d%6d%6d%5d%6d%6d", 1, 1, teams, teams, swims,
                   swims, relays, relays * 4, splits);
     out.push_back(Line("Z0", {{12, "02"}, {44, counts}}));

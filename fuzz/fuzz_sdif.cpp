@@ -1,14 +1,30 @@
 // Any bytes as an SDIF or Commlink file: read into lines, every line through every reader,
-// the check sum and the record checks. Nothing may crash or read out of bounds.
+// the check sum and the record checks, then the whole certification pass with a swimmer
+// to match. Nothing may crash or read out of bounds.
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
+#include "core/UserIo.h"
 #include "interchange/Cl2CheckSum.h"
+#include "interchange/SdifCertify.h"
+#include "interchange/SwimmerMatch.h"
 #include "interchange/SdifChecks.h"
 #include "interchange/SdifRecordChecks.h"
 #include "interchange/SdifRecords.h"
+
+namespace {
+
+class Quiet final : public kvlr::UserIo {
+ public:
+  kvlr::Answer Message(std::string_view, int, std::string_view) override {
+    return kvlr::Answer::kYes;
+  }
+  void Progress(std::string_view) override {}
+};
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace kvlr;
@@ -54,6 +70,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       CheckD0(1, d0, &problem);
       CheckE0(1, e0, &problem);
     }
+    Quiet io;
+    kvlr::ImportMonitor monitor;
+    SwimmerMatcher matcher({1, "JANE", "DOE", "F"}, {{"JANE", "", 1}, {"ANN", "AN", 2}}, true);
+    SDIFCheck(file.lines, size % 2 == 0, extension, false, 0, &matcher, monitor, io);
+    SDIFCheck(file.lines, false, extension, true, 1, nullptr, monitor, io);
   }
   return 0;
 }

@@ -85,11 +85,11 @@ bool AcceptsImportFile(ImportMode mode, const std::filesystem::path& file);
 
 // What a zip left in the temporary folder for the second dialog.
 struct UnzippedFiles {
-  std::filesystem::path folder;               // the home's KVL-RTemp
-  std::vector<std::filesystem::path> files;   // what the list will offer, sorted
-  std::string_view filter;                    // the second dialog's filter ("|" form)
-  std::string selected_filter;                // the description of its first pair that
-                                              // shows any of the files
+  std::filesystem::path folder;              // the home's KVL-RTemp
+  std::vector<std::filesystem::path> files;  // what the list will offer, sorted
+  std::string_view filter;                   // the second dialog's filter ("|" form)
+  std::string selected_filter;               // the description of its first pair that
+                                             // shows any of the files
 };
 
 // Empties the home's "KVL-RTemp" folder (making it if missing) and extracts the members of
@@ -101,7 +101,6 @@ std::optional<UnzippedFiles> ExtractImportZip(AppState& state, const std::filesy
                                               bool report_mode);
 
 // The box shown after the extraction.
-std::string UnzippedMessage(const std::filesystem::path& folder, bool report_mode,
-                            bool nv3_only);
+std::string UnzippedMessage(const std::filesystem::path& folder, bool report_mode, bool nv3_only);
 
 }  // namespace kvlr

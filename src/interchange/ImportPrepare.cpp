@@ -45,12 +45,18 @@ constexpr int kReadPastEnd = 62;
 std::string ReadWholeFile(const fs::path& path) {
   std::unique_ptr<FILE, int (*)(FILE*)> in(std::fopen(path.c_str(), "rb"), &std::fclose);
   if (!in) ThrowFileError(errno ? errno : ENOENT, "open", path.string());
-  std::string text;
+  // One read into a buffer of the file's size; a file that grows meanwhile is read on.
+  std::error_code ec;
+  const std::uintmax_t size = fs::file_size(path, ec);
+  std::string text(ec ? 0 : static_cast<size_t>(size), '\0');
+  size_t have = text.empty() ? 0 : std::fread(text.data(), 1, text.size(), in.get());
+  text.resize(have);
   char buffer[1 << 16];
-  for (;;) {
+  while (have == text.size() && !std::feof(in.get()) && !std::ferror(in.get())) {
     const size_t got = std::fread(buffer, 1, sizeof buffer, in.get());
+    if (got == 0) break;
     text.append(buffer, got);
-    if (got < sizeof buffer) break;
+    have = text.size();
   }
   if (std::ferror(in.get())) ThrowFileError(errno ? errno : EIO, "read", path.string());
   return text;
@@ -83,8 +89,8 @@ std::string NotNorvanCl2Text() {
 
 // `CheckImportFile`: the lines of `text` up to the first Z0 into file.lines, each tested as
 // its format asks. False once the user was told why not.
-bool CheckImportFile(AppState& state, ImportFile& file, std::string_view text,
-                     bool allow_entries, bool use_fallback) {
+bool CheckImportFile(AppState& state, ImportFile& file, std::string_view text, bool allow_entries,
+                     bool use_fallback) {
   UserIo& io = *state.io;
   const std::string& ext = file.extension;
   const bool cl2 = ext == ".CL2", sd3 = ext == ".SD3", nv3 = ext == ".NV3", txt = ext == ".TXT",
@@ -138,6 +144,7 @@ bool CheckImportFile(AppState& state, ImportFile& file, std::string_view text,
     io.Tell(std::string(file.path.filename().string()) + "Not a valid filename");
     return false;
   }
+  if (length) file.lines.reserve(text.size() / (*length + 2) + 1);
   file.lines.emplace_back(line);
 
   // Every following line.
@@ -249,8 +256,8 @@ void CertifyByKind(AppState& state, ImportMonitor& monitor, ImportFile& file, bo
       return;
     }
     if (!report) {
-      SwimmerMatcher matcher(CurrentSwimmer{state.gAthlete, state.gAthleteFirst,
-                                            state.gAthleteLast, state.gAthleteSex},
+      SwimmerMatcher matcher(CurrentSwimmer{state.gAthlete, state.gAthleteFirst, state.gAthleteLast,
+                                            state.gAthleteSex},
                              ReadFamily(state), false);
       if (!NV3AthleteCheck(state, monitor, file.lines, matcher)) return;
     }

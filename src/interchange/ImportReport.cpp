@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include <fmt/format.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
+#include <fmt/format.h>
 
 #include "core/ErrorHandler.h"
 #include "core/VbRules.h"
@@ -305,8 +305,9 @@ class Reporter {
       Count(ImportRow::kTeams);
     } else if (code == "D1") {
       const Nv3Athlete d1 = LoadNV3AthleteRec(line, Order());
-      Nv3Swimmer swimmer{d1.last,  d1.first, d1.initial, d1.id_no,
-                         ReportDateText(d1.birth_text, Order()), d1.age, d1.sex};
+      Nv3Swimmer swimmer{
+          d1.last, d1.first, d1.initial, d1.id_no, ReportDateText(d1.birth_text, Order()),
+          d1.age,  d1.sex};
       const bool real_birth = d1.birth && *d1.birth != kNv3BlankDate;
       const int32_t athlete = GetCurrentAth(state_, d1.id_no, d1.last, d1.first, d1.initial,
                                             real_birth ? d1.birth->Iso() : std::string());

@@ -38,7 +38,8 @@ inline constexpr std::string_view kPsnLastNameOnly =
     "Import of results is only allowed when the last name match.";
 inline constexpr std::string_view kPsnFirstNameWarning =
     "Warning: The first name in the import file does not match";
-inline constexpr std::string_view kPsnFirstNameOfCurrent = "the first name of the current KVL swimmer.";
+inline constexpr std::string_view kPsnFirstNameOfCurrent =
+    "the first name of the current KVL swimmer.";
 inline constexpr std::string_view kPsnCurrentSwimmer = "Current KVL swimmer: ";
 inline constexpr std::string_view kPsnContinueAsk = "Do you want to continue?";
 inline constexpr std::string_view kResultsProcessed = "Results processed: ";
@@ -48,7 +49,7 @@ inline constexpr std::string_view kPsnFileType = "Individual Results";
 
 struct PsnHeader {
   std::string first, last, preferred, middle;  // trimmed, as they stand
-  std::string creator;                          // columns 62 to the end, trimmed
+  std::string creator;                         // columns 62 to the end, trimmed
 };
 
 // The header's fields; nullopt when the line is not 81 columns.
@@ -78,7 +79,7 @@ inline constexpr int kPsnSplitWidth = 8;
 
 struct PsnLine {
   enum class Kind { kResult, kSplits } kind = Kind::kResult;
-  PsnResult result;                             // kResult
+  PsnResult result;                               // kResult
   std::array<int32_t, kPsnSplitGroups> splits{};  // kSplits: hundredths, 0 for none
 };
 
@@ -99,10 +100,10 @@ std::string ResultsProcessedText(int count);
 
 // What ProcessPSNLine carries from line to line.
 struct PsnProgress {
-  int count = 0;             // results processed
-  int32_t last_result = 0;   // the RESULT key splits lines go under; 0 before any
-  std::string last_course;   // that result's course
-  int split_lines = 0;       // splits lines seen since that result
+  int count = 0;            // results processed
+  int32_t last_result = 0;  // the RESULT key splits lines go under; 0 before any
+  std::string last_course;  // that result's course
+  int split_lines = 0;      // splits lines seen since that result
 };
 
 // `ProcessPSNLine`: for a result line the meet (ProcessMeetRec) and SavePSNResult, which

@@ -29,8 +29,9 @@ std::string UnscrambleBlock(std::string_view block, std::string_view key);
 std::optional<std::string> UnscrambleLine(std::string_view line);
 
 // The inverse, for writing such files: the key digit of `key_index` (1 to 5) in front of
-// the scrambled NV3 line. nullopt for another key index or when a character of columns
-// 1-120 of the NV3 line has no scrambled form under the key (only codes above 186 lack one).
+// the scrambled NV3 line. nullopt for another key index, or when a character of columns
+// 1-120 has no scrambled form under its key digit: the codes that unscramble to it are kept
+// codes (a ',' under the digits 1 and 2, for one), or it lies above 186.
 std::optional<std::string> ScrambleLine(std::string_view nv3_line, int key_index);
 
 }  // namespace kvlr

@@ -1,5 +1,7 @@
 #include "interchange/SdifCertify.h"
 
+#include <algorithm>
+
 #include "core/DateText.h"
 #include "core/VbRules.h"
 #include "interchange/SdifChecks.h"
@@ -112,8 +114,8 @@ bool CheckD1(int mode, const SdifD1& rec, std::string* problem) {
 
 bool CheckD2(int mode, const SdifD2& rec, std::string* problem) {
   if (mode == 0) return true;
-  return CheckCode(rec.organization, sdif::kOrganizationCodes, sdif::kOrganizationCodeLabel,
-                   true, problem) &&
+  return CheckCode(rec.organization, sdif::kOrganizationCodes, sdif::kOrganizationCodeLabel, true,
+                   problem) &&
          NameParses(rec.swimmer_name, problem) &&
          CheckCode(rec.region, sdif::kRegionCodes, sdif::kRegionCodeLabel, true, problem) &&
          CheckCode(rec.season, sdif::kSeasonCodes, sdif::kSeasonCodeLabel, true, problem);
@@ -239,8 +241,8 @@ FilePanel ShowFileStatistics(const std::vector<std::string>& lines,
     LoadB1Rec(line, date_order, b1);
     panel.meet_name = Trim(b1.meet_name);
     const std::string start = SdifText(line, 122, 129);
-    panel.start_date = b1.start.bad || b1.start.IsBlank() ? Trim(start)
-                                                          : ToRegionalDate(start, date_order);
+    panel.start_date =
+        b1.start.bad || b1.start.IsBlank() ? Trim(start) : ToRegionalDate(start, date_order);
     break;
   }
   return panel;

@@ -116,10 +116,10 @@ struct SdifCheckResult {
   bool has_relays = false;      // any E0
   bool current_format = false;  // "V3" in columns 4-5, or "LS43" in 150-153
   bool has_entries = false;
-  ImportCounts counts;          // the " Records Checked" column
-  std::string problem;          // the problem of the failed line (or the cancel words)
-  size_t bad_line = 0;          // from 1; 0 when none
-  std::string status;           // the last status shown
+  ImportCounts counts;  // the " Records Checked" column
+  std::string problem;  // the problem of the failed line (or the cancel words)
+  size_t bad_line = 0;  // from 1; 0 when none
+  std::string status;   // the last status shown
 };
 
 // `SDIFCheck` over the lines of a file read by CheckImportFile. `extension` is the

@@ -33,8 +33,8 @@ bool HasExtension(const std::filesystem::path& file, std::string_view extension)
 }
 
 std::string UnZipWarningText(const std::filesystem::path& folder) {
-  return std::string(kUnZipDeleteWarning) + folder.string() + std::string(kUnZipDirectory) +
-         "\n" + std::string(kUnZipContinueAsk);
+  return std::string(kUnZipDeleteWarning) + folder.string() + std::string(kUnZipDirectory) + "\n" +
+         std::string(kUnZipContinueAsk);
 }
 
 std::vector<std::filesystem::path> ExtractZipInto(const std::filesystem::path& zip,

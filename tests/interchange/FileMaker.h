@@ -43,34 +43,27 @@ inline void AddTimes(FieldTable& t, std::string_view stem, int count, int first)
 inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
   static const auto tables = [] {
     std::map<std::string, FieldTable, std::less<>> t;
-    t["A0"] = {{"organization", {3, 3}},
-               {"version", {4, 11}},
-               {"file_code", {12, 13}},
-               {"software_name", {44, 63}},
-               {"software_version", {64, 73}},
-               {"contact_name", {74, 93}},
-               {"contact_phone", {94, 105}},
-               {"file_date", {106, 113}},
-               {"source_code", {150, 151}},
-               {"content_code", {152, 153}},
-               {"reserved", {156, 157}},
-               {"column158", {158, 158}},
-               {"check_sum", {159, 160}}};
-    t["B1"] = {{"organization", {3, 3}},  {"meet_name", {12, 41}},  {"address1", {42, 63}},
-               {"address2", {64, 85}},    {"location", {86, 120}},  {"meet_type", {121, 121}},
-               {"start", {122, 129}},     {"end", {130, 137}},      {"course", {150, 150}},
+    t["A0"] = {
+        {"organization", {3, 3}},     {"version", {4, 11}},           {"file_code", {12, 13}},
+        {"software_name", {44, 63}},  {"software_version", {64, 73}}, {"contact_name", {74, 93}},
+        {"contact_phone", {94, 105}}, {"file_date", {106, 113}},      {"source_code", {150, 151}},
+        {"content_code", {152, 153}}, {"reserved", {156, 157}},       {"column158", {158, 158}},
+        {"check_sum", {159, 160}}};
+    t["B1"] = {{"organization", {3, 3}}, {"meet_name", {12, 41}}, {"address1", {42, 63}},
+               {"address2", {64, 85}},   {"location", {86, 120}}, {"meet_type", {121, 121}},
+               {"start", {122, 129}},    {"end", {130, 137}},     {"course", {150, 150}},
                {"column158", {158, 158}}};
     t["B2"] = {{"host_name", {12, 41}}, {"address1", {42, 63}}, {"address2", {64, 85}},
                {"location", {86, 120}}, {"phone", {121, 132}},  {"column158", {158, 158}}};
-    t["C1"] = {{"organization", {3, 3}},   {"lsc", {12, 13}},         {"team_code", {14, 17}},
-               {"team_name", {18, 47}},    {"short_name", {48, 63}},  {"address1", {64, 85}},
-               {"address2", {86, 107}},    {"city", {108, 127}},      {"state", {128, 129}},
+    t["C1"] = {{"organization", {3, 3}},    {"lsc", {12, 13}},        {"team_code", {14, 17}},
+               {"team_name", {18, 47}},     {"short_name", {48, 63}}, {"address1", {64, 85}},
+               {"address2", {86, 107}},     {"city", {108, 127}},     {"state", {128, 129}},
                {"postal_code", {130, 139}}, {"country", {140, 142}},  {"region", {143, 143}},
-               {"team_code5", {150, 150}}, {"column158", {158, 158}}};
-    t["C2"] = {{"organization", {3, 3}},  {"lsc", {12, 13}},          {"team_code", {14, 17}},
-               {"coach_name", {18, 47}},  {"coach_phone", {48, 59}},  {"count1", {60, 65, R}},
-               {"count2", {66, 71, R}},   {"count3", {72, 76, R}},    {"count4", {77, 82, R}},
-               {"count5", {83, 88, R}},   {"reserved", {89, 104}},    {"reserved150", {150, 150}},
+               {"team_code5", {150, 150}},  {"column158", {158, 158}}};
+    t["C2"] = {{"organization", {3, 3}}, {"lsc", {12, 13}},         {"team_code", {14, 17}},
+               {"coach_name", {18, 47}}, {"coach_phone", {48, 59}}, {"count1", {60, 65, R}},
+               {"count2", {66, 71, R}},  {"count3", {72, 76, R}},   {"count4", {77, 82, R}},
+               {"count5", {83, 88, R}},  {"reserved", {89, 104}},   {"reserved150", {150, 150}},
                {"column158", {158, 158}}};
     t["D0"] = {{"organization", {3, 3}},
                {"swimmer_name", {12, 39}},
@@ -109,24 +102,36 @@ inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
                {"points_hundredths", {151, 152, R}},
                {"exhibition", {156, 156}},
                {"column158", {158, 158}}};
-    t["D1"] = {{"organization", {3, 3}},      {"lsc", {12, 13}},
-               {"team_code", {14, 17}},       {"team_code5", {18, 18}},
-               {"swimmer_name", {19, 46}},    {"swimmer_number", {48, 59}},
-               {"attach", {60, 60}},          {"citizen", {61, 63}},
-               {"birth", {64, 71}},           {"age", {72, 73, R}},
-               {"sex", {74, 74}},             {"admin1", {75, 104}},
-               {"admin2", {105, 124}},        {"day_phone", {125, 136}},
-               {"evening_phone", {137, 148}}, {"last_membership", {149, 156}},
-               {"member_code", {157, 157}},   {"column158", {158, 158}}};
-    t["D2"] = {{"organization", {3, 3}},     {"lsc", {12, 13}},        {"team_code", {14, 17}},
-               {"team_code5", {18, 18}},     {"swimmer_name", {19, 46}}, {"addressee", {47, 76}},
-               {"street", {77, 106}},        {"city", {107, 126}},     {"state", {127, 128}},
-               {"country", {129, 140}},      {"zip", {141, 150}},      {"country_code", {151, 153}},
-               {"region", {154, 154}},       {"answer", {155, 155}},   {"season", {156, 156}},
+    t["D1"] = {{"organization", {3, 3}},
+               {"lsc", {12, 13}},
+               {"team_code", {14, 17}},
+               {"team_code5", {18, 18}},
+               {"swimmer_name", {19, 46}},
+               {"swimmer_number", {48, 59}},
+               {"attach", {60, 60}},
+               {"citizen", {61, 63}},
+               {"birth", {64, 71}},
+               {"age", {72, 73, R}},
+               {"sex", {74, 74}},
+               {"admin1", {75, 104}},
+               {"admin2", {105, 124}},
+               {"day_phone", {125, 136}},
+               {"evening_phone", {137, 148}},
+               {"last_membership", {149, 156}},
+               {"member_code", {157, 157}},
                {"column158", {158, 158}}};
-    t["D3"] = {{"new_swimmer_number", {3, 16}}, {"preferred_first_name", {17, 31}},
-               {"ethnicity", {32, 33}},         {"flags", {34, 41}},
-               {"flags2", {43, 46}},            {"column158", {158, 158}}};
+    t["D2"] = {{"organization", {3, 3}}, {"lsc", {12, 13}},          {"team_code", {14, 17}},
+               {"team_code5", {18, 18}}, {"swimmer_name", {19, 46}}, {"addressee", {47, 76}},
+               {"street", {77, 106}},    {"city", {107, 126}},       {"state", {127, 128}},
+               {"country", {129, 140}},  {"zip", {141, 150}},        {"country_code", {151, 153}},
+               {"region", {154, 154}},   {"answer", {155, 155}},     {"season", {156, 156}},
+               {"column158", {158, 158}}};
+    t["D3"] = {{"new_swimmer_number", {3, 16}},
+               {"preferred_first_name", {17, 31}},
+               {"ethnicity", {32, 33}},
+               {"flags", {34, 41}},
+               {"flags2", {43, 46}},
+               {"column158", {158, 158}}};
     t["E0"] = {{"organization", {3, 3}},
                {"team_letter", {12, 12}},
                {"lsc", {13, 14}},
@@ -161,20 +166,28 @@ inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
                {"points_hundredths", {151, 152, R}},
                {"exhibition", {156, 156}},
                {"column158", {158, 158}}};
-    t["F0"] = {{"organization", {3, 3}},     {"lsc", {16, 17}},
-               {"team_code", {18, 21}},      {"team_code5", {22, 22}},
-               {"swimmer_name", {23, 45}},   {"swimmer_number", {51, 62}},
-               {"citizen", {63, 65}},        {"birth", {66, 73}},
-               {"age", {74, 75, R}},         {"sex", {76, 76}},
-               {"prelim_order", {77, 77}},   {"swim_off_order", {78, 78}},
-               {"finals_order", {79, 79}},   {"leg_time", {80, 87, R}},
-               {"leg_course", {88, 88}},     {"take_off", {89, 92, R}},
-               {"new_swimmer_number", {93, 106}}, {"column158", {158, 158}}};
-    FieldTable g0 = {{"organization", {3, 3}},       {"swimmer_name", {16, 43}},
-                     {"swimmer_number", {44, 55}},   {"sequence", {56, 56, R}},
-                     {"total_splits", {57, 58, R}},  {"split_distance", {59, 62, R}},
-                     {"split_code", {63, 63}},       {"prelim_final", {144, 144}},
-                     {"column158", {158, 158}}};
+    t["F0"] = {{"organization", {3, 3}},
+               {"lsc", {16, 17}},
+               {"team_code", {18, 21}},
+               {"team_code5", {22, 22}},
+               {"swimmer_name", {23, 45}},
+               {"swimmer_number", {51, 62}},
+               {"citizen", {63, 65}},
+               {"birth", {66, 73}},
+               {"age", {74, 75, R}},
+               {"sex", {76, 76}},
+               {"prelim_order", {77, 77}},
+               {"swim_off_order", {78, 78}},
+               {"finals_order", {79, 79}},
+               {"leg_time", {80, 87, R}},
+               {"leg_course", {88, 88}},
+               {"take_off", {89, 92, R}},
+               {"new_swimmer_number", {93, 106}},
+               {"column158", {158, 158}}};
+    FieldTable g0 = {
+        {"organization", {3, 3}},  {"swimmer_name", {16, 43}},    {"swimmer_number", {44, 55}},
+        {"sequence", {56, 56, R}}, {"total_splits", {57, 58, R}}, {"split_distance", {59, 62, R}},
+        {"split_code", {63, 63}},  {"prelim_final", {144, 144}},  {"column158", {158, 158}}};
     AddTimes(g0, "split", 10, 64);
     t["G0"] = std::move(g0);
     FieldTable j0 = {{"meet_code", {11, 11}},  {"event_sex", {17, 17}},  {"distance", {18, 21, R}},
@@ -188,15 +201,13 @@ inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
     AddTimes(j2, "time", 6, 13);
     t["J1"] = j2;  // a J1 line is cut like a J2
     t["J2"] = std::move(j2);
-    t["Z0"] = {{"organization", {3, 3}},      {"file_code", {12, 13}},
-               {"notes", {14, 43}},           {"b1_count", {44, 46, R}},
-               {"meet_count", {47, 49, R}},   {"c1_count", {50, 53, R}},
-               {"team_count", {54, 57, R}},   {"d0_count", {58, 63, R}},
-               {"swimmer_count", {64, 69, R}}, {"e0_count", {70, 74, R}},
-               {"f0_count", {75, 80, R}},     {"g0_count", {81, 86, R}},
-               {"batch1", {87, 91, R}},       {"batch2", {92, 94, R}},
-               {"batch3", {98, 100, R}},      {"batch4", {101, 103, R}},
-               {"column158", {158, 158}}};
+    t["Z0"] = {
+        {"organization", {3, 3}},    {"file_code", {12, 13}},     {"notes", {14, 43}},
+        {"b1_count", {44, 46, R}},   {"meet_count", {47, 49, R}}, {"c1_count", {50, 53, R}},
+        {"team_count", {54, 57, R}}, {"d0_count", {58, 63, R}},   {"swimmer_count", {64, 69, R}},
+        {"e0_count", {70, 74, R}},   {"f0_count", {75, 80, R}},   {"g0_count", {81, 86, R}},
+        {"batch1", {87, 91, R}},     {"batch2", {92, 94, R}},     {"batch3", {98, 100, R}},
+        {"batch4", {101, 103, R}},   {"column158", {158, 158}}};
     return t;
   }();
   return tables;
@@ -205,37 +216,56 @@ inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
 inline const std::map<std::string, FieldTable, std::less<>>& Nv3Tables() {
   static const auto tables = [] {
     std::map<std::string, FieldTable, std::less<>> t;
-    t["A1"] = {{"file_code", {3, 4}},  {"kind", {5, 29}},       {"creator", {30, 44}},
-               {"version", {45, 58}},  {"date_time", {59, 75}}, {"name", {76, 120}}};
-    t["B1"] = {{"meet_name", {3, 47}}, {"location", {48, 92}}, {"start", {93, 100}},
-               {"end", {101, 108}},    {"age_up", {109, 116}}};
+    t["A1"] = {{"file_code", {3, 4}}, {"kind", {5, 29}},       {"creator", {30, 44}},
+               {"version", {45, 58}}, {"date_time", {59, 75}}, {"name", {76, 120}}};
+    t["B1"] = {{"meet_name", {3, 47}},
+               {"location", {48, 92}},
+               {"start", {93, 100}},
+               {"end", {101, 108}},
+               {"age_up", {109, 116}}};
     t["B2"] = {{"meet_type", {97, 98}}, {"course_letter", {99, 99}}, {"course", {107, 108}}};
     t["C1"] = {{"team_code", {3, 7}}, {"team_name", {8, 37}}, {"short_name", {38, 53}},
                {"lsc", {54, 55}},     {"code1", {117, 119}},  {"code2", {120, 122}}};
-    t["D1"] = {{"sex", {3, 3}},      {"athlete", {4, 8, R}}, {"last", {9, 28}},
-               {"first", {29, 48}},  {"pref", {49, 68}},     {"initial", {69, 69}},
-               {"id_no", {70, 83}},  {"birth", {89, 96}},    {"age", {97, 99, R}}};
-    t["E1"] = {{"sex", {3, 3}},           {"athlete", {4, 8, R}},     {"last5", {9, 13}},
-               {"sex2", {14, 14}},        {"event_sex", {15, 15}},    {"distance", {16, 21, R}},
-               {"stroke_letter", {22, 22}}, {"age_group", {23, 28}},  {"col29", {29, 31}},
-               {"fee", {33, 38, R}},      {"event_number", {39, 41, R}}, {"event_letter", {42, 42}},
-               {"entry_zero", {43, 50, R}}, {"seed_time", {52, 59, R}}, {"seed_course", {60, 60}},
-               {"points", {61, 68, R}},   {"exhibition", {81, 81}},   {"col84", {84, 84}},
-               {"age", {86, 88, R}},      {"age2", {89, 91, R}},      {"col92", {92, 92}},
-               {"lead_off", {95, 95}},    {"gs_mark", {96, 96}}};
+    t["D1"] = {{"sex", {3, 3}},     {"athlete", {4, 8, R}}, {"last", {9, 28}},
+               {"first", {29, 48}}, {"pref", {49, 68}},     {"initial", {69, 69}},
+               {"id_no", {70, 83}}, {"birth", {89, 96}},    {"age", {97, 99, R}}};
+    t["E1"] = {{"sex", {3, 3}},
+               {"athlete", {4, 8, R}},
+               {"last5", {9, 13}},
+               {"sex2", {14, 14}},
+               {"event_sex", {15, 15}},
+               {"distance", {16, 21, R}},
+               {"stroke_letter", {22, 22}},
+               {"age_group", {23, 28}},
+               {"col29", {29, 31}},
+               {"fee", {33, 38, R}},
+               {"event_number", {39, 41, R}},
+               {"event_letter", {42, 42}},
+               {"entry_zero", {43, 50, R}},
+               {"seed_time", {52, 59, R}},
+               {"seed_course", {60, 60}},
+               {"points", {61, 68, R}},
+               {"exhibition", {81, 81}},
+               {"col84", {84, 84}},
+               {"age", {86, 88, R}},
+               {"age2", {89, 91, R}},
+               {"col92", {92, 92}},
+               {"lead_off", {95, 95}},
+               {"gs_mark", {96, 96}}};
     const FieldTable result = {
-        {"f_p", {3, 3}},           {"score", {4, 11, R}},     {"course", {12, 12}},
-        {"nt_letter", {13, 13}},   {"exhibition", {16, 16}},  {"place", {30, 33, R}},
-        {"number", {61, 63, R}},   {"f_p2", {64, 64}},        {"score2", {65, 72, R}},
-        {"course2", {73, 73}},     {"nt_letter2", {74, 74}},  {"exhibition2", {77, 77}},
+        {"f_p", {3, 3}},         {"score", {4, 11, R}},    {"course", {12, 12}},
+        {"nt_letter", {13, 13}}, {"exhibition", {16, 16}}, {"place", {30, 33, R}},
+        {"number", {61, 63, R}}, {"f_p2", {64, 64}},       {"score2", {65, 72, R}},
+        {"course2", {73, 73}},   {"nt_letter2", {74, 74}}, {"exhibition2", {77, 77}},
         {"place2", {91, 94, R}}};
     t["E2"] = result;
     t["F2"] = result;
-    t["F1"] = {{"team_code", {3, 7}},     {"relay_letter", {8, 8}},   {"col9", {9, 12}},
-               {"col13", {13, 13}},       {"col14", {14, 14}},        {"event_sex", {15, 15}},
-               {"distance", {16, 21, R}}, {"stroke_letter", {22, 22}}, {"age_group", {23, 28}},
-               {"col29", {29, 31}},       {"event_number", {39, 41, R}}, {"event_letter", {42, 42}},
-               {"seed_time", {52, 59, R}}, {"seed_course", {60, 60}}, {"col84", {84, 84}}};
+    t["F1"] = {
+        {"team_code", {3, 7}},      {"relay_letter", {8, 8}},      {"col9", {9, 12}},
+        {"col13", {13, 13}},        {"col14", {14, 14}},           {"event_sex", {15, 15}},
+        {"distance", {16, 21, R}},  {"stroke_letter", {22, 22}},   {"age_group", {23, 28}},
+        {"col29", {29, 31}},        {"event_number", {39, 41, R}}, {"event_letter", {42, 42}},
+        {"seed_time", {52, 59, R}}, {"seed_course", {60, 60}},     {"col84", {84, 84}}};
     FieldTable g1;
     for (int i = 0; i < 11; ++i) {
       const int at = 3 + 11 * i;
@@ -382,11 +412,12 @@ class SdifFile {
   }
   // A B1 (meet); the first call replaces the default meet.
   SdifFile& Meet(FieldValues fields = {}) {
-    return Add("B1", {{"meet_name", "Autumn Made-Up Invite"},
-                      {"location", "Springfield"},
-                      {"start", "11012026"},
-                      {"end", "11022026"},
-                      {"course", "Y"}},
+    return Add("B1",
+               {{"meet_name", "Autumn Made-Up Invite"},
+                {"location", "Springfield"},
+                {"start", "11012026"},
+                {"end", "11022026"},
+                {"course", "Y"}},
                fields);
   }
   SdifFile& Team(FieldValues fields = {}) {
@@ -395,52 +426,55 @@ class SdifFile {
   }
   // A D0 and, with `with_d3`, the D3 behind it.
   SdifFile& Swim(FieldValues fields = {}, bool with_d3 = true) {
-    Add("D0", {{"swimmer_name", "DOE, JANE A"},
-               {"birth", "01022014"},
-               {"age", "12"},
-               {"sex", "F"},
-               {"event_sex", "F"},
-               {"distance", "100"},
-               {"stroke", "1"},
-               {"event_number", "12"},
-               {"event_age", "1112"},
-               {"swim_date", "11012026"},
-               {"seed_time", "1:07.00"},
-               {"seed_course", "Y"},
-               {"finals_time", "1:05.32"},
-               {"finals_course", "Y"},
-               {"finals_place", "3"}},
+    Add("D0",
+        {{"swimmer_name", "DOE, JANE A"},
+         {"birth", "01022014"},
+         {"age", "12"},
+         {"sex", "F"},
+         {"event_sex", "F"},
+         {"distance", "100"},
+         {"stroke", "1"},
+         {"event_number", "12"},
+         {"event_age", "1112"},
+         {"swim_date", "11012026"},
+         {"seed_time", "1:07.00"},
+         {"seed_course", "Y"},
+         {"finals_time", "1:05.32"},
+         {"finals_course", "Y"},
+         {"finals_place", "3"}},
         fields);
     if (with_d3) Add("D3", {{"new_swimmer_number", "MADEUP000001"}}, {});
     return *this;
   }
   // An E0 with `legs` F0 lines.
   SdifFile& Relay(FieldValues fields = {}, int legs = 4) {
-    Add("E0", {{"team_letter", "A"},
-               {"lsc", "ZZ"},
-               {"team_code", "MUST"},
-               {"f0_count", std::to_string(legs)},
-               {"event_sex", "F"},
-               {"distance", "200"},
-               {"stroke", "6"},
-               {"event_number", "20"},
-               {"event_age", "1112"},
-               {"swim_date", "11012026"},
-               {"finals_time", "2:10.00"},
-               {"finals_course", "Y"}},
+    Add("E0",
+        {{"team_letter", "A"},
+         {"lsc", "ZZ"},
+         {"team_code", "MUST"},
+         {"f0_count", std::to_string(legs)},
+         {"event_sex", "F"},
+         {"distance", "200"},
+         {"stroke", "6"},
+         {"event_number", "20"},
+         {"event_age", "1112"},
+         {"swim_date", "11012026"},
+         {"finals_time", "2:10.00"},
+         {"finals_course", "Y"}},
         fields);
     static const char* const kNames[] = {"DOE, JANE A", "ROE, ANN", "POE, EVE", "LOE, MAY"};
     for (int i = 0; i < legs; ++i) {
-      Add("F0", {{"team_code", "MUST"},
-                 {"swimmer_name", kNames[i % 4]},
-                 {"birth", "01022014"},
-                 {"age", "12"},
-                 {"sex", "F"},
-                 {"prelim_order", "0"},
-                 {"swim_off_order", "0"},
-                 {"finals_order", std::to_string(i % 4 + 1)},
-                 {"leg_time", "32.50"},
-                 {"leg_course", "Y"}},
+      Add("F0",
+          {{"team_code", "MUST"},
+           {"swimmer_name", kNames[i % 4]},
+           {"birth", "01022014"},
+           {"age", "12"},
+           {"sex", "F"},
+           {"prelim_order", "0"},
+           {"swim_off_order", "0"},
+           {"finals_order", std::to_string(i % 4 + 1)},
+           {"leg_time", "32.50"},
+           {"leg_course", "Y"}},
           {});
     }
     return *this;
@@ -462,8 +496,8 @@ class SdifFile {
     std::vector<std::string> out;
     out.push_back(Finish("A0", a0_));
     int b = 0, c = 0, d0 = 0, d1 = 0, e0 = 0, f0 = 0, g0 = 0;
-    const bool default_meet = std::none_of(body_.begin(), body_.end(),
-                                           [](const Entry& e) { return e.code == "B1"; });
+    const bool default_meet =
+        std::none_of(body_.begin(), body_.end(), [](const Entry& e) { return e.code == "B1"; });
     if (default_meet) {
       SdifFile meet(commlink_);
       meet.Meet();
@@ -550,8 +584,8 @@ class SdifFile {
       }
       const size_t w = static_cast<size_t>(spot->second.last - spot->second.first + 1);
       if (value.size() > w) throw std::invalid_argument("value too wide for " + name);
-      const size_t at = static_cast<size_t>(spot->second.first - 1) +
-                        (spot->second.right ? w - value.size() : 0);
+      const size_t at =
+          static_cast<size_t>(spot->second.first - 1) + (spot->second.right ? w - value.size() : 0);
       line.replace(at, value.size(), value);
     }
     return commlink_ ? Cl2(line) : line;

@@ -24,8 +24,8 @@ TEST(FileMakerTest, CheckSumsAgreeWithWorkedExamplesAndProgram) {
 }
 
 TEST(FileMakerTest, FieldsLandInTheirColumns) {
-  const std::string d0 = Sdif("D0", {{"swimmer_name", "DOE, JANE"}, {"distance", "100"},
-                                     {"finals_time", "1:05.32"}});
+  const std::string d0 =
+      Sdif("D0", {{"swimmer_name", "DOE, JANE"}, {"distance", "100"}, {"finals_time", "1:05.32"}});
   ASSERT_EQ(d0.size(), 160u);
   EXPECT_EQ(d0.substr(0, 2), "D0");
   EXPECT_EQ(d0.substr(11, 9), "DOE, JANE");

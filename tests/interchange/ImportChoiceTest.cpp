@@ -55,8 +55,8 @@ TEST(ZipRefusal, OtherProgramsBackupsAreKnownByTheStartOfTheName) {
       {"swgsbk.Zip", gala},
       {"SwCsBk1.ZIP", std::string(text::kCsBackup)},
       {"nvbackup_fall.zip", std::string(text::kWinCsBackup)},
-      {"NVBACKU.zip", std::nullopt},  // eight letters are needed
-      {"SWGSBK01.cl2", std::nullopt},  // only zips are tested
+      {"NVBACKU.zip", std::nullopt},       // eight letters are needed
+      {"SWGSBK01.cl2", std::nullopt},      // only zips are tested
       {"/SWGSBK/meet.zip", std::nullopt},  // the folder doesn't count
       {"county-results.zip", std::nullopt},
   };
@@ -78,8 +78,8 @@ TEST(ImportExtension, IsTheLastFourCharactersInCapitalsAndPicksWhatAModeTakes) {
     const char* file;
     bool import, report, online;
   } cases[] = {
-      {"a.cl2", true, true, false},  {"a.SD3", true, true, false},
-      {"a.nv3", true, true, false},  {"a.psn", true, false, true},
+      {"a.cl2", true, true, false},      {"a.SD3", true, true, false},
+      {"a.nv3", true, true, false},      {"a.psn", true, false, true},
       {"KVLR_1.txt", false, true, true}, {"a.zip", false, false, false},
       {"a.hy3", false, false, false},
   };
@@ -131,10 +131,18 @@ TEST(ExtractImportZip, AnNv3StandsAloneForImportButNotForAReport) {
     std::string selected;
     std::string_view word, note;
   } cases[] = {
-      {false, {"meet.nv3"}, text::kUnzippedImportFilter, "Result/Roster files (*.nv3)",
-       text::kToImport, text::kNoteNv3Only},
-      {true, {"meet.cl2", "meet.nv3", "meet.sd3"}, text::kUnzippedReportFilter,
-       "Reportable files (*.nv3,*.cl2)", text::kToReport, text::kNoteCl2Sd3},
+      {false,
+       {"meet.nv3"},
+       text::kUnzippedImportFilter,
+       "Result/Roster files (*.nv3)",
+       text::kToImport,
+       text::kNoteNv3Only},
+      {true,
+       {"meet.cl2", "meet.nv3", "meet.sd3"},
+       text::kUnzippedReportFilter,
+       "Reportable files (*.nv3,*.cl2)",
+       text::kToReport,
+       text::kNoteCl2Sd3},
   };
   for (const auto& c : cases) {
     TempHome t;

@@ -102,8 +102,8 @@ TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
        "software is authorized to generate a .cl2 file."},
       {"other software", "e.cl2", SdifFile().A0({{"software_name", "Made Up Meet Co"}}).Text(),
        std::string(sdif::kNotByNorvan)},
-      {"entries", "f.cl2", SdifFile().A0({{"content_code", "41"}}).Text(),
-       std::string(sdif::kHoldsEntries)},
+      {"motivational times", "f.cl2", SdifFile().A0({{"content_code", "45"}}).Text(),
+       std::string(sdif::kHoldsMotivational)},
       {"sd3 not results", "g.sd3", SdifFile(false).A0({{"file_code", "01"}}).Text(),
        std::string(sdif::kNoResultsSd3)},
       {"sd3 not A0", "h.SD3", SdifFile(false).Text().substr(162), std::string(sdif::kNotA0)},
@@ -134,17 +134,26 @@ TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
 }
 
 TEST_F(PrepareTest, AMissingFileIsReportedNotThrown) {
-  const ImportFile f = PrepareImportFile(t_.state, monitor_, t_.Data() / "gone.cl2",
-                                         ImportMode::kReport);
+  const ImportFile f =
+      PrepareImportFile(t_.state, monitor_, t_.Data() / "gone.cl2", ImportMode::kReport);
   EXPECT_FALSE(f.ready);
   EXPECT_FALSE(t_.io.shown.empty());
 }
 
 TEST_F(PrepareTest, CommlinkContentOtherThanRefusedPassesWithoutContact) {
   const ImportFile f =
-      Prepare("x.cl2", SdifFile().A0({{"content_code", "99"}, {"contact_name", ""},
-                                      {"file_date", ""}}).Swim().Text());
+      Prepare("x.cl2", SdifFile()
+                           .A0({{"content_code", "99"}, {"contact_name", ""}, {"file_date", ""}})
+                           .Swim()
+                           .Text());
   EXPECT_TRUE(f.ready) << OnlyBox();
+}
+
+TEST_F(PrepareTest, EntriesAreReportedButNotImported) {
+  const std::string text = SdifFile().A0({{"content_code", "41"}}).Swim().Text();
+  EXPECT_TRUE(Prepare("e.cl2", text, ImportMode::kReport).ready) << OnlyBox();
+  EXPECT_FALSE(Prepare("e.cl2", text, ImportMode::kImport).ready);
+  EXPECT_EQ(OnlyBox(), sdif::kHoldsEntries);
 }
 
 TEST_F(PrepareTest, AForeignRosterIsNotForThisImport) {
@@ -161,8 +170,7 @@ TEST_F(PrepareTest, AForeignRosterIsNotForThisImport) {
 TEST_F(PrepareTest, AnSd3IsCertifiedFieldByField) {
   const ImportFile good = Prepare("g.sd3", SdifFile(false).Swim().Swim().Text());
   EXPECT_TRUE(good.ready) << OnlyBox();
-  const ImportFile bad =
-      Prepare("b.sd3", SdifFile(false).Swim({}, false).Swim({}, false).Text());
+  const ImportFile bad = Prepare("b.sd3", SdifFile(false).Swim({}, false).Swim({}, false).Text());
   EXPECT_FALSE(bad.ready);
   EXPECT_NE(OnlyBox().find("Problem: Invalid SD3 file.  Missing required D3 records for "
                            "Athletes."),
@@ -187,7 +195,10 @@ std::vector<std::string> Nv3File() {
                      {"creator", "Norvan, Ltd"},
                      {"version", "2.1Da"}}),
           Nv3("B1", {{"meet_name", "Made Up Winter Meet"}, {"start", "12052026"}}),
-          Nv3("D1", {{"sex", "F"}, {"athlete", "1"}, {"last", "DOE"}, {"first", "JANE"},
+          Nv3("D1", {{"sex", "F"},
+                     {"athlete", "1"},
+                     {"last", "DOE"},
+                     {"first", "JANE"},
                      {"birth", "01022014"}})};
 }
 
@@ -206,7 +217,13 @@ TEST_F(PrepareTest, AnNv3FillsThePanelFromItsFirstTwoLines) {
 
 TEST_F(PrepareTest, ATextFileIsUnscrambledIntoNv3Lines) {
   std::string text;
-  for (const std::string& line : Nv3File()) text += *ScrambleLine(line, 3) + "\r\n";
+  for (const std::string& line : Nv3File()) {
+    // Not every key can carry every character; the service picks one that can.
+    std::optional<std::string> scrambled;
+    for (int key = 1; key <= 5 && !scrambled; ++key) scrambled = ScrambleLine(line, key);
+    ASSERT_TRUE(scrambled) << line;
+    text += *scrambled + "\r\n";
+  }
   const ImportFile f = Prepare("KVLR_1.txt", text, ImportMode::kOnline);
   ASSERT_TRUE(f.ready) << OnlyBox();
   EXPECT_EQ(f.lines, Nv3File());
@@ -220,8 +237,7 @@ TEST_F(PrepareTest, APsnFileNamesTheOnlineProgram) {
   header.replace(0, 4, "Jane");
   header.replace(20, 3, "Doe");
   header.replace(61, 11, "Norvan, Ltd");
-  const ImportFile f = Prepare("jane.psn", header + "\r\nanything at all\r\n",
-                               ImportMode::kOnline);
+  const ImportFile f = Prepare("jane.psn", header + "\r\nanything at all\r\n", ImportMode::kOnline);
   ASSERT_TRUE(f.ready) << OnlyBox();
   EXPECT_EQ(f.panel.created_by, "Norvan's CLUB STEWARD II");
   EXPECT_EQ(f.panel.file_type, "Individual Results");

@@ -59,9 +59,8 @@ TEST(NV3AthleteCheck, FindsTheSwimmerByFirstOrPreferredName) {
         << c.what;
     EXPECT_TRUE(matcher.AnyMatch()) << c.what;
     EXPECT_TRUE(t.io.shown.empty()) << c.what;
-    EXPECT_EQ(monitor.statuses,
-              (std::vector<std::string>{std::string(kNv3CheckingForAthletes),
-                                        std::string(kNv3AthleteCheckSuccessful)}))
+    EXPECT_EQ(monitor.statuses, (std::vector<std::string>{std::string(kNv3CheckingForAthletes),
+                                                          std::string(kNv3AthleteCheckSuccessful)}))
         << c.what;
   }
 }
@@ -77,8 +76,8 @@ TEST(NV3AthleteCheck, NoMatchTellsTheUserAndListsOthersOfTheLastName) {
   ASSERT_EQ(t.io.shown.size(), 2u);
   EXPECT_EQ(t.io.shown[0].text, NoResultsText(matcher));
   EXPECT_NE(t.io.shown[0].text.find("Alex Smith"), std::string::npos);
-  EXPECT_EQ(t.io.shown[1].text,
-            std::string(kOthersWithLastName) + "Smith\r\nJORDAN SMITH\r\nCASEY SMITH\r\nALEX SMITH");
+  EXPECT_EQ(t.io.shown[1].text, std::string(kOthersWithLastName) +
+                                    "Smith\r\nJORDAN SMITH\r\nCASEY SMITH\r\nALEX SMITH");
   EXPECT_EQ(monitor.statuses.back(), kNv3AthleteCheckSuccessful);
 
   // Nobody of the name at all: the first box only.

@@ -15,13 +15,13 @@ struct BlockCase {
 
 TEST(UnscrambleBlock, EachRangeOfCodesGoesItsOwnWay) {
   const BlockCase cases[] = {
-      {"A", "3", ">"},             // below 91: c - d
-      {"m", "1", "0"},             // 109 and up: c - d - 60
-      {"z", "0", ">"},             //
-      {"[", "2", "K"},             // 91 to 108: c + d - 18
-      {"l", "9", "c"},             //
-      {"AB", "12", "A?"},          // reversed first: "BA", then B-1, A-2
-      {" -.:", "9999", ":.- "},    // blank, '-', '.', ':' stay, whatever the digit
+      {"A", "3", ">"},           // below 91: c - d
+      {"m", "1", "0"},           // 109 and up: c - d - 60
+      {"z", "0", ">"},           //
+      {"[", "2", "K"},           // 91 to 108: c + d - 18
+      {"l", "9", "c"},           //
+      {"AB", "12", "A?"},        // reversed first: "BA", then B-1, A-2
+      {" -.:", "9999", ":.- "},  // blank, '-', '.', ':' stay, whatever the digit
       {"0123456789", "0000000000", "9876543210"},
   };
   for (const auto& c : cases) {
@@ -47,8 +47,8 @@ TEST(UnscrambleLine, ColumnsTwoTo121GoInBlocksAndTheRestIsCopied) {
   ASSERT_TRUE(line.has_value());
   ASSERT_EQ(line->size(), 130u);
   for (size_t block = 0; block < 12; ++block) {
-    EXPECT_EQ(line->substr(block * 10, 10), UnscrambleBlock(body.substr(block * 10, 10),
-                                                            kScrambleKeys[1]))
+    EXPECT_EQ(line->substr(block * 10, 10),
+              UnscrambleBlock(body.substr(block * 10, 10), kScrambleKeys[1]))
         << block;
   }
   EXPECT_EQ(line->substr(120), body.substr(120));
@@ -57,8 +57,9 @@ TEST(UnscrambleLine, ColumnsTwoTo121GoInBlocksAndTheRestIsCopied) {
 }
 
 TEST(ScrambleLine, RoundTripsNv3TextUnderEveryKey) {
-  std::string nv3 = "D1F  Rivers, Pat Q          12345678901202611062026 1:05.32Y-50.00:";
-  for (int c = 0x20; c < 0x7f; ++c) nv3 += static_cast<char>(c);
+  std::string nv3 = "D1F  Rivers Pat Q           12345678901202611062026 1:05.32Y-50.00:/";
+  for (char c = 'a'; c <= 'z'; ++c) nv3 += c;
+  for (char c = 'A'; c <= 'Z'; ++c) nv3 += c;
   nv3.resize(130, ' ');
   for (int key = 1; key <= 5; ++key) {
     const auto scrambled = ScrambleLine(nv3, key);
@@ -71,9 +72,13 @@ TEST(ScrambleLine, RoundTripsNv3TextUnderEveryKey) {
   }
 }
 
-TEST(ScrambleLine, RefusesKeysOutsideTheTable) {
+TEST(ScrambleLine, RefusesWhatNoScrambledTextCouldGive) {
   EXPECT_FALSE(ScrambleLine("A1", 0).has_value());
   EXPECT_FALSE(ScrambleLine("A1", 6).has_value());
+  // Column 2 of a block goes by the key's second digit, 1 in the first key: only the kept
+  // '-' would unscramble to ','.
+  EXPECT_FALSE(ScrambleLine("A,", 1).has_value());
+  EXPECT_TRUE(ScrambleLine(",A", 1).has_value());
 }
 
 }  // namespace

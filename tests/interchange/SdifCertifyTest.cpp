@@ -31,30 +31,35 @@ std::string Good(std::string_view code, testing::FieldValues change = {}) {
   using F = std::vector<std::pair<std::string, std::string>>;
   F fields;
   if (code == "A0") {
-    fields = {{"version", "V3"},       {"file_code", "02"},
-              {"software_name", "Norvan, Ltd"}, {"contact_name", "Pat"},
-              {"contact_phone", "555-0100"},    {"file_date", "11222026"}};
+    fields = {
+        {"version", "V3"},       {"file_code", "02"},           {"software_name", "Norvan, Ltd"},
+        {"contact_name", "Pat"}, {"contact_phone", "555-0100"}, {"file_date", "11222026"}};
   } else if (code == "B1") {
     fields = {{"meet_name", "Made Up Open"}, {"start", "11012026"}, {"course", "Y"}};
   } else if (code == "C1") {
     fields = {{"team_code", "MUST"}, {"team_name", "Made Up Swim Team"}};
   } else if (code == "D1") {
-    fields = {{"swimmer_name", "DOE, JANE A"}, {"birth", "01022014"}, {"sex", "F"},
+    fields = {{"swimmer_name", "DOE, JANE A"},
+              {"birth", "01022014"},
+              {"sex", "F"},
               {"last_membership", "01012026"}};
   } else if (code == "D2") {
     fields = {{"swimmer_name", "DOE, JANE A"}};
   } else if (code == "F0") {
-    fields = {{"team_code", "MUST"},  {"swimmer_name", "DOE, JANE A"}, {"birth", "01022014"},
-              {"sex", "F"},           {"prelim_order", "0"},          {"swim_off_order", "0"},
-              {"finals_order", "1"},  {"leg_time", "32.50"},          {"leg_course", "Y"}};
+    fields = {{"team_code", "MUST"}, {"swimmer_name", "DOE, JANE A"}, {"birth", "01022014"},
+              {"sex", "F"},          {"prelim_order", "0"},           {"swim_off_order", "0"},
+              {"finals_order", "1"}, {"leg_time", "32.50"},           {"leg_course", "Y"}};
   } else if (code == "G0") {
     fields = {{"swimmer_name", "DOE, JANE A"}, {"sequence", "1"},   {"total_splits", "4"},
               {"split_distance", "50"},        {"split_code", "C"}, {"prelim_final", "F"}};
   } else if (code == "J0") {
-    fields = {{"meet_code", "1"},  {"event_sex", "F"},     {"distance", "100"},
-              {"stroke", "1"},     {"event_age", "1112"},  {"date", "11012026"}};
+    fields = {{"meet_code", "1"}, {"event_sex", "F"},    {"distance", "100"},
+              {"stroke", "1"},    {"event_age", "1112"}, {"date", "11012026"}};
   } else if (code == "J1" || code == "J2") {
-    fields = {{"event_sex", "F"}, {"distance", "100"}, {"stroke", "1"}, {"color", "GOLD"},
+    fields = {{"event_sex", "F"},
+              {"distance", "100"},
+              {"stroke", "1"},
+              {"color", "GOLD"},
               {"date", "11012026"}};
   }
   for (const auto& [name, value] : change) {
@@ -155,7 +160,9 @@ std::string ProblemOf(int mode, const std::string& line) {
     LoadJ2Rec(line, kMonthFirst, r);
     ok = CheckJ2(mode, r, &problem);
   }
-  if (ok) EXPECT_EQ(problem, "") << "a pass leaves no problem";
+  if (ok) {
+    EXPECT_EQ(problem, "") << "a pass leaves no problem";
+  }
   return ok ? "" : problem;
 }
 
@@ -285,19 +292,18 @@ TEST(ShowFileStatisticsTest, KindFollowsFileCodeThenContent) {
   };
   for (const Case& c : cases) {
     test::ScriptedUserIo io;
-    const std::vector<std::string> lines = {
-        Sdif("A0", {{"file_code", c.file_code},
-                    {"content_code", c.content},
-                    {"source_code", c.source},
-                    {"software_version", c.version},
-                    {"software_name", "Made Up Soft"}})};
+    const std::vector<std::string> lines = {Sdif("A0", {{"file_code", c.file_code},
+                                                        {"content_code", c.content},
+                                                        {"source_code", c.source},
+                                                        {"software_version", c.version},
+                                                        {"software_name", "Made Up Soft"}})};
     const FilePanel panel = ShowFileStatistics(lines, "/x/meet.cl2", kMonthFirst, &io);
     EXPECT_EQ(panel.file_type, c.kind) << c.file_code << c.content << c.source;
     EXPECT_EQ(panel.valid_for_import, c.valid);
     if (!c.valid) {
       ASSERT_EQ(io.shown.size(), 1u);
-      EXPECT_EQ(io.shown[0].text, std::string(ct::kRosterFile) + "\r\n" +
-                                      std::string(ct::kUseRosterImport));
+      EXPECT_EQ(io.shown[0].text,
+                std::string(ct::kRosterFile) + "\r\n" + std::string(ct::kUseRosterImport));
     } else {
       EXPECT_TRUE(io.shown.empty());
     }
@@ -341,8 +347,7 @@ std::unique_ptr<Run> Check(const std::vector<std::string>& lines, std::string_vi
                            int cancel_after = 1 << 30) {
   auto run = std::make_unique<Run>();
   run->monitor.cancel_after = cancel_after;
-  run->result =
-      SDIFCheck(lines, false, ext, report, kMonthFirst, matcher, run->monitor, run->io);
+  run->result = SDIFCheck(lines, false, ext, report, kMonthFirst, matcher, run->monitor, run->io);
   return run;
 }
 

@@ -5,3 +5,8 @@ kvlr_add_test(certify_test
     SdifCertifyTest.cpp
     ImportPrepareTest.cpp
   LIBS kvlr_interchange)
+
+kvlr_add_test(check_cli_test
+  SOURCES CheckCliTest.cpp
+  LIBS kvlr_clilib)
+target_include_directories(check_cli_test PRIVATE ${PROJECT_SOURCE_DIR}/tests/interchange)

@@ -11,6 +11,8 @@
 #include "athletes/TeamScreen.h"
 #include "core/ErrorHandler.h"
 #include "core/MainWindow.h"
+#include "interchange/ImportScreen.h"
+#include "interchange/OnlineScreens.h"
 #include "meets/EntriesScreen.h"
 #include "meets/CommentsScreen.h"
 #include "meets/DefaultEvents.h"
@@ -182,6 +184,18 @@ void InstallScreens(MainWindow& window, AppState& state) {
   window.SetHandler(C::kGoalsYards, [&window, &state] { ShowGoals(window, state, 'Y'); });
   window.SetHandler(C::kGoalsShort, [&window, &state] { ShowGoals(window, state, 'S'); });
   window.SetHandler(C::kGoalsLong, [&window, &state] { ShowGoals(window, state, 'L'); });
+  window.SetHandler(C::kImportResults, [&window, &state] {
+    ShowImportResults(state, &window, ImportMode::kImport);
+  });
+  window.SetHandler(C::kImportCsOnline, [&window, &state] {
+    ShowCSOInfo(&window);
+    ShowImportResults(state, &window, ImportMode::kOnline);
+  });
+  window.SetHandler(C::kReportImportExport, [&window, &state] {
+    ShowImportResults(state, &window, ImportMode::kReport);
+  });
+  window.SetHandler(C::kImportEvents, [&window, &state] { ShowImportEvents(state, &window); });
+  window.SetHandler(C::kUnzip, [&window, &state] { ShowUnZip(state, &window); });
   window.SetHandler(C::kTeam, [&window, &state] {
     frmTeamMaint screen(state, &window);
     screen.exec();

@@ -76,8 +76,7 @@ QString DialogPicker(QWidget* parent, const ImportFileAsk& ask) {
 frmImpCL::frmImpCL(AppState& state, ImportMode mode, QWidget* parent)
     : QDialog(parent), state_(state), mode_(mode), picker_(DialogPicker) {
   setObjectName("frmImpCL");
-  setWindowTitle(ToQ(mode == ImportMode::kReport ? kImportReportScreenTitle
-                                                 : text::kDialogTitle));
+  setWindowTitle(ToQ(mode == ImportMode::kReport ? kImportReportScreenTitle : text::kDialogTitle));
   setModal(true);
 
   auto* panel = new QGroupBox(this);
@@ -177,7 +176,8 @@ ImportCriteria frmImpCL::Criteria() const {
 
 void frmImpCL::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (opened_) return;
+  // A screen given its file before it is shown has nothing to choose.
+  if (opened_ || !file_.path.empty()) return;
   opened_ = true;
   // After the first paint, so the dialogs open over the screen.
   QTimer::singleShot(0, this, &frmImpCL::Open);
@@ -202,10 +202,8 @@ bool frmImpCL::ChooseImportFile() {
     }
   }
   const QString title = ToQ(text::kDialogTitle);
-  const QString first =
-      PickFile({title, PathToQ(start), QString::fromStdString(QtFileFilter(
-                                           ImportDialogFilter(mode_))),
-                {}});
+  const QString first = PickFile(
+      {title, PathToQ(start), QString::fromStdString(QtFileFilter(ImportDialogFilter(mode_))), {}});
   if (first.isEmpty()) return false;
   fs::path chosen = first.toStdString();
 
@@ -305,8 +303,8 @@ void frmImpCL::Run() {
   in_run_ = true;
   SetButton(ButtonState::kRunning);
   const bool report = mode_ == ImportMode::kReport;
-  ImportOutcome outcome =
-      report ? RunFileReport(state_, *this, file_) : RunImportFile(state_, *this, file_, Criteria());
+  ImportOutcome outcome = report ? RunFileReport(state_, *this, file_)
+                                 : RunImportFile(state_, *this, file_, Criteria());
   in_run_ = false;
   ImportCounts counts = outcome.counts;
   counts.checked = file_.counts.checked;

@@ -1,0 +1,308 @@
+#include <gtest/gtest.h>
+
+#include <SQLiteCpp/Statement.h>
+
+#include "OnlineFixtures.h"
+#include "interchange/EventFile.h"
+#include "interchange/Psn.h"
+#include "interchange/Scramble.h"
+#include "interchange/UnZip.h"
+#include "store/ZipArchive.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+namespace fs = std::filesystem;
+using test::NvvMeetLine;
+using test::QueryNumber;
+
+TEST(EventFileCheckValue, WorkedExamples) {
+  // "Meet;" sums to 454; 454 / 7 = 64; + 121 = " 185": '5', ' ', "18", then 'e'.
+  EXPECT_EQ(EventFileCheckValue("Meet;XXXXX", "Meet"), "5 18e");
+  // 70 times 'd' is 7000; 1000 + 121 = "1121".
+  EXPECT_EQ(EventFileCheckValue(std::string(70, 'd') + "?????", "dodo"), "1112d");
+  // Nothing before the last five: 0 + 121; a name of two letters adds nothing.
+  EXPECT_EQ(EventFileCheckValue("12345", "Al"), "1 12");
+  // Bytes count from 0 to 255.
+  EXPECT_EQ(EventFileCheckValue(std::string(7, '\xff') + "?????", "abc"), "6 37c");
+}
+
+TEST(SplitEventFields, SemicolonsAndTheWholeLastField) {
+  struct Case {
+    const char* line;
+    size_t whole_last;
+    std::vector<std::string> fields;
+  };
+  const Case cases[] = {
+      {"a;b;c", 0, {"a", "b", "c"}},      {"a;b;c;", 0, {"a", "b", "c"}},
+      {"a;;c;", 0, {"a", "", "c"}},       {"", 0, {}},
+      {"a;b;c;d;", 3, {"a", "b", "c;d"}}, {"a;b;c;d", 3, {"a", "b", "c;d"}},
+  };
+  for (const auto& c : cases) EXPECT_EQ(SplitEventFields(c.line, c.whole_last), c.fields) << c.line;
+}
+
+TEST(ParseEventFile, StepsFailInTheirOrder) {
+  const std::string good = NvvMeetLine("Harbor Open", "11/06/2026");
+  std::string tampered = good;
+  tampered[1] = 'A';
+  // A wrong creator with a right check value: the creator's own words.
+  const std::string stranger = NvvMeetLine("Harbor Open", "11/06/2026", "", "", "Y", "", "Other");
+  const std::string no_start = NvvMeetLine("Harbor Open", "13/45/2026");
+  struct Case {
+    std::vector<std::string> lines;
+    std::string error;
+  };
+  const Case cases[] = {
+      {{}, "Error: Invalid file format."},
+      {{"   ", "1;100;1;I;0;0;M"}, "Error: Invalid file format."},
+      {{tampered}, "Error: This file failed integrity test."},
+      {{stranger}, "Error: This file was not produced by Norvan."},
+      {{no_start}, "Error: There is no start date found for meet: Harbor Open"},
+      {{good}, ""},
+  };
+  for (const auto& c : cases) {
+    const EventFileParse parse = ParseEventFile(c.lines);
+    EXPECT_EQ(parse.error, c.error);
+    EXPECT_EQ(parse.file.has_value(), c.error.empty());
+  }
+}
+
+TEST(ParseEventFile, MeetAndEventFields) {
+  const auto parse = ParseEventFile({
+      NvvMeetLine("  Harbor Open ", "11/06/2026", "11/08/2026", "12/31/2026", "LCM", "North Pool",
+                  kEventFileCreator, "AG"),
+      "12A;100;1;I;11;12;F",
+      "5;50;2;i;0;0;M;",
+      "7;200;5;R;13;0;X",
+      "3;400;4;;0;10;M",
+      "",
+      "0;100;1;I;0;0;M",
+      "heading;only",
+  });
+  ASSERT_TRUE(parse.file) << parse.error;
+  const EventFileMeet& m = parse.file->meet;
+  EXPECT_EQ(m.name, "Harbor Open");
+  EXPECT_EQ(m.start, (Date{2026, 11, 6}));
+  EXPECT_EQ(m.end, (Date{2026, 11, 8}));
+  EXPECT_EQ(m.age_up, (Date{2026, 12, 31}));
+  EXPECT_EQ(m.course, "L");
+  EXPECT_EQ(m.location, "North Pool");
+  EXPECT_EQ(m.meet_class, "AG");
+
+  struct Want {
+    int number;
+    const char* letter;
+    int distance, stroke;
+    const char* i_r;
+    int lo_hi;
+    const char* sex;
+  };
+  const Want want[] = {
+      {12, "A", 100, 1, "I", 1112, "F"},
+      {5, "", 50, 2, "I", 99, "M"},     // high 0 is 99, and 0 * 100 + 99
+      {7, "", 200, 5, "R", 1399, "X"},  // high 0 is 99
+      {3, "", 400, 4, "I", 10, "M"},    // no I_R: individual
+  };
+  ASSERT_EQ(parse.file->events.size(), std::size(want));
+  for (size_t i = 0; i < std::size(want); ++i) {
+    const EventFileEvent& e = parse.file->events[i];
+    EXPECT_EQ(e.number, want[i].number) << i;
+    EXPECT_EQ(e.letter, want[i].letter) << i;
+    EXPECT_EQ(e.distance, want[i].distance) << i;
+    EXPECT_EQ(e.stroke, want[i].stroke) << i;
+    EXPECT_EQ(e.i_r, want[i].i_r) << i;
+    EXPECT_EQ(e.lo_hi, want[i].lo_hi) << i;
+    EXPECT_EQ(e.sex, want[i].sex) << i;
+  }
+}
+
+TEST(EventCourse, TwoCourseWordsKeepTheirMiddle) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Y", "Y"},   {"yards", "Y"}, {"LCM", "L"}, {" scm ", "S"}, {"BYLN", "YL"},
+      {"bsn", "S"}, {"BN", ""},     {"BEN", "E"}, {"", ""},
+  };
+  for (const auto& [word, course] : cases) EXPECT_EQ(EventCourse(word), course) << word;
+}
+
+class EventImport : public ::testing::Test {
+ protected:
+  void SetUp() override { test::MakeOpenDatabase(t); }
+
+  fs::path Nvv(const std::string& name, const std::vector<std::string>& lines) {
+    const fs::path file = t.Data() / name;
+    test::WriteLines(file, lines);
+    return file;
+  }
+  long long Count(const std::string& sql) { return QueryNumber(*t.state.gDb, sql); }
+
+  test::TempHome t;
+};
+
+TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
+  const fs::path file =
+      Nvv("harbor.nvv",
+          {
+              NvvMeetLine("Harbor Open", "11/06/2026", "11/08/2026", "", "S", "North Pool"),
+              "1;100;1;I;11;12;F",
+              "2;100;1;I;11;12;M",
+              "2;100;1;I;11;12;M",  // the same number twice is added once
+              "3A;50;3;I;0;10;X",
+          });
+  const EventImportOutcome first = ImportEvents(t.state, file);
+  ASSERT_TRUE(first.ok);
+  EXPECT_EQ(first.events, 3);
+  EXPECT_TRUE(t.io.Saw("Events imported: 3"));
+
+  SQLite::Statement meet(
+      *t.state.gDb, "SELECT MName, Start, End, AgeUp, Course, Location FROM MEET WHERE Meet = ?");
+  meet.bind(1, first.meet);
+  ASSERT_TRUE(meet.executeStep());
+  EXPECT_EQ(meet.getColumn(0).getString(), "Harbor Open");
+  EXPECT_EQ(meet.getColumn(1).getString(), "2026-11-06");
+  EXPECT_EQ(meet.getColumn(2).getString(), "2026-11-08");
+  EXPECT_TRUE(meet.getColumn(3).isNull());
+  EXPECT_EQ(meet.getColumn(4).getString(), "S");
+  EXPECT_EQ(meet.getColumn(5).getString(), "North Pool");
+  EXPECT_EQ(
+      QueryNumber(*t.state.gDb, "SELECT COUNT(*) FROM tblEvents WHERE Type = 2 AND Athlete = ?",
+                  first.meet),
+      3);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE"), 3);
+  EXPECT_EQ(Count("SELECT Lo_Hi FROM MTEVENTE WHERE MtEv = 3 AND MtEvX = 'A'"), 10);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Course = 'S' AND I_R = 'I'"), 3);
+
+  // The second time the meet's start date is taken: nothing more is added.
+  t.io.shown.clear();
+  const EventImportOutcome second = ImportEvents(t.state, file);
+  EXPECT_FALSE(second.ok);
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_EQ(t.io.shown[0].text,
+            "There is already an existing meet with start date of: 11/06/2026  named: Harbor Open\n"
+            "You will need to remove that meet before importing this file.");
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-06'"), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE"), 3);
+}
+
+TEST_F(EventImport, BlankEndIsTheStartAndLongTextsAreCut) {
+  const std::string long_name(60, 'N');
+  const fs::path file = Nvv(
+      "long.nvv", {NvvMeetLine(long_name, "2026-12-01", "", "", "Yards", std::string(50, 'L'))});
+  const EventImportOutcome out = ImportEvents(t.state, file);
+  ASSERT_TRUE(out.ok);
+  EXPECT_EQ(out.events, 0);
+  EXPECT_EQ(out.meet_name, long_name.substr(0, 45));
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE End = Start AND length(Location) = 45"), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM tblEvents WHERE Type = 2"), 1);
+}
+
+TEST_F(EventImport, RefusedFilesWriteNothing) {
+  std::string bad = NvvMeetLine("Harbor Open", "11/06/2026");
+  bad[0] = 'h';
+  EXPECT_FALSE(ImportEvents(t.state, Nvv("bad.nvv", {bad, "1;100;1;I;0;0;M"})).ok);
+  EXPECT_TRUE(t.io.Saw("Error: This file failed integrity test."));
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-06'"), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE"), 0);
+}
+
+TEST_F(EventImport, ZipsGiveTheirEventFilesOnly) {
+  const fs::path a = Nvv("a.nvv", {NvvMeetLine("A Meet", "11/06/2026")});
+  const fs::path b = Nvv("B.NVV", {NvvMeetLine("B Meet", "11/13/2026")});
+  const fs::path other = Nvv("notes.txt", {"hello"});
+  const fs::path zip = t.Data() / "events.zip";
+  ZipArchive::Create(zip, {{"a.nvv", a}, {"sub/B.NVV", b}, {"notes.txt", other}}, "", 6);
+  fs::create_directories(t.state.home.TempDir());
+  const fs::path stale = t.state.home.TempDir() / "old.nv3";
+  test::WriteLines(stale, {"old"});
+
+  const auto files = ExtractEventFiles(t.state, zip);
+  ASSERT_EQ(files.size(), 2u);
+  EXPECT_EQ(files[0], t.state.home.TempDir() / "a.nvv");
+  EXPECT_EQ(files[1], t.state.home.TempDir() / "B.NVV");
+  EXPECT_FALSE(fs::exists(stale));
+  EXPECT_FALSE(fs::exists(t.state.home.TempDir() / "notes.txt"));
+  EXPECT_TRUE(ImportEvents(t.state, files[1]).ok);
+
+  const fs::path none = t.Data() / "none.zip";
+  ZipArchive::Create(none, {{"notes.txt", other}}, "", 6);
+  EXPECT_TRUE(ExtractEventFiles(t.state, none).empty());
+  EXPECT_TRUE(t.io.Saw("No meet event files were found in the selected Zip file."));
+
+  EXPECT_TRUE(ExtractEventFiles(t.state, other).empty());
+  EXPECT_TRUE(t.io.Saw("There was an error extracting from your ZIP file.  Error: "));
+}
+
+TEST(EventFileKindOf, OnlyNvvAndZipNames) {
+  EXPECT_EQ(EventFileKindOf("/x/meet.nvv"), EventFileKind::kNvv);
+  EXPECT_EQ(EventFileKindOf("/x/MEET.NVV"), EventFileKind::kNvv);
+  EXPECT_EQ(EventFileKindOf("/x/meets.Zip"), EventFileKind::kZip);
+  EXPECT_EQ(EventFileKindOf("/x/meet.nv3"), EventFileKind::kInvalid);
+  EXPECT_EQ(EventFileKindOf("/x/nvv"), EventFileKind::kInvalid);
+  EXPECT_EQ(NotValidEventFileText("/x/meet.nv3"), "/x/meet.nv3Not a valid filename");
+}
+
+TEST(UnZipFile, EveryMemberAndTheTwoBoxes) {
+  test::TempHome t;
+  const fs::path a = t.Data() / "a.cl2";
+  test::WriteLines(a, {"A0"});
+  const fs::path zip = t.Data() / "any.zip";
+  ZipArchive::Create(zip, {{"a.cl2", a}, {"b/c.sd3", a}}, "", 6);
+  const fs::path folder = t.Root() / "unzip";
+  fs::create_directories(folder / "old");
+
+  const UnZipOutcome ok = UnZipFile(zip, folder);
+  EXPECT_TRUE(ok.ok);
+  EXPECT_EQ(ok.message, "Successfully Unzipped to " + folder.string() + ".");
+  EXPECT_EQ(ok.files.size(), 2u);
+  EXPECT_FALSE(fs::exists(folder / "old"));
+  EXPECT_TRUE(fs::exists(folder / "c.sd3"));
+
+  const UnZipOutcome bad = UnZipFile(a, folder);
+  EXPECT_FALSE(bad.ok);
+  EXPECT_EQ(bad.message.rfind("There was an error Unzipping the file.  Error: ", 0), 0u);
+  // A file that isn't a zip leaves the folder as it was.
+  EXPECT_TRUE(fs::exists(folder / "c.sd3"));
+  EXPECT_EQ(UnZipWarningText(folder), "This will delete everything in the " + folder.string() +
+                                          " directory.\nDo you still wish to continue?");
+}
+
+}  // namespace
+}  // namespace kvlr
+
+namespace kvlr {
+namespace {
+
+// Damaged files give the first step's words or read what they can; never a crash.
+TEST(DamagedOnlineFiles, ReadersHoldTheirGround) {
+  const std::string huge = "99999999999999999999;1e999;-1e999;R;32767;32767;MM";
+  const std::vector<std::vector<std::string>> nvv_files = {
+      {std::string(300, '\xff')},
+      {std::string(12, ';')},
+      {";;;;;;;Norvan Sports Software;;;"},
+      {test::NvvMeetLine("Zz", "11/06/2026"), huge, ";", "A", "1", std::string(500, ';')},
+      {test::NvvMeetLine("", "11/06/2026")},
+  };
+  for (const auto& lines : nvv_files) {
+    const EventFileParse parse = ParseEventFile(lines);
+    EXPECT_NE(parse.file.has_value(), !parse.error.empty());
+  }
+  const auto parse = ParseEventFile({test::NvvMeetLine("Zz", "11/06/2026"), huge});
+  ASSERT_TRUE(parse.file) << parse.error;
+  ASSERT_EQ(parse.file->events.size(), 1u);
+  EXPECT_EQ(parse.file->events[0].number, 32767);  // held to the store's 16 bits
+  EXPECT_EQ(parse.file->events[0].distance, 32767);
+  EXPECT_EQ(parse.file->events[0].stroke, -32768);
+
+  for (const std::string& line :
+       {std::string(), std::string(300, '\xff'), std::string(81, ' '), std::string(76, 'x') + "  ",
+        std::string("9ZZZZ:::::R"), std::string(120, '9')}) {
+    const PsnLine psn = ParsePsnLine(line, 2);
+    if (psn.kind == PsnLine::Kind::kResult) {
+      EXPECT_GE(psn.result.place, 0);
+    }
+    UnscrambleLine(line);
+  }
+}
+
+}  // namespace
+}  // namespace kvlr

@@ -1,0 +1,155 @@
+// frmImpEv, frmUnZip and frmCSOInfo over a scripted user and a fake file dialog.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTextBrowser>
+
+#include "../interchange/OnlineFixtures.h"
+#include "interchange/ImportEventsScreen.h"
+#include "interchange/OnlineInfoScreen.h"
+#include "interchange/UnZipScreen.h"
+#include "store/ZipArchive.h"
+#include "support/QtApp.h"
+#include "support/TempHome.h"
+
+namespace kvlr {
+namespace {
+
+namespace fs = std::filesystem;
+using test::TempHome;
+
+QApplication& App() {
+  return test::QtApp();
+}
+
+template <typename T>
+T* Child(QWidget& w, const char* name) {
+  T* child = w.findChild<T*>(name);
+  EXPECT_NE(child, nullptr) << name;
+  return child;
+}
+
+// Saves the screen when KVLR_SCREENSHOTS names a folder; checks that it draws at all.
+void Shoot(QWidget& w, const char* name) {
+  w.show();
+  App().processEvents();
+  const QPixmap shot = w.grab();
+  EXPECT_FALSE(shot.isNull());
+  EXPECT_GE(shot.width(), w.minimumSizeHint().width());
+  if (const char* folder = std::getenv("KVLR_SCREENSHOTS")) {
+    shot.save(QString("%1/%2.png").arg(folder, name));
+  }
+}
+
+// A file dialog that answers `file` and remembers what it was asked.
+struct FakePicker {
+  QString file;
+  std::vector<ImportFileAsk> asked;
+  ImportFilePicker Picker() {
+    return [this](QWidget*, const ImportFileAsk& ask) {
+      asked.push_back(ask);
+      return file;
+    };
+  }
+};
+
+TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
+  App();
+  TempHome t;
+  test::MakeOpenDatabase(t);
+  frmImpEv screen(t.state);
+  FakePicker picker;
+  screen.SetFilePicker(picker.Picker());
+  EXPECT_EQ(screen.windowTitle(), "Import Events");
+  EXPECT_FALSE(Child<QPushButton>(screen, "cmdImport")->isEnabled());
+
+  picker.file = QString::fromStdString((t.Data() / "meet.nv3").string());
+  Child<QPushButton>(screen, "cmdBrowse")->click();
+  ASSERT_EQ(picker.asked.size(), 1u);
+  EXPECT_EQ(picker.asked[0].title, "Import Events");
+  EXPECT_EQ(picker.asked[0].filter, "Event files (*.nvv *.zip)");
+  EXPECT_TRUE(t.io.Saw((t.Data() / "meet.nv3").string() + "Not a valid filename"));
+  EXPECT_FALSE(screen.Ready().has_value());
+
+  const fs::path a = t.Data() / "a.nvv";
+  const fs::path b = t.Data() / "b.nvv";
+  test::WriteLines(a, {test::NvvMeetLine("Alpha Meet", "12/05/2026"), "1;50;1;I;0;10;F"});
+  test::WriteLines(
+      b, {test::NvvMeetLine("Beta Meet", "12/12/2026"), "1;50;1;I;0;10;F", "2;100;2;I;11;12;M"});
+  const fs::path zip = t.Data() / "events.zip";
+  ZipArchive::Create(zip, {{"a.nvv", a}, {"b.nvv", b}}, "", 6);
+  ASSERT_TRUE(screen.ChooseFile(zip));
+  auto* list = Child<QListWidget>(screen, "lstFiles");
+  ASSERT_EQ(list->count(), 2);
+  EXPECT_EQ(list->item(1)->text(), "b.nvv");
+  list->setCurrentRow(1);
+  EXPECT_EQ(screen.Ready(), t.state.home.TempDir() / "b.nvv");
+  Shoot(screen, "frmImpEv");
+
+  Child<QPushButton>(screen, "cmdImport")->click();
+  ASSERT_TRUE(screen.Outcome().has_value());
+  EXPECT_TRUE(screen.Outcome()->ok);
+  EXPECT_TRUE(t.io.Saw("Events imported: 2"));
+  EXPECT_EQ(Child<QLabel>(screen, "lblStatus")->text(), "Events imported: 2  (Beta Meet)");
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT COUNT(*) FROM MTEVENTE"), 2);
+  Shoot(screen, "frmImpEv-imported");
+
+  // A plain .nvv is ready at once and needs no list.
+  EXPECT_TRUE(screen.ChooseFile(a));
+  EXPECT_EQ(list->count(), 0);
+  EXPECT_FALSE(list->isEnabled());
+}
+
+TEST(frmUnZip, WarnsThenUnzipsEveryFile) {
+  App();
+  TempHome t;
+  frmUnZip screen(t.state);
+  EXPECT_EQ(screen.windowTitle(), "UnZIP File");
+  EXPECT_EQ(frmUnZip::FileDialogFilter(), "ZIP files (*.zip)");
+  const fs::path folder = t.state.home.TempDir();
+  EXPECT_EQ(Child<QLabel>(screen, "lblFolder")->text().toStdString(), folder.string());
+
+  const fs::path a = t.Data() / "notes.txt";
+  test::WriteLines(a, {"made up"});
+  const fs::path zip = t.Data() / "any.zip";
+  ZipArchive::Create(zip, {{"notes.txt", a}, {"deep/more.cl2", a}}, "", 6);
+
+  screen.SetFile(QString::fromStdString(a.string()));
+  EXPECT_FALSE(screen.UnZip());
+  EXPECT_EQ(t.io.shown.back().text, "Not a valid filename");
+
+  screen.SetFile(QString::fromStdString(zip.string()));
+  t.io.Script({Answer::kNo});
+  EXPECT_FALSE(screen.UnZip());
+  EXPECT_EQ(t.io.shown.back().text, "This will delete everything in the " + folder.string() +
+                                        " directory.\nDo you still wish to continue?");
+  EXPECT_FALSE(fs::exists(folder / "notes.txt"));
+
+  Child<QPushButton>(screen, "cmdUnZip")->click();  // an empty script answers Yes
+  EXPECT_EQ(t.io.shown.back().text, "Successfully Unzipped to " + folder.string() + ".");
+  EXPECT_TRUE(fs::exists(folder / "more.cl2"));
+  EXPECT_EQ(Child<QListWidget>(screen, "lstFiles")->count(), 2);
+  Shoot(screen, "frmUnZip");
+}
+
+TEST(frmCSOInfo, OnePanelOfNumberedConditionsAndOneButton) {
+  App();
+  frmCSOInfo screen;
+  const QString html = Child<QTextBrowser>(screen, "txtInfo")->toHtml();
+  EXPECT_TRUE(Child<QTextBrowser>(screen, "txtInfo")->isReadOnly());
+  EXPECT_GE(frmCSOInfo::InfoText().count("<li>"), 5);
+  EXPECT_TRUE(html.contains(".psn"));
+  EXPECT_EQ(screen.findChildren<QPushButton*>().size(), 1);
+  Shoot(screen, "frmCSOInfo");
+  Child<QPushButton>(screen, "cmdOK")->click();
+  EXPECT_EQ(screen.result(), QDialog::Accepted);
+}
+
+}  // namespace
+}  // namespace kvlr
