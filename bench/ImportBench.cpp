@@ -30,8 +30,7 @@ struct Family {
   SilentIo io;
   BenchDatabase db{"import", io};
   Family() {
-    db.state.gDb->exec(
-        "INSERT INTO ATHLETE (Last, First, Sex) VALUES ('Doe', 'Jane', 'F')");
+    db.state.gDb->exec("INSERT INTO ATHLETE (Last, First, Sex) VALUES ('Doe', 'Jane', 'F')");
     SetCurrentAthlete(db.state, static_cast<int32_t>(db.state.gDb->getLastInsertRowid()));
     CheckReportTables(db.state);
   }
@@ -67,7 +66,8 @@ void BM_ImportPrepared(benchmark::State& st) {
     f.reset();
     st.ResumeTiming();
   }
-  st.SetBytesProcessed(st.iterations() * static_cast<int64_t>(std::filesystem::file_size(BigFile())));
+  st.SetBytesProcessed(st.iterations() *
+                       static_cast<int64_t>(std::filesystem::file_size(BigFile())));
 }
 BENCHMARK(BM_ImportPrepared)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -84,7 +84,8 @@ void BM_ReadCheckAndImport(benchmark::State& st) {
     f.reset();
     st.ResumeTiming();
   }
-  st.SetBytesProcessed(st.iterations() * static_cast<int64_t>(std::filesystem::file_size(BigFile())));
+  st.SetBytesProcessed(st.iterations() *
+                       static_cast<int64_t>(std::filesystem::file_size(BigFile())));
 }
 BENCHMARK(BM_ReadCheckAndImport)->Unit(benchmark::kMillisecond)->UseRealTime();
 

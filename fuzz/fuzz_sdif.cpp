@@ -9,10 +9,10 @@
 #include "core/UserIo.h"
 #include "interchange/Cl2CheckSum.h"
 #include "interchange/SdifCertify.h"
-#include "interchange/SwimmerMatch.h"
 #include "interchange/SdifChecks.h"
 #include "interchange/SdifRecordChecks.h"
 #include "interchange/SdifRecords.h"
+#include "interchange/SwimmerMatch.h"
 
 namespace {
 

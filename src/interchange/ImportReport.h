@@ -25,7 +25,6 @@ std::string ReportTitle(const ImportFile& file);
 
 // `GetCurrentAth`: the Athlete key of a file's swimmer in the open database, 0 when none.
 int32_t GetCurrentAth(AppState& state, std::string_view id_no, std::string_view last,
-                      std::string_view first, std::string_view initial,
-                      std::string_view birth_iso);
+                      std::string_view first, std::string_view initial, std::string_view birth_iso);
 
 }  // namespace kvlr

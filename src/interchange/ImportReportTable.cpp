@@ -4,7 +4,9 @@
 
 namespace kvlr {
 
-void ClearIsdin(SQLite::Database& report_db) { report_db.exec("DELETE FROM RPTISDIN"); }
+void ClearIsdin(SQLite::Database& report_db) {
+  report_db.exec("DELETE FROM RPTISDIN");
+}
 
 void AddIsdinRow(SQLite::Database& report_db, const IsdinRow& r) {
   SQLite::Statement insert(
@@ -15,20 +17,19 @@ void AddIsdinRow(SQLite::Database& report_db, const IsdinRow& r) {
       "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   // Field widths as the table declares them; the store refuses longer text.
   const std::pair<const std::string*, size_t> texts[] = {
-      {&r.reason, 1},   {&r.meet_name, 45}, {&r.meet_beg, 10}, {&r.meet_end, 10},
-      {&r.lsc, 3},      {&r.team_code, 5},  {&r.team_name, 30}, {&r.ev_sex, 1},
-      {&r.dist, 12},    {&r.stroke, 15}};
+      {&r.reason, 1},    {&r.meet_name, 45}, {&r.meet_beg, 10}, {&r.meet_end, 10}, {&r.lsc, 3},
+      {&r.team_code, 5}, {&r.team_name, 30}, {&r.ev_sex, 1},    {&r.dist, 12},     {&r.stroke, 15}};
   int i = 1;
   for (const auto& [text, width] : texts) insert.bind(i++, text->substr(0, width));
   insert.bind(i++, r.lo_hi);
   const std::pair<const std::string*, size_t> more[] = {
-      {&r.p_time, 8}, {&r.p_cors, 1}, {&r.f_time, 8}, {&r.f_cors, 1}, {&r.age, 2},
-      {&r.sex, 1},    {&r.birth, 10}, {&r.ln, 20},    {&r.fn, 20},    {&r.mi, 1},
-      {&r.id_no, 17}};
+      {&r.p_time, 8}, {&r.p_cors, 1}, {&r.f_time, 8}, {&r.f_cors, 1}, {&r.age, 2},   {&r.sex, 1},
+      {&r.birth, 10}, {&r.ln, 20},    {&r.fn, 20},    {&r.mi, 1},     {&r.id_no, 17}};
   for (const auto& [text, width] : more) insert.bind(i++, text->substr(0, width));
   insert.bind(i++, r.int_stroke);
   insert.bind(i++, r.int_dist);
-  for (const std::string* text : {&r.relay, &r.only, &r.diving}) insert.bind(i++, text->substr(0, 1));
+  for (const std::string* text : {&r.relay, &r.only, &r.diving})
+    insert.bind(i++, text->substr(0, 1));
   insert.exec();
 }
 

@@ -19,10 +19,9 @@ inline constexpr std::string_view kNotAllRecordsImported = "Not all records were
 
 // The two-part box of a line the import could not process.
 std::string ProcessingErrorText(const ImportFile& file, const ImportLineError& error) {
-  const std::string& line =
-      error.line_number >= 1 && error.line_number <= file.lines.size()
-          ? file.lines[error.line_number - 1]
-          : std::string();
+  const std::string& line = error.line_number >= 1 && error.line_number <= file.lines.size()
+                                ? file.lines[error.line_number - 1]
+                                : std::string();
   return fmt::format(
       "File processing error for file: {}\r\nThe error is on line: {}\r\nThe problem line is "
       "listed below in two parts: \r\n>>{}<<\r\n>>{}<<\r\nProblem: {}",

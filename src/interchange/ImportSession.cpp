@@ -19,7 +19,9 @@ namespace {
 constexpr Date kMissingStart{2003, 1, 1};
 
 // A file date that names a real day: neither the bad date nor the blank one.
-bool IsRealDate(const FileDate& d) { return !d.bad && !d.IsBlank(); }
+bool IsRealDate(const FileDate& d) {
+  return !d.bad && !d.IsBlank();
+}
 
 std::vector<FamilyMember> ReadFamilyList(SQLite::Database& db) {
   std::vector<FamilyMember> family;
@@ -64,8 +66,8 @@ std::string ImportCourseLetter(std::string_view course_code) {
 }
 
 int PrivateEventNumber(int distance, int stroke) {
-  static constexpr std::pair<int, int> kBases[] = {{25, 10},   {50, 15},   {100, 20}, {200, 25},
-                                                   {400, 30},  {500, 35},  {800, 40}, {1000, 45},
+  static constexpr std::pair<int, int> kBases[] = {{25, 10},   {50, 15},  {100, 20}, {200, 25},
+                                                   {400, 30},  {500, 35}, {800, 40}, {1000, 45},
                                                    {1500, 50}, {1650, 55}};
   for (const auto& [d, base] : kBases) {
     if (d == distance) return base + stroke;
@@ -116,7 +118,8 @@ bool ImportSession::ProcessMeetRec(std::string_view name_in, const FileDate& sta
     start = kMissingStart;
   }
   SQLite::Database& db = *state_.gDb;
-  SQLite::Statement by_name(db, "SELECT Meet, MName, Course FROM MEET WHERE MName = ? AND Start = ?");
+  SQLite::Statement by_name(db,
+                            "SELECT Meet, MName, Course FROM MEET WHERE MName = ? AND Start = ?");
   SQLite::bind(by_name, name, start.Iso());
   auto take = [&](SQLite::Statement& row) {
     meet_ = row.getColumn(0).getInt();
@@ -188,13 +191,20 @@ void ImportSession::ProcessB2Rec(std::string_view b1_name, std::string_view loca
 }
 
 int32_t ImportSession::GetMeetEvent(int distance, int stroke, int lo_hi, std::string_view sex,
-                                    int number, std::string_view letter_in,
-                                    std::string_view course, std::string_view i_r) {
-  EventKey key{meet_,          distance,         stroke,           lo_hi,
-               std::string(sex), number,         std::string(letter_in),
-               std::string(course.substr(0, 1)), std::string(i_r)};
+                                    int number, std::string_view letter_in, std::string_view course,
+                                    std::string_view i_r) {
+  EventKey key{meet_,
+               distance,
+               stroke,
+               lo_hi,
+               std::string(sex),
+               number,
+               std::string(letter_in),
+               std::string(course.substr(0, 1)),
+               std::string(i_r)};
   if (auto hit = events_.find(key); hit != events_.end()) return hit->second;
-  const int32_t event = FindOrAddEvent(distance, stroke, lo_hi, sex, number, letter_in, course, i_r);
+  const int32_t event =
+      FindOrAddEvent(distance, stroke, lo_hi, sex, number, letter_in, course, i_r);
   events_.emplace(std::move(key), event);
   return event;
 }

@@ -13,10 +13,10 @@
 #include <filesystem>
 #include <map>
 #include <memory>
-#include <tuple>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "core/AppState.h"
@@ -96,8 +96,7 @@ class ImportSession {
   bool DuplicateSkipped() const { return duplicate_skipped_; }
   int32_t LastResult() const { return last_result_; }
   // The key of an existing result (Meet, athlete, I_R, MtEvent, F_P); 0 when none.
-  int32_t FindResult(int32_t athlete, std::string_view i_r, int32_t mt_event,
-                     std::string_view f_p);
+  int32_t FindResult(int32_t athlete, std::string_view i_r, int32_t mt_event, std::string_view f_p);
 
   // One split of a result. An existing (SplitID, SplitIndex) is overwritten only with
   // overlay on (false then means it was left alone).

@@ -50,16 +50,16 @@ struct ImportFile {
   std::string extension;           // upper-cased: ".CL2", ".SD3", ".NV3", ".PSN", ".TXT"
   std::vector<std::string> lines;  // up to the first Z0; .TXT lines already unscrambled
   FilePanel panel;
-  ImportCounts counts;  // the " Records Checked" column
-  bool ready = false;   // every check passed: Import / Print may go on
+  ImportCounts counts;      // the " Records Checked" column
+  bool ready = false;       // every check passed: Import / Print may go on
   bool has_relays = false;  // any E0 (the report adds the relay report)
   std::string status;       // the last status line shown
 };
 
 // What a run did.
 struct ImportOutcome {
-  bool ok = false;         // ran to its end
-  bool cancelled = false;  // the user stopped it ("Import aborted by user.")
+  bool ok = false;                // ran to its end
+  bool cancelled = false;         // the user stopped it ("Import aborted by user.")
   bool not_all_imported = false;  // lines were refused: offer the exception report
   ImportCounts counts;
   std::string status;  // " Import Successful ", " No Data Imported ", " Import Incomplete "...

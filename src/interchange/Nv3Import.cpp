@@ -102,8 +102,8 @@ class Nv3Walk {
     if (source_ == "GS" && Val(athlete_.age) > 0) age = static_cast<int>(Val(athlete_.age));
     const std::string text = Trim(swim.nt_text).empty() ? swim.time_text : swim.nt_text;
     s_.SaveResult(text, entry_.key.distance, entry_.key.stroke, f_p,
-                  Trim(swim.course).empty() ? s_.MeetCourse() : Trim(swim.course), swim.score,
-                  i_r, swim.place, event, age, Trim(swim.exhibition));
+                  Trim(swim.course).empty() ? s_.MeetCourse() : Trim(swim.course), swim.score, i_r,
+                  swim.place, event, age, Trim(swim.exhibition));
     if (s_.DuplicateSkipped()) {
       skipped = true;
       return 0;

@@ -137,8 +137,8 @@ class SdifWalk {
 
   int32_t D0Event() {
     return s_.GetMeetEvent(d0_.distance, static_cast<int>(Val(d0_.stroke)), d0_.event_age,
-                           Trim(d0_.event_sex), d0_.event_number, d0_.event_letter,
-                           s_.MeetCourse(), "I");
+                           Trim(d0_.event_sex), d0_.event_number, d0_.event_letter, s_.MeetCourse(),
+                           "I");
   }
 
   void ProcessD0Rec() {
@@ -160,8 +160,8 @@ class SdifWalk {
     for (const Swim& swim : swims) {
       const int place = age == 0 ? -1 : swim.place;
       s_.SaveResult(Trim(swim.time.text), d0_.distance, stroke, swim.f_p,
-                    ResultCourse(swim.course, s_.MeetCourse()), swim.time.score, "I", place,
-                    event, age, Trim(d0_.exhibition));
+                    ResultCourse(swim.course, s_.MeetCourse()), swim.time.score, "I", place, event,
+                    age, Trim(d0_.exhibition));
       skipped = skipped || s_.DuplicateSkipped();
     }
     if (skipped) {
@@ -219,8 +219,8 @@ class SdifWalk {
     }
     for (const auto& [field, value] : fields) {
       // Field names come from the list above, never from the file.
-      SQLite::Statement edit(db, std::string("UPDATE AthInfo SET ") + field +
-                                     " = ? WHERE Athlete = ?");
+      SQLite::Statement edit(db,
+                             std::string("UPDATE AthInfo SET ") + field + " = ? WHERE Athlete = ?");
       SQLite::bind(edit, value, athlete);
       edit.exec();
     }
@@ -235,10 +235,9 @@ class SdifWalk {
     leg_times_.fill(0);
     if (!s_.Criteria().lead_off) return;
     LoadE0Rec(line, order_, e0_);
-    relay_event_ =
-        s_.GetMeetEvent(e0_.distance, static_cast<int>(Val(e0_.relay_stroke)), e0_.event_age,
-                        Trim(e0_.event_sex), e0_.event_number, e0_.event_letter,
-                        s_.MeetCourse(), "R");
+    relay_event_ = s_.GetMeetEvent(e0_.distance, static_cast<int>(Val(e0_.relay_stroke)),
+                                   e0_.event_age, Trim(e0_.event_sex), e0_.event_number,
+                                   e0_.event_letter, s_.MeetCourse(), "R");
     leg_distance_ = e0_.distance / 4;
     ++Count(ImportRow::kRelay);
     Refresh();
@@ -291,8 +290,7 @@ class SdifWalk {
     int32_t result = 0;
     if (!relay_open_) {
       if (!d0_taken_ || !s_.Criteria().import_splits) return;
-      result = s_.FindResult(s_.Matcher().CurrentAthlete(), "I", D0Event(),
-                             Trim(g0.prelim_final));
+      result = s_.FindResult(s_.Matcher().CurrentAthlete(), "I", D0Event(), Trim(g0.prelim_final));
     } else {
       if (!f0_family_) return;
       RelayLegTime(g0);

@@ -32,8 +32,8 @@ bool SwimmerMatcher::MatchNameField(std::string_view name_field, std::string_vie
   const std::string name = UCase(name_field);
   const size_t comma = name.find(',');
   if (comma == std::string::npos) return Match(name, "", sex);
-  return Match(std::string_view(name).substr(0, comma),
-               std::string_view(name).substr(comma + 1), sex);
+  return Match(std::string_view(name).substr(0, comma), std::string_view(name).substr(comma + 1),
+               sex);
 }
 
 bool SwimmerMatcher::Match(std::string_view last, std::string_view first_part,
@@ -53,8 +53,7 @@ bool SwimmerMatcher::Match(std::string_view last, std::string_view first_part,
         return true;
       }
     }
-  } else if (first.find(first_upper_) != std::string::npos &&
-             UCase(Trim(sex)) == sex_upper_) {
+  } else if (first.find(first_upper_) != std::string::npos && UCase(Trim(sex)) == sex_upper_) {
     current_athlete_ = current_.athlete;
     found_ = true;
     any_match_ = true;

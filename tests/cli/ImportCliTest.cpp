@@ -16,9 +16,9 @@ class ImportCli : public ::testing::Test {
  protected:
   ImportCli() {
     EXPECT_EQ(Kvlr({"new-db", db_}).code, 0);
-    EXPECT_EQ(Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Jane", "--sex", "F"})
-                  .code,
-              0);
+    EXPECT_EQ(
+        Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Jane", "--sex", "F"}).code,
+        0);
   }
 
   struct Outcome {
@@ -72,9 +72,8 @@ TEST_F(ImportCli, QuestionsNeedAnAnswerAndSeveralSwimmersAName) {
   EXPECT_NE(unanswered.err.find("as the same meet?"), std::string::npos) << unanswered.err;
   EXPECT_EQ(Kvlr({"import", other, "--db", db_, "--no"}).code, 0);
 
-  ASSERT_EQ(Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Ann", "--sex", "F"})
-                .code,
-            0);
+  ASSERT_EQ(
+      Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Ann", "--sex", "F"}).code, 0);
   const Outcome unnamed = Kvlr({"import", other, "--db", db_, "--yes"});
   EXPECT_EQ(unnamed.code, 1);
   EXPECT_NE(unnamed.err.find("name one with --athlete"), std::string::npos);

@@ -16,9 +16,9 @@
 namespace kvlr {
 namespace {
 
+using test::QueryNumber;
 using testing::Nv3;
 using testing::SdifFile;
-using test::QueryNumber;
 
 // Stops a run after a number of lines.
 class StopAfter : public ImportMonitor {
@@ -66,9 +66,9 @@ class ImportTest : public ::testing::Test {
 };
 
 TEST(ImportRules, NonTimeCodesCoursesAndPrivateNumbers) {
-  const std::pair<const char*, int> nt[] = {{"DQ", 5},    {"scr", 1}, {"NS", 2}, {"DNF", 3},
-                                            {"NT", 4},    {"1:05.32", 0}, {"", 0},
-                                            {"DNS", 2}};  // "NS" inside "DNS"
+  const std::pair<const char*, int> nt[] = {{"DQ", 5},  {"scr", 1}, {"NS", 2},
+                                            {"DNF", 3}, {"NT", 4},  {"1:05.32", 0},
+                                            {"", 0},    {"DNS", 2}};  // "NS" inside "DNS"
   for (const auto& [text, code] : nt) EXPECT_EQ(NtFromTimeText(text), code) << text;
 
   const std::pair<const char*, const char*> courses[] = {
@@ -78,16 +78,21 @@ TEST(ImportRules, NonTimeCodesCoursesAndPrivateNumbers) {
   EXPECT_EQ(PrivateEventNumber(200, 1), 26);
   EXPECT_EQ(PrivateEventNumber(1650, 1), 56);
   EXPECT_EQ(PrivateEventNumber(75, 4), 7);  // not in the table: distance / 25
-  const std::pair<int, const char*> letters[] = {{99, ""},   {1112, "C"}, {8, "A"},   {910, "B"},
-                                                 {1314, "D"}, {1516, "E"}, {1718, "F"}, {1899, "G"}};
+  const std::pair<int, const char*> letters[] = {{99, ""},    {1112, "C"}, {8, "A"},
+                                                 {910, "B"},  {1314, "D"}, {1516, "E"},
+                                                 {1718, "F"}, {1899, "G"}};
   for (const auto& [lo_hi, letter] : letters) EXPECT_EQ(PrivateEventLetter(lo_hi), letter);
 }
 
 TEST_F(ImportTest, TakesOnlyTheFamilysSwimsAndRanksThem) {
   SdifFile file;
   file.Swim().Swim({{"swimmer_name", "ROE, ANN"}, {"finals_time", "1:01.00"}});
-  file.Swim({{"event_number", "14"}, {"distance", "50"}, {"finals_time", "29.10"},
-             {"prelim_time", "29.50"}, {"prelim_course", "Y"}, {"prelim_place", "5"}});
+  file.Swim({{"event_number", "14"},
+             {"distance", "50"},
+             {"finals_time", "29.10"},
+             {"prelim_time", "29.50"},
+             {"prelim_course", "Y"},
+             {"prelim_place", "5"}});
   const ImportOutcome out = Run(file.Lines());
   EXPECT_TRUE(out.ok);
   EXPECT_EQ(out.status, kImportSuccessful);
@@ -134,8 +139,11 @@ TEST_F(ImportTest, EventNumbersFoldLettersAndMakePrivateNumbersOnCollision) {
   SdifFile file;
   file.Swim({{"event_number", "12"}, {"event_letter", "3"}});
   file.Swim({{"event_number", "12"}, {"distance", "200"}, {"finals_time", "2:20.00"}});
-  file.Swim({{"event_number", "12"}, {"distance", "200"}, {"finals_time", "2:21.00"},
-             {"prelim_time", "2:22.00"}, {"prelim_course", "Y"}});
+  file.Swim({{"event_number", "12"},
+             {"distance", "200"},
+             {"finals_time", "2:21.00"},
+             {"prelim_time", "2:22.00"},
+             {"prelim_course", "Y"}});
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 123"), 100);
   EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 12"), 200);
@@ -152,8 +160,11 @@ TEST_F(ImportTest, EventNumbersFoldLettersAndMakePrivateNumbersOnCollision) {
 TEST_F(ImportTest, EventWithoutNumberIsFoundOrNumberedAfterTheLast) {
   SdifFile file;
   file.Swim({{"event_number", "7"}});
-  file.Swim({{"event_number", ""}, {"event_letter", ""}, {"distance", "50"},
-             {"stroke", "2"}, {"event_sex", "F"}});
+  file.Swim({{"event_number", ""},
+             {"event_letter", ""},
+             {"distance", "50"},
+             {"stroke", "2"},
+             {"event_sex", "F"}});
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Distance = 50"), 8);
 }
@@ -223,13 +234,12 @@ TEST(SwimmerMatch, OthersOfTheFamilyNameAreListedOnce) {
   EXPECT_FALSE(m.MatchNameField("DOE, JOHN", "M"));
   EXPECT_FALSE(m.MatchNameField("ROE, JANE", "F"));  // another family: not listed
   EXPECT_EQ(m.OthersFound(), (std::vector<std::string>{"JANE DOE", "JOHN DOE"}));
-  EXPECT_EQ(OthersFoundText(m),
-            std::string(kOthersWithLastName) + "DOE\r\nJANE DOE\r\nJOHN DOE");
+  EXPECT_EQ(OthersFoundText(m), std::string(kOthersWithLastName) + "DOE\r\nJANE DOE\r\nJOHN DOE");
 }
 
 TEST_F(ImportTest, RelayLeadOffsBecomeResults) {
   SdifFile file;
-  file.Relay();                                         // free relay: leg is freestyle
+  file.Relay();                                           // free relay: leg is freestyle
   file.Relay({{"stroke", "7"}, {"event_number", "22"}});  // medley: leg is backstroke
   file.Relay({{"event_number", "24"}, {"distance", "400"}});
   std::vector<std::string> lines = file.Lines();
@@ -267,7 +277,8 @@ TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
       std::vector<std::pair<std::string, std::string>> f = {
           {"swimmer_name", "DOE, JANE A"}, {"sequence", seq},    {"total_splits", "12"},
           {"split_distance", "25"},        {"split_code", code}, {"prelim_final", "F"}};
-      for (size_t i = 0; i < values.size(); ++i) f.emplace_back("split" + std::to_string(i + 1), values[i]);
+      for (size_t i = 0; i < values.size(); ++i)
+        f.emplace_back("split" + std::to_string(i + 1), values[i]);
       std::string line = testing::Sdif("G0", {});
       for (const auto& [name, value] : f) {
         const auto& spot = testing::SdifFieldTable("G0").at(name);
@@ -302,9 +313,14 @@ TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
 TEST_F(ImportTest, SplitsNeedTheirBox) {
   SdifFile file;
   file.Swim();
-  file.Line("G0", {{"swimmer_name", "DOE, JANE A"}, {"sequence", "1"}, {"total_splits", "2"},
-                   {"split_distance", "50"}, {"split_code", "C"}, {"prelim_final", "F"},
-                   {"split1", "31.00"}, {"split2", "1:05.32"}});
+  file.Line("G0", {{"swimmer_name", "DOE, JANE A"},
+                   {"sequence", "1"},
+                   {"total_splits", "2"},
+                   {"split_distance", "50"},
+                   {"split_code", "C"},
+                   {"prelim_final", "F"},
+                   {"split1", "31.00"},
+                   {"split2", "1:05.32"}});
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), 0);
   ImportCriteria splits;
@@ -336,8 +352,9 @@ TEST_F(ImportTest, ABadLineStopsTheRunWithTheTwoPartBox) {
   const ImportOutcome out = Run(file.Lines());
   EXPECT_FALSE(out.ok);
   EXPECT_EQ(out.status, kImportIncomplete);
-  EXPECT_TRUE(t_.io.Saw("File processing error for file: meet.CL2\r\nThe error is on line: 6\r\n"
-                        "The problem line is listed below in two parts: \r\n>>Q9"));
+  EXPECT_TRUE(
+      t_.io.Saw("File processing error for file: meet.CL2\r\nThe error is on line: 6\r\n"
+                "The problem line is listed below in two parts: \r\n>>Q9"));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);  // what came before stays
 }
 
@@ -345,8 +362,12 @@ TEST_F(ImportTest, AStoreFailureLeavesTheDatabaseAsItWas) {
   Db().exec("DROP TABLE SPLITS");  // the first split written fails
   SdifFile file;
   file.Swim();
-  file.Line("G0", {{"swimmer_name", "DOE, JANE A"}, {"sequence", "1"}, {"total_splits", "1"},
-                   {"split_distance", "50"}, {"split_code", "C"}, {"prelim_final", "F"},
+  file.Line("G0", {{"swimmer_name", "DOE, JANE A"},
+                   {"sequence", "1"},
+                   {"total_splits", "1"},
+                   {"split_distance", "50"},
+                   {"split_code", "C"},
+                   {"prelim_final", "F"},
                    {"split1", "31.00"}});
   ImportCriteria splits;
   splits.import_splits = true;
@@ -378,19 +399,38 @@ std::vector<std::string> Nv3File(std::vector<std::string> swims) {
 
 TEST_F(ImportTest, Nv3ResultsLeadOffsNonTimesAndSplits) {
   auto e1 = [](const char* event, const char* lead_off) {
-    return Nv3("E1", {{"sex", "F"}, {"athlete", "7"}, {"event_sex", "F"}, {"distance", "100"},
-                      {"stroke_letter", "A"}, {"age_group", " 11 12"}, {"event_number", event},
-                      {"event_letter", lead_off}, {"age", "12"}, {"lead_off", lead_off}});
+    return Nv3("E1", {{"sex", "F"},
+                      {"athlete", "7"},
+                      {"event_sex", "F"},
+                      {"distance", "100"},
+                      {"stroke_letter", "A"},
+                      {"age_group", " 11 12"},
+                      {"event_number", event},
+                      {"event_letter", lead_off},
+                      {"age", "12"},
+                      {"lead_off", lead_off}});
   };
-  const auto lines = Nv3File(
-      {e1("5", ""),
-       Nv3("E2", {{"f_p", "P"}, {"score", "62.10"}, {"course", "L"}, {"place", "4"},
-                  {"f_p2", "F"}, {"score2", "61.50"}, {"course2", "L"}, {"place2", "2"}}),
-       Nv3("G1", {{"f_p1", "F"}, {"split_number1", "2"}, {"value1", "29.90"},
-                  {"f_p2", "F"}, {"split_number2", "4"}, {"value2", "61.50"},
-                  {"f_p3", "P"}, {"split_number3", "4"}, {"value3", "62.10"}}),
-       e1("6", "L"), Nv3("E2", {{"f_p", "F"}, {"score", "30.00"}, {"course", "L"}}),
-       e1("7", ""), Nv3("E2", {{"f_p", "F"}, {"score", "0.00"}, {"nt_letter", "Q"}})});
+  const auto lines =
+      Nv3File({e1("5", ""),
+               Nv3("E2", {{"f_p", "P"},
+                          {"score", "62.10"},
+                          {"course", "L"},
+                          {"place", "4"},
+                          {"f_p2", "F"},
+                          {"score2", "61.50"},
+                          {"course2", "L"},
+                          {"place2", "2"}}),
+               Nv3("G1", {{"f_p1", "F"},
+                          {"split_number1", "2"},
+                          {"value1", "29.90"},
+                          {"f_p2", "F"},
+                          {"split_number2", "4"},
+                          {"value2", "61.50"},
+                          {"f_p3", "P"},
+                          {"split_number3", "4"},
+                          {"value3", "62.10"}}),
+               e1("6", "L"), Nv3("E2", {{"f_p", "F"}, {"score", "30.00"}, {"course", "L"}}),
+               e1("7", ""), Nv3("E2", {{"f_p", "F"}, {"score", "0.00"}, {"nt_letter", "Q"}})});
   ImportCriteria splits;
   splits.import_splits = true;
   const ImportOutcome out = Run(lines, ".NV3", splits);

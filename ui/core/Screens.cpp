@@ -13,23 +13,23 @@
 #include "core/MainWindow.h"
 #include "interchange/ImportScreen.h"
 #include "interchange/OnlineScreens.h"
-#include "meets/EntriesScreen.h"
 #include "meets/CommentsScreen.h"
 #include "meets/DefaultEvents.h"
+#include "meets/EntriesScreen.h"
 #include "meets/FavoritesScreen.h"
 #include "meets/MeetListScreen.h"
 #include "meets/MeetTypeScreens.h"
-#include "meets/ResultsByNameScreen.h"
 #include "meets/RelayLegsScreen.h"
 #include "meets/ResultsBrowserScreen.h"
+#include "meets/ResultsByNameScreen.h"
 #include "meets/SplitsScreen.h"
 #include "standards/ConvertScreen.h"
 #include "standards/GoalsScreen.h"
 #include "standards/StandardScreens.h"
 #include "standards/Standards.h"
 #include "standards/StandardsCsv.h"
-#include "store/Database.h"
 #include "store/BackupScreen.h"
+#include "store/Database.h"
 #include "store/RestoreScreen.h"
 
 namespace kvlr {
@@ -57,15 +57,15 @@ void ImportStandard(MainWindow& window, AppState& state) {
       QLineEdit::Normal, QFileInfo(file).completeBaseName().left(8).toUpper(), &ok);
   if (!ok || name.trimmed().isEmpty()) return;
   try {
-    CsvImportResult result = ImportStandardCsvFile(state, name.trimmed().toStdString(),
-                                                   file.toStdString());
+    CsvImportResult result =
+        ImportStandardCsvFile(state, name.trimmed().toStdString(), file.toStdString());
     if (!result.ok) {
       state.io->Tell(result.message);
       return;
     }
-    state.io->Message(fmt::format("{} lines imported into {}.", result.lines,
-                                  name.trimmed().toStdString()),
-                      box::kInformation, "");
+    state.io->Message(
+        fmt::format("{} lines imported into {}.", result.lines, name.trimmed().toStdString()),
+        box::kInformation, "");
   } catch (const std::exception& e) {
     ReportError(state, "frmMain.ImportStandards", e);
   }
@@ -136,8 +136,7 @@ void ShowGoals(MainWindow& window, AppState& state, char course) {
     legs.exec();
   });
   screen.SetOpenComment([&state, &screen](int32_t result, const std::string& heading) {
-    frmComments comments(state, CommentRequest{result, heading, "", state.gAthleteName},
-                         &screen);
+    frmComments comments(state, CommentRequest{result, heading, "", state.gAthleteName}, &screen);
     comments.exec();
   });
   screen.exec();
@@ -184,16 +183,14 @@ void InstallScreens(MainWindow& window, AppState& state) {
   window.SetHandler(C::kGoalsYards, [&window, &state] { ShowGoals(window, state, 'Y'); });
   window.SetHandler(C::kGoalsShort, [&window, &state] { ShowGoals(window, state, 'S'); });
   window.SetHandler(C::kGoalsLong, [&window, &state] { ShowGoals(window, state, 'L'); });
-  window.SetHandler(C::kImportResults, [&window, &state] {
-    ShowImportResults(state, &window, ImportMode::kImport);
-  });
+  window.SetHandler(C::kImportResults,
+                    [&window, &state] { ShowImportResults(state, &window, ImportMode::kImport); });
   window.SetHandler(C::kImportCsOnline, [&window, &state] {
     ShowCSOInfo(&window);
     ShowImportResults(state, &window, ImportMode::kOnline);
   });
-  window.SetHandler(C::kReportImportExport, [&window, &state] {
-    ShowImportResults(state, &window, ImportMode::kReport);
-  });
+  window.SetHandler(C::kReportImportExport,
+                    [&window, &state] { ShowImportResults(state, &window, ImportMode::kReport); });
   window.SetHandler(C::kImportEvents, [&window, &state] { ShowImportEvents(state, &window); });
   window.SetHandler(C::kUnzip, [&window, &state] { ShowUnZip(state, &window); });
   window.SetHandler(C::kTeam, [&window, &state] {
