@@ -124,7 +124,28 @@ void PutNv3Swim(IsdinRow& row, const Nv3Swim& swim, int stroke) {
   *own_course = swim.course;
 }
 
-void PutEventKey(IsdinRow& row, const Nv3EventKey& key, std::string_view i_r) {
+}  // namespace
+
+void PutSdifSwim(IsdinRow& row, const SdifD0& d0, std::string_view line, int date_order) {
+  PutSwimmerName(row, d0.swimmer_name);
+  row.id_no = Trim(d0.swimmer_number);
+  row.birth = ReportDateText(SdifText(line, 56, 63), date_order);
+  row.age = Trim(d0.age_text);
+  row.sex = Trim(d0.sex);
+  row.ev_sex = Trim(d0.event_sex);
+  row.int_dist = d0.distance;
+  row.dist = ReportDistText(d0.distance);
+  row.int_stroke = static_cast<int>(Val(d0.stroke));
+  row.stroke = ReportStrokeText(row.int_stroke, "I");
+  row.lo_hi = d0.event_age;
+  row.p_time = Trim(d0.prelim_time.text);
+  row.p_cors = Trim(d0.prelim_course);
+  row.f_time = Trim(d0.finals_time.text);
+  row.f_cors = Trim(d0.finals_course);
+  if (IsDivingStroke(row.int_stroke)) row.diving = kMark;
+}
+
+void PutNv3Event(IsdinRow& row, const Nv3EventKey& key, std::string_view i_r) {
   row.ev_sex = key.event_sex;
   row.int_dist = key.distance;
   row.dist = ReportDistText(key.distance);
@@ -133,6 +154,8 @@ void PutEventKey(IsdinRow& row, const Nv3EventKey& key, std::string_view i_r) {
   row.lo_hi = key.lo_hi;
   if (IsDivingStroke(key.stroke)) row.diving = kMark;
 }
+
+namespace {
 
 class Reporter {
  public:
@@ -192,22 +215,7 @@ class Reporter {
       SdifD0 d0;
       LoadD0Rec(line, Order(), d0);
       IsdinRow row = rows_.Start(context_);
-      PutSwimmerName(row, d0.swimmer_name);
-      row.id_no = Trim(d0.swimmer_number);
-      row.birth = ReportDateText(SdifText(line, 56, 63), Order());
-      row.age = Trim(d0.age_text);
-      row.sex = Trim(d0.sex);
-      row.ev_sex = Trim(d0.event_sex);
-      row.int_dist = d0.distance;
-      row.dist = ReportDistText(d0.distance);
-      row.int_stroke = static_cast<int>(Val(d0.stroke));
-      row.stroke = ReportStrokeText(row.int_stroke, "I");
-      row.lo_hi = d0.event_age;
-      row.p_time = Trim(d0.prelim_time.text);
-      row.p_cors = Trim(d0.prelim_course);
-      row.f_time = Trim(d0.finals_time.text);
-      row.f_cors = Trim(d0.finals_course);
-      if (IsDivingStroke(row.int_stroke)) row.diving = kMark;
+      PutSdifSwim(row, d0, line, Order());
       rows_.Hold(std::move(row), RowWriter::Kind::kSwimmer);
       Count(ImportRow::kIndividual);
     } else if (code == "D1") {
@@ -326,7 +334,7 @@ class Reporter {
       PutSwimmer(row, swimmer);
       if (!e1.sex.empty()) row.sex = e1.sex;
       if (e1.age > 0) row.age = std::to_string(e1.age);
-      PutEventKey(row, e1.key, e1.lead_off == "L" ? "L" : "I");
+      PutNv3Event(row, e1.key, e1.lead_off == "L" ? "L" : "I");
       rows_.Hold(std::move(row), RowWriter::Kind::kSwim);
       Count(ImportRow::kIndividual);
     } else if (code == "E2" || code == "F2") {
@@ -342,7 +350,7 @@ class Reporter {
       row.team_code = f1.team;
       if (f1.team != context_.team_code) row.team_name.clear();
       row.mi = f1.relay_letter;
-      PutEventKey(row, f1.key, "R");
+      PutNv3Event(row, f1.key, "R");
       row.relay = kMark;
       rows_.Hold(std::move(row), RowWriter::Kind::kRelay);
       Count(ImportRow::kRelay);

@@ -8,7 +8,10 @@
 #include <string_view>
 
 #include "core/AppState.h"
+#include "interchange/ImportReportTable.h"
 #include "interchange/ImportTypes.h"
+#include "interchange/Nv3Records.h"
+#include "interchange/SdifRecords.h"
 
 namespace kvlr {
 
@@ -19,6 +22,11 @@ inline constexpr std::string_view kErrorCreatingReport = "Error creating report.
 // Fills RPTISDIN from `file` (ready, .CL2/.SD3/.NV3/.TXT). outcome.status is one of the
 // words above; the title of the printed report is ReportTitle(file).
 ImportOutcome RunFileReport(AppState& state, ImportMonitor& monitor, const ImportFile& file);
+
+// The swimmer and event of a swim line in their report forms, as the report and an
+// import's exception rows show them. `line` is the D0 the record was cut from.
+void PutSdifSwim(IsdinRow& row, const SdifD0& d0, std::string_view line, int date_order);
+void PutNv3Event(IsdinRow& row, const Nv3EventKey& key, std::string_view i_r);
 
 // "Export/Import File Report - " + the file kind.
 std::string ReportTitle(const ImportFile& file);

@@ -1,6 +1,6 @@
 #include "core/VbRules.h"
 #include "interchange/ImportFlows.h"
-#include "interchange/ImportReportTable.h"
+#include "interchange/ImportReport.h"
 #include "interchange/Nv3Records.h"
 #include "interchange/Nv3Texts.h"
 
@@ -132,12 +132,7 @@ class Nv3Walk {
         row.mi = athlete_.initial;
         row.sex = athlete_.sex;
         row.id_no = athlete_.id_no;
-        row.ev_sex = k.event_sex;
-        row.int_dist = k.distance;
-        row.dist = std::to_string(k.distance);
-        row.int_stroke = k.stroke;
-        row.stroke = std::to_string(k.stroke);
-        row.lo_hi = k.lo_hi;
+        PutNv3Event(row, k, "I");
         row.f_time = e2.first.time_text.empty() ? e2.first.nt_text : e2.first.time_text;
         row.f_cors = e2.first.course;
         AddIsdinRow(*report, row);

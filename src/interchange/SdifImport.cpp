@@ -5,7 +5,8 @@
 
 #include "core/VbRules.h"
 #include "interchange/ImportFlows.h"
-#include "interchange/ImportReportTable.h"
+#include "interchange/ImportReport.h"
+#include "interchange/ImportReportTexts.h"
 #include "interchange/SdifChecks.h"
 #include "interchange/SdifRecords.h"
 
@@ -58,6 +59,7 @@ class SdifWalk {
     if (code == "A0" || code == "J0" || code == "J1" || code == "J2") return;
     if (code == "B1") {
       LoadB1Rec(line, order_, b1_);
+      b1_line_ = line;
       if (!s_.ProcessMeetRec(b1_.meet_name, b1_.start, b1_.end, FileDate{}, b1_.course,
                              b1_.location)) {
         throw ImportLineError(i_ + 1, "Meet");
@@ -127,6 +129,7 @@ class SdifWalk {
     // Most of a meet is other families: their lines are not even cut.
     if (!s_.Matcher().SameLastName(SdifText(line, 12, 39))) return;
     LoadD0Rec(line, order_, d0_);
+    d0_line_ = line;
     if (!s_.Matcher().MatchNameField(d0_.swimmer_name, d0_.sex)) return;
     if (has_d3_ && i_ + 1 < lines_.size() && lines_[i_ + 1].starts_with("D3")) {
       LoadD3Rec(lines_[++i_], d3_);
@@ -176,32 +179,15 @@ class SdifWalk {
     s_.SetNotAllImported();
     SQLite::Database* report = s_.State().gReportDb.get();
     if (!report) return;
-    const SwimmerName name = ParseSwimmerName(d0_.swimmer_name);
     IsdinRow row;
     row.reason = "1";
     row.meet_name = Trim(b1_.meet_name);
-    row.meet_beg = b1_.start.bad ? "" : b1_.start.date.Iso();
-    row.meet_end = b1_.end.bad ? "" : b1_.end.date.Iso();
+    row.meet_beg = ReportDateText(SdifText(b1_line_, 122, 129), order_);
+    row.meet_end = ReportDateText(SdifText(b1_line_, 130, 137), order_);
     row.lsc = Trim(c1_.lsc);
     row.team_code = Trim(c1_.team_code);
     row.team_name = Trim(c1_.team_name);
-    row.ev_sex = Trim(d0_.event_sex);
-    row.int_dist = d0_.distance;
-    row.dist = std::to_string(d0_.distance);
-    row.int_stroke = static_cast<int>(Val(d0_.stroke));
-    row.stroke = Trim(d0_.stroke);
-    row.lo_hi = d0_.event_age;
-    row.p_time = Trim(d0_.prelim_time.text);
-    row.p_cors = Trim(d0_.prelim_course);
-    row.f_time = Trim(d0_.finals_time.text);
-    row.f_cors = Trim(d0_.finals_course);
-    row.age = Trim(d0_.age_text);
-    row.sex = Trim(d0_.sex);
-    row.birth = d0_.birth.bad || d0_.birth.IsBlank() ? "" : d0_.birth.date.Iso();
-    row.ln = name.last;
-    row.fn = name.first;
-    row.mi = name.initial;
-    row.id_no = Trim(d0_.swimmer_number);
+    PutSdifSwim(row, d0_, d0_line_, order_);
     AddIsdinRow(*report, row);
   }
 
@@ -343,6 +329,7 @@ class SdifWalk {
   size_t i_ = 0;
   bool has_d3_ = false;
   SdifB1 b1_;
+  std::string_view b1_line_, d0_line_;  // lines of lines_
   SdifC1 c1_;
   SdifD0 d0_;
   SdifD3 d3_;
