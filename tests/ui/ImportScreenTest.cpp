@@ -33,6 +33,8 @@ namespace kvlr {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Child;
+using test::Shoot;
 using test::TempHome;
 using testing::SdifFile;
 
@@ -40,23 +42,6 @@ QApplication& App() {
   return test::QtApp();
 }
 
-template <typename T>
-T* Child(QWidget& w, const char* name) {
-  T* child = w.findChild<T*>(name);
-  EXPECT_NE(child, nullptr) << name;
-  return child;
-}
-
-// Saves the screen when KVLR_SCREENSHOTS names a folder; checks that it draws at all.
-void Shoot(QWidget& w, const char* name) {
-  w.show();
-  App().processEvents();
-  const QPixmap shot = w.grab();
-  EXPECT_FALSE(shot.isNull());
-  if (const char* folder = std::getenv("KVLR_SCREENSHOTS")) {
-    shot.save(QString("%1/%2.png").arg(folder, name));
-  }
-}
 
 QString Caption(frmImpCL& screen) {
   return Child<QPushButton>(screen, "cmdImport")->text();

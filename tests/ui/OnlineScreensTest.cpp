@@ -22,30 +22,14 @@ namespace kvlr {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Child;
+using test::Shoot;
 using test::TempHome;
 
 QApplication& App() {
   return test::QtApp();
 }
 
-template <typename T>
-T* Child(QWidget& w, const char* name) {
-  T* child = w.findChild<T*>(name);
-  EXPECT_NE(child, nullptr) << name;
-  return child;
-}
-
-// Saves the screen when KVLR_SCREENSHOTS names a folder; checks that it draws at all.
-void Shoot(QWidget& w, const char* name) {
-  w.show();
-  App().processEvents();
-  const QPixmap shot = w.grab();
-  EXPECT_FALSE(shot.isNull());
-  EXPECT_GE(shot.width(), w.minimumSizeHint().width());
-  if (const char* folder = std::getenv("KVLR_SCREENSHOTS")) {
-    shot.save(QString("%1/%2.png").arg(folder, name));
-  }
-}
 
 // A file dialog that answers `file` and remembers what it was asked.
 struct FakePicker {
