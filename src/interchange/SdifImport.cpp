@@ -90,21 +90,19 @@ class SdifWalk {
       }
       LoadD1Rec(line, order_, d1);
       if (s_.Matcher().MatchNameField(d1.swimmer_name, d1.sex)) {
-        WriteAthInfo({{"Cntry", Trim(d1.citizen)},
-                      {"DayP1", Trim(d1.day_phone)},
-                      {"EveP1", Trim(d1.evening_phone)}});
+        WriteAthInfo("UPDATE AthInfo SET Cntry = ?, DayP1 = ?, EveP1 = ? WHERE Athlete = ?",
+                     {Trim(d1.citizen), Trim(d1.day_phone), Trim(d1.evening_phone)});
         if (s_.RosterMode()) ++Count(ImportRow::kIndividual);
       }
     } else if (code == "D2") {
       SdifD2 d2;
       LoadD2Rec(line, d2);
       if (s_.Matcher().FoundSwimmer()) {
-        WriteAthInfo({{"MailTo", Trim(d2.addressee)},
-                      {"Addr", Trim(d2.street)},
-                      {"City", Trim(d2.city)},
-                      {"State", Trim(d2.state)},
-                      {"Cntry", Trim(d2.country)},
-                      {"ZIP", Trim(d2.zip)}});
+        WriteAthInfo(
+            "UPDATE AthInfo SET MailTo = ?, Addr = ?, City = ?, State = ?, Cntry = ?, ZIP = ? "
+            "WHERE Athlete = ?",
+            {Trim(d2.addressee), Trim(d2.street), Trim(d2.city), Trim(d2.state), Trim(d2.country),
+             Trim(d2.zip)});
       }
     } else if (code == "D3") {
       LoadD3Rec(line, d3_);  // serves the reports only
@@ -192,7 +190,9 @@ class SdifWalk {
   }
 
   // AthInfo of the matched swimmer; a missing row is only added by a roster import.
-  void WriteAthInfo(std::initializer_list<std::pair<const char*, std::string>> fields) {
+  // AthInfo of the matched swimmer; a missing row is only added by a roster import. The
+  // update binds `values` in order, then the swimmer.
+  void WriteAthInfo(const char* update, std::initializer_list<std::string> values) {
     SQLite::Database& db = *s_.State().gDb;
     const int32_t athlete = s_.Matcher().CurrentAthlete();
     SQLite::Statement seek(db, "SELECT 1 FROM AthInfo WHERE Athlete = ?");
@@ -203,13 +203,11 @@ class SdifWalk {
       add.bind(1, athlete);
       add.exec();
     }
-    for (const auto& [field, value] : fields) {
-      // Field names come from the list above, never from the file.
-      SQLite::Statement edit(db,
-                             std::string("UPDATE AthInfo SET ") + field + " = ? WHERE Athlete = ?");
-      SQLite::bind(edit, value, athlete);
-      edit.exec();
-    }
+    SQLite::Statement edit(db, update);
+    int i = 1;
+    for (const std::string& value : values) edit.bind(i++, value);
+    edit.bind(i, athlete);
+    edit.exec();
   }
 
   void E0(const std::string& line) {

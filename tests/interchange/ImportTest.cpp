@@ -107,7 +107,7 @@ TEST_F(ImportTest, TakesOnlyTheFamilysSwimsAndRanksThem) {
   EXPECT_EQ(Count("SELECT Place FROM RESULT WHERE Distance = 100"), 3);
   EXPECT_EQ(Count("SELECT Age FROM RESULT WHERE Distance = 100"), 12);
   EXPECT_EQ(Count("SELECT Place FROM RESULT WHERE F_P = 'P'"), 5);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE Athlete <> " + std::to_string(jane_)), 0);
+  EXPECT_EQ(QueryNumber(Db(), "SELECT COUNT(*) FROM RESULT WHERE Athlete <> ?", jane_), 0);
   EXPECT_EQ(Count("SELECT Rank FROM RESULT WHERE Score = 2910"), 1);
   EXPECT_EQ(Count("SELECT Rank FROM RESULT WHERE Score = 2950"), 2);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM tblEvents WHERE Type = 2"), 2);  // two meet days
@@ -221,9 +221,36 @@ TEST_F(ImportTest, AllFamilyTakesEverySwimmerOfTheFamily) {
   all.all_family = true;
   all.overlay_results = true;
   ASSERT_TRUE(Run(file.Lines(), ".CL2", all).ok);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE Athlete = " + std::to_string(ann)), 1);
+  EXPECT_EQ(QueryNumber(Db(), "SELECT COUNT(*) FROM RESULT WHERE Athlete = ?", ann), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 2);
   EXPECT_EQ(t_.state.gAthlete, jane_);  // the current swimmer stays
+}
+
+TEST_F(ImportTest, SwimmerLinesFillTheSwimmersAddressCard) {
+  SdifFile file;
+  file.Line("D1", {{"swimmer_name", "DOE, JANE A"},
+                   {"sex", "F"},
+                   {"citizen", "USA"},
+                   {"day_phone", "555-0101"},
+                   {"evening_phone", "555-0102"}});
+  file.Line("D2", {{"swimmer_name", "DOE, JANE A"},
+                   {"addressee", "Pat Doe"},
+                   {"street", "1 O'Brien Lane"},
+                   {"city", "Springfield"},
+                   {"state", "ZZ"},
+                   {"zip", "00001"}});
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo"), 0);  // no card is made outside a roster
+
+  SQLite::Statement card(Db(), "INSERT INTO AthInfo (Athlete) VALUES (?)");
+  card.bind(1, jane_);
+  card.exec();
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  SQLite::Statement q(Db(), "SELECT DayP1, EveP1, MailTo, Addr, City, State, ZIP FROM AthInfo");
+  ASSERT_TRUE(q.executeStep());
+  const std::vector<std::string> want = {"555-0101",    "555-0102", "Pat Doe", "1 O'Brien Lane",
+                                         "Springfield", "ZZ",       "00001"};
+  for (int i = 0; i < 7; ++i) EXPECT_EQ(q.getColumn(i).getString(), want[i]) << i;
 }
 
 TEST(SwimmerMatch, OthersOfTheFamilyNameAreListedOnce) {
@@ -298,10 +325,9 @@ TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
     EXPECT_EQ(out.counts.Processed(ImportRow::kSplits), 2);
     const int32_t result = static_cast<int32_t>(Count("SELECT Result FROM RESULT"));
     auto split = [&](int index) {
-      return QueryNumber(Db(),
-                         "SELECT Split FROM SPLITS WHERE SplitIndex = " + std::to_string(index) +
-                             " AND SplitID = ?",
-                         result);
+      SQLite::Statement q(Db(), "SELECT Split FROM SPLITS WHERE SplitIndex = ? AND SplitID = ?");
+      SQLite::bind(q, index, result);
+      return q.executeStep() ? q.getColumn(0).getInt64() : -1;
     };
     EXPECT_EQ(split(1), 1500);
     EXPECT_EQ(split(10), 16800);
