@@ -70,6 +70,11 @@ int ErrorNumberOf(const std::exception& e) {
 }
 
 void ThrowFileError(int errno_value, const std::string& what, const std::string& path) {
+  if (errno_value == ENOSPC || errno_value == EDQUOT) {
+    throw FileError(
+        err::kDiskFull,
+        fmt::format("{} {}: the disk is full. Free some space and try again.", what, path));
+  }
   throw FileError(FileErrorNumber(errno_value),
                   fmt::format("{} {}: {}", what, path, std::strerror(errno_value)));
 }

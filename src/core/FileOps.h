@@ -17,6 +17,9 @@ void WriteFileAtomically(const std::filesystem::path& target, std::string_view c
 // Moves `from` over `to`: a rename, or across file systems a copy beside `to` then a rename.
 void ReplaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
+// Renames `from` to `to` unless `to` exists (then FileError with EEXIST's number).
+void RenameNoReplace(const std::filesystem::path& from, const std::filesystem::path& to);
+
 // Copies `from` to `to` (which must not exist yet) through a temporary name.
 void CopyFileSafely(const std::filesystem::path& from, const std::filesystem::path& to);
 

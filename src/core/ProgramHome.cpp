@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "core/FileOps.h"
+#include "core/RunFolder.h"
 #include "core/ShippedFiles.h"
 
 namespace kvlr {
@@ -36,6 +37,7 @@ fs::path ProgramHome::DefaultDataDir() {
 void ProgramHome::Ensure() const {
   MakeFolder(root_);
   MakeFolder(ReportDir());
+  RemoveLeftovers(*this, {});
   std::error_code ec;
   if (fs::exists(SystemFile(), ec)) return;
   if (!fs::exists(ImportRules(), ec)) WriteFileAtomically(ImportRules(), kDefaultImportRules);

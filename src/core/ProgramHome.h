@@ -20,7 +20,8 @@ class ProgramHome {
   static path DefaultDataDir(const char* home);
   static path DefaultDataDir();
 
-  // Makes the folder and Reports/ if missing. In a home that has no system file yet the
+  // Makes the folder and Reports/ if missing and removes what runs that died left in it
+  // (see RunFolder). In a home that has no system file yet the
   // shipped files that are missing are written. Throws FileError when the folder can't be made.
   void Ensure() const;
 
@@ -32,7 +33,6 @@ class ProgramHome {
   path PrintFile() const { return root_ / "KVL-Rprint.mem"; }
   path Log() const { return root_ / "KVLError.Log"; }
   path ImportRules() const { return root_ / "KVL-Rimprul.txt"; }
-  path CompactTemp() const { return root_ / "KVLNEW.MDB"; }
   path TempDir() const { return root_ / "KVL-RTemp"; }
 
  private:

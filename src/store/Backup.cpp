@@ -8,16 +8,19 @@
 
 #include <SQLiteCpp/Database.h>
 #include <fmt/format.h>
+#include <sqlite3.h>
 
 #include "core/DatabaseName.h"
 #include "core/ErrorHandler.h"
 #include "core/ErrorLog.h"
 #include "core/Errors.h"
 #include "core/FileOps.h"
+#include "core/RunFolder.h"
 #include "core/VbRules.h"
 #include "store/BackupTexts.h"
 #include "store/Database.h"
 #include "store/LastDatabase.h"
+#include "store/Snapshot.h"
 #include "store/StoreTexts.h"
 #include "store/TableBuilder.h"
 #include "store/ZipArchive.h"
@@ -70,24 +73,79 @@ std::string ErrorCode(const KvlError& e) {
   return fmt::format("{} - {}", e.Number(), e.what());
 }
 
-// The database with the notes files that exist beside it, stored without folders.
-std::vector<ZipSource> BackupMembers(const fs::path& database) {
-  std::vector<ZipSource> members{{database.filename().string(), database}};
+// True when both names lead to one file.
+bool SameFile(const fs::path& a, const fs::path& b) {
+  std::error_code ec;
+  return fs::equivalent(a, b, ec);
+}
+
+// The notes files that exist beside a database, stored without folders.
+void AddNotes(std::vector<ZipSource>& members, const fs::path& database) {
   for (const fs::path& notes : {WorkoutNotesFile(database), WorkoutModelNotesFile(database)}) {
     std::error_code ec;
     if (fs::is_regular_file(notes, ec)) members.push_back({notes.filename().string(), notes});
   }
+}
+
+// The members of an archive of `database`: a consistent copy of it made in `work`, stored
+// under the database's name, and its notes. The copy is read through `source`, else through
+// this run's open database when that is the file (a second connection would wait on our own
+// lock), else through a connection that waits for other processes. Throws KvlError.
+std::vector<ZipSource> BackupMembers(AppState& state, const fs::path& database,
+                                     SQLite::Database* source, const fs::path& work) {
+  std::unique_ptr<SQLite::Database> own;
+  if (!source && state.gDb && SameFile(state.gDatabaseName, database)) source = state.gDb.get();
+  if (!source) {
+    own = OpenLocked(database, false);
+    source = own.get();
+  }
+  const fs::path copy = work / database.filename();
+  SnapshotDatabase(*source, copy);
+  std::vector<ZipSource> members{{database.filename().string(), copy}};
+  AddNotes(members, database);
   return members;
 }
 
-// A file of this system has a table ATHLETE with the field KVL2000; read only, nothing written.
-bool IsKvlDatabaseFile(const fs::path& file) {
+// The silent archive of `database`, its copy read through `source` when given.
+bool ArchiveSilently(AppState& state, const fs::path& database, SQLite::Database* source) {
   try {
-    SQLite::Database db(file.string(), SQLite::OPEN_READONLY);
-    return FieldNames(db, "ATHLETE").count("KVL2000") > 0;
-  } catch (const SQLite::Exception&) {
+    const fs::path archive = SilentArchiveName(database);
+    try {
+      RunFolder work(state.home);
+      ZipArchive::Create(archive, BackupMembers(state, database, source, work.Path()),
+                         BackupComment(text::kSilentComment), kCompressionLevel);
+    } catch (const KvlError& e) {
+      ReportError(state, kSilentSource, e, false);
+      state.io->Tell(std::string(text::kErrorCreatingSilent) + ErrorCode(e));
+      return false;
+    }
+    return true;
+  } catch (const std::exception& e) {
+    ReportError(state, kSilentSource, e);
     return false;
   }
+}
+
+enum class BackupCheck { kGood, kNotOurs, kDamaged };
+
+// A file of this system has a table ATHLETE with the field KVL2000, and its pages must read
+// well; read only, nothing written.
+BackupCheck CheckBackupDatabase(const fs::path& file) {
+  try {
+    SQLite::Database db(file.string(), SQLite::OPEN_READONLY);
+    if (FieldNames(db, "ATHLETE").count("KVL2000") == 0) return BackupCheck::kNotOurs;
+    return QuickCheckOk(db) ? BackupCheck::kGood : BackupCheck::kDamaged;
+  } catch (const SQLite::Exception& e) {
+    return (e.getErrorCode() & 0xff) == SQLITE_CORRUPT ? BackupCheck::kDamaged
+                                                       : BackupCheck::kNotOurs;
+  }
+}
+
+// Puts a restored database where no database is yet. Companions left there by a database
+// of that name that is gone would be read as this file's journal, so they go first.
+void PlaceNewDatabase(const fs::path& restored, const fs::path& target) {
+  for (const auto& companion : CompanionFiles(target)) RemoveIfExists(companion);
+  ReplaceFile(restored, target);
 }
 
 // The name without its last four characters (".mdb"), as the archive names take it.
@@ -95,34 +153,6 @@ std::string NameWithoutExtension(const fs::path& file) {
   std::string name = file.filename().string();
   return name.size() > 4 ? name.substr(0, name.size() - 4) : std::string();
 }
-
-void EmptyFolder(const fs::path& folder) {
-  MakeFolder(folder);
-  std::error_code ec;
-  for (const auto& entry : fs::directory_iterator(folder)) {
-    fs::remove_all(entry.path(), ec);
-    if (ec) ThrowFileError(ec.value(), "Can't delete", entry.path().string());
-  }
-}
-
-// Empties the temporary folder on every way out of a restore.
-class TempCleaner {
- public:
-  explicit TempCleaner(fs::path folder) : folder_(std::move(folder)) {}
-  ~TempCleaner() {
-    std::error_code ec;
-    for (auto it = fs::directory_iterator(folder_, ec); !ec && it != fs::directory_iterator();
-         it.increment(ec)) {
-      std::error_code ignored;
-      fs::remove_all(it->path(), ignored);
-    }
-  }
-  TempCleaner(const TempCleaner&) = delete;
-  TempCleaner& operator=(const TempCleaner&) = delete;
-
- private:
-  fs::path folder_;
-};
 
 // Opens `file` as the current database again, with its settings; false (told) if refused.
 bool OpenAgain(AppState& state, const std::string& file, bool remember) {
@@ -275,7 +305,10 @@ std::optional<fs::path> BackupDatabase(AppState& state, const fs::path& folder,
       return cancelled();
     }
     MakeFolder(folder);
-    ZipArchive::Create(target.path, BackupMembers(database), marked, kCompressionLevel);
+    RemoveLeftovers(state.home, {folder});
+    RunFolder work(state.home);
+    ZipArchive::Create(target.path, BackupMembers(state, database, nullptr, work.Path()), marked,
+                       kCompressionLevel);
   } catch (const KvlError& e) {
     ReportError(state, kBackupSource, e, false);
     io.Tell(std::string(text::kErrorCreatingBackup) + ErrorCode(e));
@@ -332,21 +365,7 @@ fs::path SilentArchiveName(const fs::path& database) {
 }
 
 bool SilentBackup(AppState& state, const fs::path& database) {
-  try {
-    const fs::path archive = SilentArchiveName(database);
-    try {
-      ZipArchive::Create(archive, BackupMembers(database), BackupComment(text::kSilentComment),
-                         kCompressionLevel);
-    } catch (const KvlError& e) {
-      ReportError(state, kSilentSource, e, false);
-      state.io->Tell(std::string(text::kErrorCreatingSilent) + ErrorCode(e));
-      return false;
-    }
-    return true;
-  } catch (const std::exception& e) {
-    ReportError(state, kSilentSource, e);
-    return false;
-  }
+  return ArchiveSilently(state, database, nullptr);
 }
 
 std::string ShortPathText(std::string_view path) {
@@ -451,19 +470,19 @@ std::optional<fs::path> RestoreDatabase(AppState& state, const fs::path& zip,
 
   const std::string previous = state.gDb ? state.gDatabaseName : std::string();
   state.CloseCurrentDB();
+  std::unique_ptr<SQLite::Database> held;
   auto failed = [&] {
+    held.reset();
     OpenAgain(state, previous, false);
     return std::nullopt;
   };
 
-  const fs::path temp = state.home.TempDir();
-  std::optional<TempCleaner> cleaner;
+  std::optional<RunFolder> work;
   std::vector<PlacedFile> files;
   try {
     io.Progress(text::kExtracting);
-    EmptyFolder(temp);
-    cleaner.emplace(temp);
-    auto extracted = ExtractBackup(io, zip, info, temp, target);
+    work.emplace(state.home);
+    auto extracted = ExtractBackup(io, zip, info, work->Path(), target);
     if (!extracted) return failed();
     files = std::move(*extracted);
   } catch (const KvlError& e) {
@@ -474,33 +493,51 @@ std::optional<fs::path> RestoreDatabase(AppState& state, const fs::path& zip,
     ReportError(state, kRestoreSource, e);
     return failed();
   }
-  if (!IsKvlDatabaseFile(files.front().extracted)) {
-    io.Tell(store_text::kNotValidDatabase);
-    return failed();
+  switch (CheckBackupDatabase(files.front().extracted)) {
+    case BackupCheck::kGood:
+      break;
+    case BackupCheck::kNotOurs:
+      io.Tell(store_text::kNotValidDatabase);
+      return failed();
+    case BackupCheck::kDamaged:
+      io.Tell(text::kBackupDamaged);
+      return failed();
   }
 
+  // An existing database is replaced inside one transaction of its own, under its write
+  // lock: a process still writing it is waited for, a journal a killed writer left is rolled
+  // back before the archive copy is taken, and a crash or a full disk leaves the old file.
   bool archived = false;
   std::error_code ec;
-  if (fs::exists(target, ec)) {
-    const std::string question =
-        option == RestoreOption::kReplaceOpen
-            ? fmt::format("Overwrite {} with {} ?", target.string(), info.database_member)
-            : fmt::format("Overwrite existing database: {} ?", target.string());
-    if (!io.AskYesNo(question)) {
-      io.Tell(text::kRestoreCanceled);
-      return failed();
-    }
-    if (!SilentBackup(state, target)) return failed();
-    archived = true;
-  }
   try {
-    MakeFolder(target.parent_path());
-    for (const auto& f : files) ReplaceFile(f.extracted, f.destination);
+    if (fs::exists(target, ec)) {
+      const std::string question =
+          option == RestoreOption::kReplaceOpen
+              ? fmt::format("Overwrite {} with {} ?", target.string(), info.database_member)
+              : fmt::format("Overwrite existing database: {} ?", target.string());
+      if (!io.AskYesNo(question)) {
+        io.Tell(text::kRestoreCanceled);
+        return failed();
+      }
+      held = OpenLocked(target, true);
+      if (!ArchiveSilently(state, target, held.get())) return failed();
+      archived = true;
+      ReplaceDatabaseContents(*held, files.front().extracted);
+      held.reset();
+    } else {
+      MakeFolder(target.parent_path());
+      PlaceNewDatabase(files.front().extracted, target);
+    }
+    for (size_t i = 1; i < files.size(); ++i) ReplaceFile(files[i].extracted, files[i].destination);
+  } catch (const KvlError& e) {
+    ReportError(state, kRestoreSource, e, false);
+    io.Tell(std::string(text::kNothingRestored) + e.what());
+    return failed();
   } catch (const std::exception& e) {
     ReportError(state, kRestoreSource, e);
     return failed();
   }
-  cleaner.reset();
+  work.reset();
 
   io.Message(archived ? text::kRestoredArchived : text::kRestored, box::kInformation, {});
   if (open_after || option == RestoreOption::kReplaceOpen) {

@@ -71,6 +71,10 @@ inline constexpr std::string_view kRestoreCanceled = "Restore Canceled.";
 inline constexpr std::string_view kRestoredArchived =
     "Restore completed successfully and your previous database has been archived.";
 inline constexpr std::string_view kRestored = "Restore completed successfully...";
+inline constexpr std::string_view kBackupDamaged =
+    "The database in this backup is damaged, so it was not restored; nothing was changed. Try "
+    "another backup.";
+inline constexpr std::string_view kNothingRestored = "Nothing was restored: ";
 // Our own words for an archive whose member names point outside the folder they go to.
 inline constexpr std::string_view kMemberLeavesFolder =
     "A file in this backup is named so that it would be written outside the restore folder: ";

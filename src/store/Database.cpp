@@ -9,8 +9,11 @@
 #include "core/DateText.h"
 #include "core/ErrorHandler.h"
 #include "core/Errors.h"
+#include "core/FileOps.h"
 #include "core/Options.h"
+#include "core/RunFolder.h"
 #include "store/Repair.h"
+#include "store/Snapshot.h"
 #include "store/StoreTexts.h"
 #include "store/TableBuilder.h"
 #include "store/UserTables.h"
@@ -41,12 +44,25 @@ void RefuseInvalid(AppState& state) {
   state.gDatabaseName.clear();
 }
 
-// Opens and tests the file; throws what the store throws. Null if not a file of this system.
+// Opens and tests the file; throws what the store throws, and StoreError kDamagedFile when
+// pages are damaged. Null if not a file of this system.
 std::unique_ptr<SQLite::Database> TryOpen(const fs::path& file) {
   auto db = OpenStoreFile(file, OpenMode::kExisting);
   if (!IsKvlDatabase(*db)) return nullptr;
   HoldExclusively(*db);
+  if (!QuickCheckOk(*db)) {
+    throw StoreError(err::kDamagedFile,
+                     fmt::format("{} is damaged: some of its pages can't be read correctly.",
+                                 file.filename().string()));
+  }
   return db;
+}
+
+// Removes a database file that was never finished, with its companions.
+void DiscardUnfinished(const fs::path& file) {
+  std::error_code ec;
+  fs::remove(file, ec);
+  for (const auto& companion : CompanionFiles(file)) fs::remove(companion, ec);
 }
 
 void SeedCategories(SQLite::Database& db, const TableDef& table) {
@@ -114,12 +130,23 @@ std::unique_ptr<SQLite::Database> OpenStoreFile(const fs::path& file, OpenMode m
   int flags = SQLite::OPEN_READWRITE;
   if (mode == OpenMode::kCreate) flags |= SQLite::OPEN_CREATE;
   auto db = std::make_unique<SQLite::Database>(file.string(), flags);
+  // A second process waits a little for one that is finishing a write.
+  db->setBusyTimeout(kBusyWaitMs);
   // Locks once taken are held for the whole run, as the file is opened for one user.
   if (exclusive) db->exec("PRAGMA locking_mode = EXCLUSIVE");
   // Whole-table passes (ranking, import) touch every page of RESULT and its indexes.
   db->exec("PRAGMA cache_size = -32768");
   db->exec("PRAGMA temp_store = MEMORY");
   return db;
+}
+
+bool QuickCheckOk(SQLite::Database& db) {
+  try {
+    SQLite::Statement check(db, "PRAGMA quick_check(1)");
+    return check.executeStep() && check.getColumn(0).getString() == "ok";
+  } catch (const SQLite::Exception&) {
+    return false;
+  }
 }
 
 void HoldExclusively(SQLite::Database& db) {
@@ -136,32 +163,51 @@ void PopulateCodeTable(SQLite::Database& db) {
 
 bool CreateNewDatabase(AppState& state, const fs::path& file) {
   state.gDatabaseName = file.string();
-  std::error_code ec;
-  if (fs::exists(file, ec)) {
+  auto already_exists = [&] {
     state.io->Tell(
         fmt::format("{}\r\n{} already exists.", store_text::kDidntCreateDatabase, file.string()));
     return false;
-  }
-  std::unique_ptr<SQLite::Database> db;
-  try {
-    db = OpenStoreFile(file, OpenMode::kCreate);
-  } catch (const std::exception& e) {
-    ReportError(state, "basSetup.CreateNewDatabase", e);
+  };
+  std::error_code ec;
+  if (fs::exists(file, ec)) return already_exists();
+  // The file is made under a name of this run and renamed into place when complete, so a
+  // crash or a full disk never leaves a half-made database under the chosen name.
+  const fs::path part = PartFileBeside(file);
+  DiscardUnfinished(part);
+  auto fail = [&](const std::exception& e, std::string_view word) {
+    DiscardUnfinished(part);
+    if (ErrorNumberOf(e) == err::kDiskFull) {
+      state.io->Tell(store_text::DiskFull(file.string()));
+    } else if (!word.empty()) {
+      state.io->Tell(store_text::ProblemCreating(word, e.what()));
+    } else {
+      ReportError(state, "basSetup.CreateNewDatabase", e);
+    }
     return false;
-  }
-  SQLite::Transaction transaction(*db);
-  for (std::string_view name : NewDatabaseTableOrder()) {
-    const TableDef& table = *FindTable(UserTables(), name);
-    try {
+  };
+  std::string word;  // of the table being made when a failure comes
+  try {
+    auto db = OpenStoreFile(part, OpenMode::kCreate);
+    SQLite::Transaction transaction(*db);
+    for (std::string_view name : NewDatabaseTableOrder()) {
+      const TableDef& table = *FindTable(UserTables(), name);
+      word = table.word;
       CreateTable(*db, table);
       if (SameName(name, "CODE")) PopulateCodeTable(*db);
-    } catch (const std::exception& e) {
-      transaction.commit();
-      state.io->Tell(store_text::ProblemCreating(table.word, e.what()));
-      return false;
     }
+    word.clear();
+    transaction.commit();
+  } catch (const std::exception& e) {
+    return fail(e, word);
   }
-  transaction.commit();
+  try {
+    RenameNoReplace(part, file);
+  } catch (const FileError& e) {
+    const bool taken = fs::exists(file, ec);
+    DiscardUnfinished(part);
+    if (taken) return already_exists();
+    return fail(e, "");
+  }
   state.gShortDbName = ShortName(file);
   return true;
 }
@@ -212,6 +258,7 @@ bool OpenLocalDB(AppState& state) {
   state.gShortDbName = ShortName(file);
   state.gDbOpen = true;
   state.gDataDir = file.parent_path();
+  RemoveLeftovers(state.home, {state.gDataDir});
   if (!CheckDatabaseTables(state) || !CheckWorkoutTables(state)) {
     // What is there stays usable; the missing tables were reported.
   }

@@ -9,8 +9,10 @@
 #include "core/ErrorHandler.h"
 #include "core/Errors.h"
 #include "core/FileOps.h"
+#include "core/RunFolder.h"
 #include "store/Database.h"
 #include "store/ReportDatabase.h"
+#include "store/Snapshot.h"
 #include "store/StoreTexts.h"
 #include "store/TableBuilder.h"
 #include "store/UserTables.h"
@@ -37,14 +39,28 @@ void RemoveOrphans(SQLite::Database& db) {
   transaction.commit();
 }
 
-bool IntegrityOk(const fs::path& file) {
+bool IntegrityOk(SQLite::Database& db) {
   try {
-    SQLite::Database db(file.string(), SQLite::OPEN_READONLY);
     SQLite::Statement check(db, "PRAGMA integrity_check(1)");
     return check.executeStep() && check.getColumn(0).getString() == "ok";
   } catch (const SQLite::Exception&) {
     return false;
   }
+}
+
+// Drops and makes again every table of the report database in one transaction: another
+// process using the file meanwhile waits rather than losing it under its feet.
+void RebuildReportDatabase(AppState& state) {
+  if (state.gReportDb) {
+    SQLite::Database& db = *state.gReportDb;
+    SQLite::Transaction transaction(db, SQLite::TransactionBehavior::IMMEDIATE);
+    for (const auto& name : TableNames(db)) {
+      if (name.rfind("SQLITE_", 0) == 0) continue;
+      db.exec("DROP TABLE main." + Quoted(name));
+    }
+    transaction.commit();
+  }
+  CheckReportTables(state);
 }
 
 // Copies one table row by row, keeping what can be read before the damage. The rows are
@@ -180,16 +196,24 @@ bool EnoughRoomToRepair(AppState& state, const fs::path& file) {
 }
 
 bool RepairDamagedFile(AppState& state, const fs::path& file) {
-  const fs::path rebuilt = state.home.CompactTemp();
   try {
+    RunFolder work(state.home);
+    const fs::path rebuilt = work.Path() / "KVLNEW.MDB";
     state.io->Progress(store_text::kRepairing);
     Salvage(file, rebuilt);
-    CopyFileSafely(file, DamagedCopyName(file, state.clock->Now()));
+    // The damaged file is kept as it was, its companions with it; none may stay beside the
+    // rebuilt file, which would take them for its own journal.
+    const fs::path kept = DamagedCopyName(file, state.clock->Now());
+    CopyFileSafely(file, kept);
+    const auto companions = CompanionFiles(file);
+    const auto kept_companions = CompanionFiles(kept);
+    for (size_t i = 0; i < companions.size(); ++i) {
+      std::error_code ec;
+      if (fs::exists(companions[i], ec)) ReplaceFile(companions[i], kept_companions[i]);
+    }
     ReplaceFile(rebuilt, file);
     return true;
   } catch (const std::exception& e) {
-    std::error_code ec;
-    fs::remove(rebuilt, ec);
     ReportError(state, "basSetup.RepairDamagedFile", e);
     return false;
   }
@@ -203,43 +227,33 @@ bool RepairAndCompact(AppState& state) {
     ReportError(state, "basSetup.RepairAndCompact", e);
     return false;
   }
-  state.CloseCurrentDB();
+  if (!EnoughRoomToRepair(state, file)) return false;
 
   auto reopen = [&state] {
     if (OpenLocalDB(state)) ApplyDatabaseSettings(state);
   };
-  if (!EnoughRoomToRepair(state, file)) {
-    reopen();
-    return false;
-  }
   try {
     state.io->Progress(store_text::kRepairing);
-    if (!IntegrityOk(file) && !RepairDamagedFile(state, file)) {
-      reopen();
-      return false;
+    if (!IntegrityOk(*state.gDb)) {
+      state.CloseCurrentDB();
+      if (!RepairDamagedFile(state, file)) {
+        reopen();
+        return false;
+      }
+      if (!OpenLocalDB(state)) return false;
     }
-    const fs::path compacted = state.home.CompactTemp();
-    RemoveIfExists(compacted);
     state.io->Progress(store_text::kCompacting);
-    {
-      SQLite::Database db(file.string(), SQLite::OPEN_READWRITE);
-      SQLite::Statement vacuum(db, "VACUUM INTO ?");
-      vacuum.bind(1, compacted.string());
-      vacuum.exec();
-    }
-    ReplaceFile(compacted, file);
-
-    state.gReportDb.reset();
-    RemoveIfExists(state.home.ReportDb());
-    CheckReportTables(state);
+    // In place and under the lock this run holds: one transaction of SQLite's own, so a
+    // crash or a full disk leaves the file as it was and no other process slips in.
+    state.gDb->exec("VACUUM");
+    RebuildReportDatabase(state);
   } catch (const std::exception& e) {
     ReportError(state, "basSetup.RepairAndCompact", e);
-    reopen();
+    if (!state.gDb) reopen();
     return false;
   }
 
   state.io->Progress(store_text::kOpeningFiles);
-  if (!OpenLocalDB(state)) return false;
   ApplyDatabaseSettings(state);
   state.io->Progress(store_text::kCompactingNotes);
   if (state.hooks.compact_workout_notes) state.hooks.compact_workout_notes(state);

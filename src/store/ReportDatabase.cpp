@@ -19,15 +19,23 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Makes the missing tables of a list; false (user told) at the first failure.
+// The import rules are the one table that every run reads alike; the others hold the rows of
+// one run's report.
+bool SharedAcrossRuns(const TableDef& table) {
+  return SameName(table.name, "IMPRULES");
+}
+
+// Makes the missing tables of a list in the file, and this connection's own copies of those
+// a run fills: two processes (two imports, an import beside a repair) then never see or wait
+// on each other's report rows. False (user told) at the first failure.
 bool CreateMissing(AppState& state, const std::vector<TableDef>& tables) {
   SQLite::Database& db = *state.gReportDb;
   const auto existing = TableNames(db);
-  SQLite::Transaction transaction(db);
+  SQLite::Transaction transaction(db, SQLite::TransactionBehavior::IMMEDIATE);
   for (const auto& table : tables) {
-    if (existing.count(UpperName(table.name))) continue;
     try {
-      CreateTable(db, table);
+      if (!existing.count(UpperName(table.name))) CreateTable(db, table);
+      if (!SharedAcrossRuns(table)) CreatePrivateTable(db, table);
     } catch (const std::exception& e) {
       transaction.commit();
       state.io->Tell(store_text::ProblemCreating(table.word, e.what()));
@@ -69,7 +77,7 @@ bool FillImportRules(AppState& state) {
   try {
     auto rules = ParseImportRules(ReadWholeFile(state.home.ImportRules()));
     SQLite::Database& db = *state.gReportDb;
-    SQLite::Transaction transaction(db);
+    SQLite::Transaction transaction(db, SQLite::TransactionBehavior::IMMEDIATE);
     db.exec("DELETE FROM IMPRULES");
     SQLite::Statement insert(db, "INSERT INTO IMPRULES (REASON, \"DESC\") VALUES (?, ?)");
     for (const auto& [reason, desc] : rules) {

@@ -31,4 +31,18 @@ std::string DiskRoomMessage(long long free_kb, std::string_view drive, long long
       Thousands(free_kb), drive, Thousands(needed_kb), kNotEnoughRoom);
 }
 
+std::string InUseByAnother(std::string_view file) {
+  return fmt::format(
+      "{} is in use by another KVL-R program or kvlr command that is still writing it.\r\n"
+      "Try again when it has finished (close the other program first).",
+      file);
+}
+
+std::string DiskFull(std::string_view file) {
+  return fmt::format(
+      "There is not enough room on the disk for {}.\r\nNothing was changed; free some space "
+      "and try again.",
+      file);
+}
+
 }  // namespace kvlr::store_text

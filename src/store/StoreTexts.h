@@ -34,6 +34,10 @@ std::string ProblemCreating(std::string_view word, std::string_view store_text);
 std::string ProblemAddingField(std::string_view field, std::string_view table);
 // The disk-room refusal of repair, figures in Kbytes.
 std::string DiskRoomMessage(long long free_kb, std::string_view drive, long long needed_kb);
+// A database another process holds past the wait, named; what to do about it.
+std::string InUseByAnother(std::string_view file);
+// A write that found the disk full; nothing was changed.
+std::string DiskFull(std::string_view file);
 // "#,##0": thousands with commas.
 std::string Thousands(long long value);
 

@@ -22,7 +22,7 @@ const IndexDef* PrimaryOnCounter(const TableDef& table, const FieldDef& counter)
 
 }  // namespace
 
-std::vector<std::string> CreateStatements(const TableDef& table) {
+std::vector<std::string> CreateStatements(const TableDef& table, bool temporary) {
   std::vector<std::string> statements;
   const IndexDef* counter_index = nullptr;
   std::string columns;
@@ -37,7 +37,8 @@ std::vector<std::string> CreateStatements(const TableDef& table) {
       columns += ColumnSql(field.name, field.type, field.size, field.default_sql);
     }
   }
-  statements.push_back(fmt::format("CREATE TABLE {} (\n  {}\n)", Quoted(table.name), columns));
+  statements.push_back(fmt::format("CREATE {}TABLE {} (\n  {}\n)", temporary ? "TEMP " : "",
+                                   Quoted(table.name), columns));
 
   for (const auto& index : table.indexes) {
     if (&index == counter_index) continue;
@@ -46,15 +47,24 @@ std::vector<std::string> CreateStatements(const TableDef& table) {
       if (!cols.empty()) cols += ", ";
       cols += Quoted(c.name) + (c.descending ? " DESC" : "");
     }
-    statements.push_back(fmt::format("CREATE {}INDEX {} ON {} ({})", index.unique ? "UNIQUE " : "",
-                                     Quoted(IndexFileName(table, index)), Quoted(table.name),
-                                     cols));
+    statements.push_back(fmt::format(
+        "CREATE {}INDEX {}{} ON {} ({})", index.unique ? "UNIQUE " : "", temporary ? "temp." : "",
+        Quoted(IndexFileName(table, index)), Quoted(table.name), cols));
   }
   return statements;
 }
 
 void CreateTable(SQLite::Database& db, const TableDef& table) {
   for (const auto& sql : CreateStatements(table)) db.exec(sql);
+}
+
+void CreatePrivateTable(SQLite::Database& db, const TableDef& table) {
+  SQLite::Statement exists(db,
+                           "SELECT 1 FROM sqlite_temp_master WHERE type = 'table' AND upper(name) "
+                           "= upper(?)");
+  exists.bind(1, table.name);
+  if (exists.executeStep()) return;
+  for (const auto& sql : CreateStatements(table, true)) db.exec(sql);
 }
 
 std::set<std::string> TableNames(SQLite::Database& db) {

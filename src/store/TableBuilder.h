@@ -12,11 +12,15 @@
 
 namespace kvlr {
 
-// The CREATE TABLE and CREATE INDEX statements of a declaration.
-std::vector<std::string> CreateStatements(const TableDef& table);
+// The CREATE TABLE and CREATE INDEX statements of a declaration. `temporary` makes them
+// for the connection's own temporary copy, which hides the file's table of that name.
+std::vector<std::string> CreateStatements(const TableDef& table, bool temporary = false);
 
 // Makes the table with its indexes. Store failures throw SQLite::Exception.
 void CreateTable(SQLite::Database& db, const TableDef& table);
+
+// Makes the connection's own temporary copy of a table (and its indexes) unless it has one.
+void CreatePrivateTable(SQLite::Database& db, const TableDef& table);
 
 // Upper-cased names of the tables in the file.
 std::set<std::string> TableNames(SQLite::Database& db);

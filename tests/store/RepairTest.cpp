@@ -50,7 +50,6 @@ TEST(RepairAndCompact, RemovesOrphansKeepsRelaysAndReopens) {
   EXPECT_TRUE(t.io.Saw(store_text::kOptimizationCompleted));
   EXPECT_EQ(t.io.progress.front(), store_text::kRepairing);
   EXPECT_TRUE(fs::exists(t.state.home.ReportDb()));
-  EXPECT_FALSE(fs::exists(t.state.home.CompactTemp()));
 }
 
 TEST(RepairAndCompact, WithoutSwimmersEveryIndividualRowGoes) {
