@@ -125,6 +125,42 @@ TEST(Restore, OverAJournalAKilledWriterLeftGivesTheBackupAndArchivesTheCommitted
   EXPECT_EQ(Swimmers(archived), 300) << "the archive holds the last committed state";
 }
 
+TEST(Restore, AWriteThatFailsHalfwayLeavesTheOldDatabase) {
+  TempHome t;
+  t.state.gDatabaseName = ClosedDatabase(t, "family.mdb", 600).string();
+  ASSERT_TRUE(OpenLocalDB(t.state));
+  const auto zip = BackupDatabase(t.state, t.Root() / "backups", "");
+  ASSERT_TRUE(zip);
+  t.state.CloseCurrentDB();
+  // A target of the same size: every file of the run fits the limit but the journal of the
+  // replacement, which holds each old page and a little more.
+  const fs::path folder = t.Root() / "restored";
+  fs::create_directories(folder);
+  const fs::path target = folder / "family.MDB";
+  fs::copy_file(t.state.gDatabaseName, target);
+  {
+    SQLite::Database db(target.string(), SQLite::OPEN_READWRITE);
+    db.exec("UPDATE Athlete SET First = 'Zed'");
+  }
+  const auto size = fs::file_size(target);
+
+  EXPECT_EQ(InChild([&] {
+              std::signal(SIGXFSZ, SIG_IGN);
+              const rlimit room{size + 1024, size + 1024};
+              ::setrlimit(RLIMIT_FSIZE, &room);
+              const auto info = LoadBackupInfo(t.state, *zip);
+              if (!info || RestoreDatabase(t.state, *zip, *info, RestoreOption::kSelectedFolder,
+                                           folder, "", false)) {
+                return 1;
+              }
+              return t.io.Saw("Nothing was restored") ? 0 : 2;
+            }),
+            0);
+  EXPECT_TRUE(Intact(target));
+  SQLite::Database db(target.string(), SQLite::OPEN_READONLY);
+  EXPECT_EQ(QueryNumber(db, "SELECT count(*) FROM Athlete WHERE First = 'Zed'"), 600);
+}
+
 TEST(SilentBackup, WaitsForAWriterAndArchivesWhatItCommitted) {
   TempHome t;
   const fs::path file = ClosedDatabase(t, "family.mdb", 1);
