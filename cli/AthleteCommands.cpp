@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "athletes/AthleteCard.h"
 #include "athletes/AthleteList.h"
+#include "athletes/CardTimes.h"
 #include "core/TextClean.h"
 #include "core/VbRules.h"
 
@@ -39,6 +40,11 @@ int AddAthlete(Context& c) {
     if (!birth || c.args.values.at("--birth").size() != 10) {
       throw UsageError("--birth is a date YYYY-MM-DD");
     }
+    // The card takes typed birth dates from 1930 to today.
+    if (const auto problem = BirthDateProblem(*birth, c.state.clock->Today()); !problem.empty()) {
+      c.io.Tell(problem);
+      return kRefused;
+    }
   }
 
   if (!OpenAsAtStart(c, db)) return kRefused;
@@ -73,7 +79,8 @@ std::vector<Command> AthleteCommands() {
       {"add-athlete",
        "kvlr add-athlete --db PATH --last L --first F --sex M|F [--initial I] [--pref P] "
        "[--birth YYYY-MM-DD] [--id ID_NO]",
-       "Add a swimmer with the checks of the athlete card (at most four); prints the new key. "
+       "Add a swimmer with the checks of the athlete card (at most four; a birth date from "
+       "1930 to today; texts within their field sizes); prints the new key. "
        "A same-name question is answered by the global --yes (save as entered) or --no (merge "
        "with the swimmer on file).",
        {"--db", "--last", "--first", "--sex", "--initial", "--pref", "--birth", "--id"},

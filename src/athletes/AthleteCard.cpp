@@ -7,6 +7,7 @@
 #include "athletes/AthleteTexts.h"
 #include "athletes/CardTimes.h"
 #include "athletes/CurrentAthlete.h"
+#include "athletes/FieldSize.h"
 #include "core/Columns.h"
 #include "core/ErrorHandler.h"
 #include "core/VbRules.h"
@@ -37,6 +38,49 @@ std::string WithoutLineBreaks(std::string_view text) {
     if (c != '\r' && c != '\n') out += c;
   }
   return out;
+}
+
+// Characters as the store counts them: UTF-8 continuation bytes are not counted.
+size_t CharacterCount(std::string_view text) {
+  size_t count = 0;
+  for (char c : text) count += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  return count;
+}
+
+struct TooLong {
+  std::string message;
+  CardField focus = CardField::kNone;
+};
+
+// The first value that would not fit its field, as it will be written, in the words of the
+// field's constraint; the store would refuse it with a bare "CHECK constraint failed".
+std::optional<TooLong> FindTooLong(const AthleteCard& card) {
+  const std::pair<std::string_view, std::string> athlete[] = {{"Last", Trim(card.last)},
+                                                              {"First", Trim(card.first)},
+                                                              {"Initial", Trim(card.initial)},
+                                                              {"Pref", Trim(card.pref)},
+                                                              {"ID_NO", card.id_no}};
+  auto check = [](std::string_view table, std::string_view field,
+                  std::string_view value) -> std::optional<std::string> {
+    const int size = FieldSize(table, field);
+    if (size <= 0 || CharacterCount(value) <= static_cast<size_t>(size)) return std::nullopt;
+    return fmt::format("{} can not be longer than {} character{}.", field, size,
+                       size == 1 ? "" : "s");
+  };
+  for (const auto& [field, value] : athlete) {
+    if (auto message = check("Athlete", field, value)) {
+      const CardField focus = field == "Last"    ? CardField::kLast
+                              : field == "First" ? CardField::kFirst
+                                                 : CardField::kNone;
+      return TooLong{std::move(*message), focus};
+    }
+  }
+  for (auto column : kInfoColumns) {
+    if (auto message = check("AthInfo", column, WithoutLineBreaks(card.Info(column)))) {
+      return TooLong{std::move(*message)};
+    }
+  }
+  return std::nullopt;
 }
 
 struct SameName {
@@ -222,6 +266,10 @@ SaveOutcome SaveAthlete(AppState& state, AthleteCard& card) {
     return {SaveStatus::kRefused, CardField::kSex};
   }
   card.sex = sex;
+  if (const auto too_long = FindTooLong(card)) {
+    io.Tell(too_long->message);
+    return {SaveStatus::kRefused, too_long->focus};
+  }
 
   SQLite::Database& db = *state.gDb;
   // The question stays outside the traps: an unanswered question is not a store failure.

@@ -97,11 +97,11 @@ struct SaveOutcome {
   CardField focus = CardField::kNone;
 };
 
-// `SaveAthlete`: the checks in their order (first name, sex, same name, sex change), then
-// Athlete and AthInfo in one transaction, then the swimmer becomes current. Changes `card`:
-// the key after an add or after the "No" of the same-name question (the card becomes the
-// other swimmer's, its empty fields taking what that swimmer has on file), the old sex when
-// a change is refused.
+// `SaveAthlete`: the checks in their order (first name, sex, field sizes, same name, sex
+// change), then Athlete and AthInfo in one transaction, then the swimmer becomes current.
+// Changes `card`: the key after an add or after the "No" of the same-name question (the card
+// becomes the other swimmer's, its empty fields taking what that swimmer has on file), the
+// old sex when a change is refused.
 SaveOutcome SaveAthlete(AppState& state, AthleteCard& card);
 
 }  // namespace kvlr

@@ -39,6 +39,7 @@ inline constexpr std::string_view kSexLocked =
     "This athlete's sex cannot be changed while this is true.";
 inline constexpr std::string_view kBirthBefore1930 =
     "Please use the drop-down calendar to enter dates before 1930.";
+inline constexpr std::string_view kBirthAfterToday = "The birth date can not be later than today.";
 
 // The background picture.
 inline constexpr std::string_view kPictureNeedsFirstName =

@@ -79,13 +79,19 @@ std::string DefaultRangeEnd(bool twelve_hour) {
   return twelve_hour ? "8:00 PM" : "20:00";
 }
 
-BirthEntry TypedBirthDate(std::string_view typed, int date_order) {
+std::string_view BirthDateProblem(const Date& birth, const Date& today) {
+  if (birth < kTypedBirthFloor) return athlete_text::kBirthBefore1930;
+  if (birth > today) return athlete_text::kBirthAfterToday;
+  return {};
+}
+
+BirthEntry TypedBirthDate(std::string_view typed, int date_order, const Date& today) {
   const std::string text = Trim(typed);
   if (text.empty()) return {};
   const auto date = RegionalTextToDate(text, date_order);
   if (!date) return {false, std::nullopt, ""};
-  if (*date < kTypedBirthFloor) {
-    return {false, std::nullopt, std::string(athlete_text::kBirthBefore1930)};
+  if (const auto problem = BirthDateProblem(*date, today); !problem.empty()) {
+    return {false, std::nullopt, std::string(problem)};
   }
   return {true, date, ""};
 }

@@ -41,9 +41,13 @@ struct BirthEntry {
   std::string message;
 };
 
-// Reads the text in the regional `date_order`. Dates before 1930 can only come from the
-// calendar: typed, they are refused with the words of the card.
-BirthEntry TypedBirthDate(std::string_view typed, int date_order);
+// Why a birth date that is typed (into the card, or given to the command-line tool) is
+// refused, in the card's words; "" when it is taken. Dates before 1930 can only come from the
+// calendar, which ends at `today`.
+std::string_view BirthDateProblem(const Date& birth, const Date& today);
+
+// Reads the text in the regional `date_order`, refusing what BirthDateProblem refuses.
+BirthEntry TypedBirthDate(std::string_view typed, int date_order, const Date& today);
 
 // The birth date as the card shows it, in the regional order with four-digit years.
 std::string ShownBirthDate(const Date& date, int date_order);

@@ -69,7 +69,11 @@ TEST_F(AthleteCommands, RefusalsUseTheCardsWords) {
       {{"Lane", "Bo", ""}, "You must select the gender of the athlete."},
       {{"LANE", "ada", "M"}, "Duplicate Names with different sexes are not allowed."},
       {{"Lane", "Ada", "F"}, "Do you want to save this swimmer's record as entered?"},
-      {{"Lane", "Bo", "M", "--initial", "AB"}, "Initial can not be longer than 1 character"},
+      {{"Lane", "Bo", "M", "--initial", "AB"}, "Initial can not be longer than 1 character.\n"},
+      {{std::string(40, 'x'), "Bo", "M"}, "Last can not be longer than 20 characters.\n"},
+      {{"Lane", "Bo", "M", "--birth", "1929-12-31"},
+       "Please use the drop-down calendar to enter dates before 1930."},
+      {{"Lane", "Bo", "M", "--birth", "2026-11-23"}, "The birth date can not be later than today."},
   };
   for (const auto& c : cases) {
     Outcome r = Add(c.args[0], c.args[1], c.args[2],

@@ -212,16 +212,25 @@ TEST_F(Athletes, ASwimmerWithoutAthInfoStillOpensAndGainsTheRow) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo WHERE Athlete = ?", key), 1);
 }
 
-TEST_F(Athletes, TextOverAFieldsSizeWritesNothingAtAll) {
+TEST_F(Athletes, TextOverAFieldsSizeIsRefusedInTheFieldsWords) {
   AthleteCard card = Card("Lane", "Ada", "F");
-  card.info["State"] = "ABCD";  // AthInfo is written after Athlete, in the same transaction
-  const SaveOutcome outcome = SaveAthlete(t.state, card);
-  EXPECT_EQ(outcome.status, SaveStatus::kFailed);
+  card.info["State"] = "ABCD";
+  SaveOutcome outcome = SaveAthlete(t.state, card);
+  EXPECT_EQ(outcome.status, SaveStatus::kRefused);
   EXPECT_EQ(card.athlete, 0);
   EXPECT_EQ(AthleteRowCount(Db()), 0);
-  EXPECT_EQ(t.io.shown.back().title, "Program Error");
-  EXPECT_TRUE(t.io.Saw("Error Source: frmAthMt.SaveAthlete"));
-  EXPECT_TRUE(t.io.Saw("State can not be longer than 3 characters"));
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_EQ(t.io.shown[0].text, "State can not be longer than 3 characters.");
+  // Counted in characters as the store counts them, after the card trims the names.
+  card.info["State"] = "";
+  card.last = "  \xC3\x89" + std::string(19, 'e') + "  ";
+  EXPECT_EQ(SaveAthlete(t.state, card).status, SaveStatus::kSaved);
+  card = Card("Lane", "Ada", "F");
+  card.last = std::string(21, 'e');
+  outcome = SaveAthlete(t.state, card);
+  EXPECT_EQ(outcome.status, SaveStatus::kRefused);
+  EXPECT_EQ(outcome.focus, CardField::kLast);
+  EXPECT_EQ(t.io.shown.back().text, "Last can not be longer than 20 characters.");
 }
 
 TEST_F(Athletes, SameNameInAnyCaseAsksTheThreeWayQuestion) {
@@ -539,7 +548,7 @@ TEST(CardTimes, TypedTimesAreReadAndShownForTheMachinesClock) {
   EXPECT_EQ(ShownTime("2001-02-03", false), "");
 }
 
-TEST(CardTimes, BirthDatesBefore1930MustComeFromTheCalendar) {
+TEST(CardTimes, TypedBirthDatesRunFrom1930ToToday) {
   struct Case {
     const char* typed;
     int order;
@@ -554,9 +563,11 @@ TEST(CardTimes, BirthDatesBefore1930MustComeFromTheCalendar) {
       {"3/4/12", 0, true, Date{2012, 3, 4}, ""},
       {"13/45/2000", 0, false, std::nullopt, ""},
       {" ", 0, true, std::nullopt, ""},
+      {"05/01/2026", 0, true, Date{2026, 5, 1}, ""},
+      {"05/02/2026", 0, false, std::nullopt, txt::kBirthAfterToday},
   };
   for (const auto& c : cases) {
-    const BirthEntry entry = TypedBirthDate(c.typed, c.order);
+    const BirthEntry entry = TypedBirthDate(c.typed, c.order, Date{2026, 5, 1});
     EXPECT_EQ(entry.accepted, c.accepted) << c.typed;
     EXPECT_EQ(entry.date, c.date) << c.typed;
     EXPECT_EQ(entry.message, c.message) << c.typed;

@@ -374,7 +374,8 @@ void frmAthMt::ShowBirth(const std::optional<Date>& birth) {
 }
 
 void frmAthMt::BirthTyped() {
-  const BirthEntry entry = TypedBirthDate(S(birth_edit_->text()), state_.gDateOrder);
+  const BirthEntry entry =
+      TypedBirthDate(S(birth_edit_->text()), state_.gDateOrder, state_.clock->Today());
   if (!entry.accepted) {
     // Back to the date the card had, before any box takes the focus away.
     ShowBirth(birth_);
