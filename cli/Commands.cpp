@@ -17,7 +17,28 @@ namespace fs = std::filesystem;
 namespace cli {
 
 void Row(std::ostream& out, const std::vector<std::string>& columns) {
-  for (size_t i = 0; i < columns.size(); ++i) out << (i ? "\t" : "") << columns[i];
+  for (size_t i = 0; i < columns.size(); ++i) {
+    if (i > 0) out << '\t';
+    // A tab or line break inside a name or comment would split the row.
+    for (char ch : columns[i]) {
+      switch (ch) {
+        case '\\':
+          out << "\\\\";
+          break;
+        case '\t':
+          out << "\\t";
+          break;
+        case '\n':
+          out << "\\n";
+          break;
+        case '\r':
+          out << "\\r";
+          break;
+        default:
+          out << ch;
+      }
+    }
+  }
   out << "\n";
 }
 
@@ -85,7 +106,9 @@ void MainHelp(std::ostream& out) {
     if (!first.empty() && first.back() == '.') first.pop_back();
     out << fmt::format("  {:<12} {}\n", c.name, first);
   }
-  out << "\nkvlr COMMAND --help tells more. Output is tab-separated with one header line.\n";
+  out << "\nkvlr COMMAND --help tells more. Output is tab-separated with one header line;\n"
+         "within a value a backslash is written \\\\, a tab \\t, a line feed \\n and a carriage\n"
+         "return \\r.\n";
 }
 
 }  // namespace

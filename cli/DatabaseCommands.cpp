@@ -83,7 +83,9 @@ std::vector<Command> DatabaseCommands() {
   return {
       {"new-db",
        "kvlr new-db PATH",
-       "Make a new database file (*.mdb) with every table, ready to use.",
+       "Make a new database file (*.mdb) with every table, ready to use. The name before "
+       "\".mdb\" has 1 to 20 characters, does not start with a dot and holds no quotes, "
+       "apostrophes, slashes, colons, bars or control characters.",
        {},
        {},
        NewDb},

@@ -32,15 +32,9 @@ int Import(Context& c) {
 
 int Export(Context& c) {
   const auto [name, file] = NameAndFile(c);
+  TakeAnswer(c);
   if (!OpenAsAtStart(c, Required(c, "--db"))) return kRefused;
-  const std::string problem = RunTrapped(
-      c.state, "kvlr.standard-export",
-      [&] { return ExportStandardCsvFile(*c.state.gDb, name, file); },
-      std::string("The standard was not written."));
-  if (!problem.empty()) {
-    c.io.Tell(problem);
-    return kRefused;
-  }
+  if (!ExportStandardCsvFile(c.state, name, file)) return kRefused;
   Row(c.env.out, {"Standard", "File"});
   Row(c.env.out, {name, file});
   return kOk;
@@ -60,11 +54,12 @@ std::vector<Command> StandardCommands() {
        {},
        Import},
       {"standard-export",
-       "kvlr standard-export --db PATH NAME FILE.csv",
+       "kvlr standard-export --db PATH NAME FILE.csv [--yes|--no]",
        "Write the time standard NAME of the database PATH to FILE.csv in the layout "
-       "standard-import reads.",
+       "standard-import reads. A database, zip or other non-CSV file is never written over; "
+       "an existing CSV file is replaced only with --yes (or a yes on a terminal).",
        {"--db"},
-       {},
+       {"--yes", "--no"},
        Export},
   };
 }

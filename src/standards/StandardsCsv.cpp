@@ -2,7 +2,9 @@
 
 #include <charconv>
 #include <fstream>
+#include <limits>
 #include <map>
+#include <optional>
 #include <sstream>
 #include <tuple>
 
@@ -10,6 +12,9 @@
 #include <SQLiteCpp/Transaction.h>
 #include <fmt/format.h>
 
+#include "core/ErrorHandler.h"
+#include "core/FileOps.h"
+#include "core/OutputFile.h"
 #include "core/SwimCodes.h"
 #include "core/TimeText.h"
 #include "core/VbRules.h"
@@ -22,6 +27,8 @@
 
 namespace kvlr {
 namespace {
+
+constexpr std::string_view kExportSource = "frmStan.ExportCsv";
 
 constexpr std::string_view kKeyHeadings[] = {"Sex",    "I_R",      "Lo_Age",
                                              "Hi_Age", "Distance", "Stroke"};
@@ -86,6 +93,44 @@ bool WholeNumber(std::string_view text, int low, int high, int& value) {
   const auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), value);
   return !t.empty() && ec == std::errc() && end == t.data() + t.size() && value >= low &&
          value <= high;
+}
+
+// Digits only, as a number no larger than `high`.
+std::optional<int64_t> Digits(std::string_view text, int64_t high) {
+  int64_t value = 0;
+  if (text.empty()) return std::nullopt;
+  for (char c : text) {
+    if (c < '0' || c > '9') return std::nullopt;
+    value = value * 10 + (c - '0');
+    if (value > high) return std::nullopt;
+  }
+  return value;
+}
+
+// A cell's time: empty (no limit, 0), "m:ss.hh" with any number of minute digits, or "s.hh".
+// Typed-time reading would take "1:05" as 1.05 s and cut long times, so a cell must spell out
+// the seconds and both hundredths.
+std::optional<int32_t> CellScore(std::string_view cell) {
+  const std::string text = Trim(cell);
+  if (text.empty()) return 0;
+  constexpr int64_t kMax = std::numeric_limits<int32_t>::max();
+  const size_t point = text.find('.');
+  if (point == std::string::npos || text.size() - point != 3) return std::nullopt;
+  const auto hundredths = Digits(std::string_view(text).substr(point + 1), 99);
+  const size_t colon = text.find(':');
+  std::optional<int64_t> minutes = 0;
+  std::optional<int64_t> seconds;
+  if (colon == std::string::npos) {
+    seconds = Digits(std::string_view(text).substr(0, point), kMax / 100);
+  } else {
+    if (point - colon != 3) return std::nullopt;
+    minutes = Digits(std::string_view(text).substr(0, colon), kMax / 6000);
+    seconds = Digits(std::string_view(text).substr(colon + 1, 2), 59);
+  }
+  if (!hundredths || !minutes || !seconds) return std::nullopt;
+  const int64_t score = *minutes * 6000 + *seconds * 100 + *hundredths;
+  if (score > kMax) return std::nullopt;
+  return static_cast<int32_t>(score);
 }
 
 CsvImportResult Refused(std::string message) {
@@ -220,6 +265,8 @@ CsvImportResult ImportStandardCsv(AppState& state, std::string_view name, std::s
     return Refused(std_name + std::string(stdtext::kAlreadyExists));
   }
 
+  // Spreadsheets put a byte order mark in front of UTF-8.
+  if (text.substr(0, 3) == "\xEF\xBB\xBF") text.remove_prefix(3);
   // Physical lines, numbered from 1; blank lines are skipped.
   std::vector<std::pair<int, std::string>> lines;
   {
@@ -308,10 +355,10 @@ CsvImportResult ImportStandardCsv(AppState& state, std::string_view name, std::s
     line.distance = static_cast<int16_t>(distance);
     line.stroke = static_cast<int16_t>(stroke);
     for (size_t at = kKeyColumns; at < fields.size(); ++at) {
-      const auto score = ParseLimitText(fields[at]);
+      const auto score = CellScore(fields[at]);
       if (!score) {
-        return Refused(fmt::format("Line {}: \"{}\" in column \"{}\" is not a time.", number,
-                                   fields[at], headings[at]));
+        return Refused(fmt::format("Line {}, column \"{}\": \"{}\" is not a time (m:ss.hh).",
+                                   number, Trim(headings[at]), fields[at]));
       }
       const size_t in_group = (at - kKeyColumns) % kColumnsPerDesignator;
       const int index = slot[(at - kKeyColumns) / kColumnsPerDesignator];
@@ -351,30 +398,29 @@ CsvImportResult ImportStandardCsvFile(AppState& state, std::string_view name,
   return ImportStandardCsv(state, name, text.str());
 }
 
-std::string ExportStandardCsvFile(SQLite::Database& db, std::string_view name,
-                                  const std::filesystem::path& file) {
-  const auto def = ReadStandardDefinition(db, Trim(name));
-  if (!def) return fmt::format("There is no standard named {}.", Trim(name));
-  const std::string text = StandardCsvText(db, *def);
-  std::filesystem::path temp = file;
-  temp += ".tmp";
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    out << text;
-    out.close();
-    if (!out) {
-      std::error_code ignored;
-      std::filesystem::remove(temp, ignored);
-      return fmt::format("The file {} can't be written.", file.string());
-    }
+bool ExportStandardCsvFile(AppState& state, std::string_view name,
+                           const std::filesystem::path& file, bool already_asked) {
+  const std::string std_name = Trim(name);
+  std::optional<StandardDefinition> def;
+  try {
+    def = ReadStandardDefinition(*state.gDb, std_name);
+  } catch (const std::exception& e) {
+    ReportError(state, kExportSource, e);
+    return false;
   }
-  std::error_code ec;
-  std::filesystem::rename(temp, file, ec);
-  if (ec) {
-    std::filesystem::remove(temp, ec);
-    return fmt::format("The file {} can't be written.", file.string());
+  if (!def) {
+    state.io->Tell(fmt::format("There is no standard named {}.", std_name));
+    return false;
   }
-  return "";
+  // The question stays outside the traps: an unanswered question is not a failure.
+  if (!OutputFileOk(state, file, kCsvOutput, already_asked)) return false;
+  return RunTrapped(
+      state, kExportSource,
+      [&] {
+        WriteFileAtomically(file, StandardCsvText(*state.gDb, *def));
+        return true;
+      },
+      false);
 }
 
 }  // namespace kvlr

@@ -4,7 +4,8 @@
 // then, for each designator in use in order and each course Y, S, L in turn,
 //   "<designator> <course> Faster" (the slow limit S(n)), "<designator> <course> Slower"
 // (the fast limit F(n)); one line per line of the standard follows. Times are "m:ss.hh"
-// texts; an empty cell is no limit. Fields holding ',' or '"' are quoted as usual.
+// texts ("ss.hh" under a minute, as FormatTime writes them); an empty cell is no limit. Fields
+// holding ',' or '"' are quoted as usual. A reader takes a UTF-8 byte order mark and CRLF.
 
 #include <filesystem>
 #include <string>
@@ -36,9 +37,11 @@ CsvImportResult ImportStandardCsv(AppState& state, std::string_view name, std::s
 CsvImportResult ImportStandardCsvFile(AppState& state, std::string_view name,
                                       const std::filesystem::path& file);
 
-// Writes the standard `name` to `file` (through a temporary name renamed into place).
-// "" when written, else the message saying why not.
-std::string ExportStandardCsvFile(SQLite::Database& db, std::string_view name,
-                                  const std::filesystem::path& file);
+// Writes the standard `name` to `file` when OutputFileOk allows it (`already_asked`: a file
+// dialog asked about replacing), through a temporary name renamed into place. False when
+// nothing was written: the user was told why, kept the file there, or a store or file failure
+// was reported.
+bool ExportStandardCsvFile(AppState& state, std::string_view name,
+                           const std::filesystem::path& file, bool already_asked = false);
 
 }  // namespace kvlr

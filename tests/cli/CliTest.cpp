@@ -8,6 +8,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "Command.h"
 #include "Commands.h"
 #include "core/FileOps.h"
 #include "support/TempHome.h"
@@ -66,6 +67,8 @@ TEST_F(Cli, RefusalsGiveTheProgramsWordsAndExitOne) {
       {{"new-db", Db("taken.mdb")}, "already exists"},
       {{"check-db", Db("junk.mdb")}, "Not a valid KVL-R Database."},
       {{"check-db", Db("gone.mdb")}, "That file no longer exists."},
+      {{"new-db", Db(".mdb")}, "needs a name before \".mdb\""},
+      {{"new-db", Db("tab\there.mdb")}, "can not hold tabs, line breaks"},
   };
   for (const auto& c : cases) {
     Outcome r = Kvlr(c.args);
@@ -93,6 +96,45 @@ TEST_F(Cli, EveryCommandHasHelp) {
     EXPECT_EQ(r.out.rfind(std::string("Usage: kvlr ") + command, 0), 0u) << r.out;
   }
   EXPECT_NE(Kvlr({"--help"}).out.find("check-db"), std::string::npos);
+}
+
+TEST_F(Cli, RowsEscapeWhatWouldBreakThem) {
+  std::ostringstream out;
+  cli::Row(out, {"a\tb", "c\\d", "e\r\nf", ""});
+  EXPECT_EQ(out.str(), "a\\tb\tc\\\\d\te\\r\\nf\t\n");
+  EXPECT_NE(Kvlr({"--help"}).out.find("a tab \\t"), std::string::npos);
+}
+
+// An export never writes over a database or a foreign file, and replaces its own kind only
+// when told to.
+TEST_F(Cli, StandardExportKeepsOtherFiles) {
+  const std::string db = Db("family.mdb");
+  ASSERT_EQ(Kvlr({"new-db", db}).code, 0);
+  const std::string csv = Db("cuts.csv");
+  WriteFileAtomically(csv,
+                      "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,A Y Faster,A Y Slower,A S Faster,"
+                      "A S Slower,A L Faster,A L Slower\n"
+                      "F,I,11,12,100,2,1:10.00,,,,,\n");
+  ASSERT_EQ(Kvlr({"standard-import", "--db", db, "CUTS", csv}).code, 0);
+  const std::string database = ReadWholeFile(db);
+  WriteFileAtomically(Db("notes.txt"), "notes");
+
+  Outcome over_db = Kvlr({"--yes", "standard-export", "--db", db, "CUTS", db});
+  EXPECT_EQ(over_db.code, 1);
+  EXPECT_EQ(over_db.err, db + " is a database, not a CSV file; choose another name.\n");
+  EXPECT_EQ(ReadWholeFile(db), database);
+  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "CUTS", Db("notes.txt"), "--yes"}).code, 1);
+  EXPECT_EQ(ReadWholeFile(Db("notes.txt")), "notes");
+
+  WriteFileAtomically(csv, "old");
+  Outcome unanswered = Kvlr({"standard-export", "--db", db, "CUTS", csv});
+  EXPECT_EQ(unanswered.code, 1);
+  EXPECT_NE(unanswered.err.find(csv + " already exists. Do you want to replace it?"),
+            std::string::npos);
+  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "CUTS", csv, "--no"}).code, 1);
+  EXPECT_EQ(ReadWholeFile(csv), "old");
+  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "CUTS", csv, "--yes"}).code, 0);
+  EXPECT_NE(ReadWholeFile(csv).find("F,I,11,12,100,2,1:10.00"), std::string::npos);
 }
 
 TEST_F(Cli, TimeShowsEveryReading) {
@@ -145,17 +187,19 @@ namespace {
 TEST_F(Cli, ASeasonThroughTheTool) {
   const std::string db = Db("family.mdb");
   ASSERT_EQ(Kvlr({"new-db", db}).code, 0);
-  Outcome added = Kvlr({"add-athlete", "--db", db, "--last", "O'Brien", "--first", "Maeve",
-                        "--sex", "F", "--birth", "2014-03-09"});
+  Outcome added = Kvlr({"add-athlete", "--db", db, "--last", "O'Brien", "--first", "Maeve", "--sex",
+                        "F", "--birth", "2014-03-09"});
   ASSERT_EQ(added.code, 0) << added.err;
   ASSERT_EQ(added.out.rfind("Athlete\n", 0), 0u) << added.out;
   const std::string athlete = added.out.substr(8, added.out.size() - 9);
   {
     SQLite::Database file(db, SQLite::OPEN_READWRITE);
-    file.exec("INSERT INTO MEET (Meet, MName, Start, \"End\", Course, Type) VALUES "
-              "(1, 'Harbor Winter Classic', '2026-12-05', '2026-12-06', 'Y', 'AG')");
-    file.exec("INSERT INTO MTEVENT (Meet, MtEv, Lo_Hi, Course, MtEvent, Distance, Stroke, Sex, "
-              "I_R) VALUES (1, 3, 1112, 'Y', 30, 100, 2, 'F', 'I')");
+    file.exec(
+        "INSERT INTO MEET (Meet, MName, Start, \"End\", Course, Type) VALUES "
+        "(1, 'Harbor Winter Classic', '2026-12-05', '2026-12-06', 'Y', 'AG')");
+    file.exec(
+        "INSERT INTO MTEVENT (Meet, MtEv, Lo_Hi, Course, MtEvent, Distance, Stroke, Sex, "
+        "I_R) VALUES (1, 3, 1112, 'Y', 30, 100, 2, 'F', 'I')");
     SQLite::Statement swim(file,
                            "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, MTEVENT, "
                            "DISTANCE, STROKE, COURSE, AGE) VALUES (1, ?, 'I', ?, ?, 0, 30, 100, "

@@ -6,7 +6,7 @@
 namespace kvlr {
 namespace {
 
-TEST(DatabaseNameOk, RefusesEmptyLongAndPathCharacters) {
+TEST(DatabaseNameOk, RefusesEmptyLongPathAndControlCharactersAndLeadingDots) {
   struct Case {
     const char* name;
     bool ok;
@@ -25,6 +25,11 @@ TEST(DatabaseNameOk, RefusesEmptyLongAndPathCharacters) {
       {"C:", false},
       {"a|b", false},
       {"Swim-Team 2026", true},
+      {".mdb", false},  // what ".mdb" alone leaves as its stem
+      {".hidden", false},
+      {"tab\there", false},
+      {"line\nbreak", false},
+      {"del\x7f", false},
   };
   for (const auto& c : cases) {
     test::ScriptedUserIo io;

@@ -190,6 +190,11 @@ TEST_F(StandardScreens, CsvImportRefusalIsTold) {
   EXPECT_EQ(screen.Model().rowCount(), 3);
   screen.ExportCsv((t.Data() / "jo.csv").string());
   EXPECT_TRUE(std::filesystem::exists(t.Data() / "jo.csv"));
+  // Even after the file dialog's own question, the open database is never written over.
+  const auto size = std::filesystem::file_size(t.state.gDatabaseName);
+  screen.ExportCsv(t.state.gDatabaseName, true);
+  EXPECT_TRUE(t.io.Saw("is a database, not a CSV file"));
+  EXPECT_EQ(std::filesystem::file_size(t.state.gDatabaseName), size);
 }
 
 }  // namespace

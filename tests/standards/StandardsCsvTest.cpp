@@ -1,6 +1,8 @@
+#include <cstring>
 #include <fstream>
 #include <sstream>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "StandardFixture.h"
@@ -63,7 +65,7 @@ TEST_F(StandardsCsv, ImportReplacesTheLinesOfAnExistingStandard) {
   const std::string text =
       "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,"
       "a Y Faster,a Y Slower,a S Faster,a S Slower,a L Faster,a L Slower\r\n"
-      "F,I,13,14,50,2,31.5,,,,,\r\n";
+      "F,I,13,14,50,2,31.50,,,,,\r\n";
   const CsvImportResult result = ImportStandardCsv(t.state, "jo", text);
   ASSERT_TRUE(result.ok) << result.message;
   EXPECT_FALSE(result.created);
@@ -106,7 +108,7 @@ TEST_F(StandardsCsv, BadFilesAreRefusedNamingTheLineAndChangeNothing) {
        "B L Faster,B L Slower\n",
        "Line 1: \"B\"", false},
       {"bad time", std::string(kHeader) + good_line + "M,I,13,14,100,1,5x.00,,,,,,,,,,,\n",
-       "Line 3: \"5x.00\" in column \"AA Y Faster\""},
+       "Line 3, column \"AA Y Faster\": \"5x.00\" is not a time (m:ss.hh)."},
       {"too few columns", std::string(kHeader) + "M,I,13,14,100,1,55.00\n", "Line 2: 7 columns"},
       {"bad sex", std::string(kHeader) + "X,I,13,14,100,1,,,,,,,,,,,,\n", "Line 2: Sex"},
       {"high age under low", std::string(kHeader) + "M,I,14,13,100,1,,,,,,,,,,,,\n", "Line 2"},
@@ -128,6 +130,29 @@ TEST_F(StandardsCsv, BadFilesAreRefusedNamingTheLineAndChangeNothing) {
   EXPECT_FALSE(TableExists(db(), "FRESH"));
 }
 
+TEST_F(StandardsCsv, CellsAreReadExactlyAsWrittenAndOnlyAsTimes) {
+  // A spreadsheet's byte order mark and CRLF; long, short and minute-less times.
+  const std::string text = "\xEF\xBB\xBF" +
+                           std::string(kHeader).insert(std::strlen(kHeader) - 1, "\r") +
+                           "M,I,11,12,1650,1,99999:59.99,05.23,,,,,1:05.32,0:59.00,,,,\r\n";
+  const CsvImportResult result = ImportStandardCsv(t.state, "Long", text);
+  ASSERT_TRUE(result.ok) << result.message;
+  EXPECT_EQ(Count("SELECT \"S(24)\" FROM LONG"), 599999999);
+  EXPECT_EQ(Export("Long"),
+            std::string(kHeader) + "M,I,11,12,1650,1,99999:59.99,05.23,,,,,1:05.32,59.00,,,,\n");
+
+  for (const char* cell :
+       {"1:75.00", "1:05", "65", "1.5", "1:5.00", ":05.00", "-5.00", "99999999:00.00", "1:05.3x"}) {
+    const std::string bad = std::string(kHeader) + "M,I,11,12,100,1,,,,,,,,,,,,\n" +
+                            "F,I,11,12,100,1,,," + cell + ",,,,,,,,,\n";
+    const CsvImportResult refused = ImportStandardCsv(t.state, "JO", bad);
+    EXPECT_EQ(refused.message, fmt::format("Line 3, column \"AA S Faster\": \"{}\" is not a time "
+                                           "(m:ss.hh).",
+                                           cell));
+  }
+  EXPECT_EQ(Count("SELECT count(*) FROM JO"), 2);
+}
+
 TEST_F(StandardsCsv, NamesThatCannotBeAStandardAreRefused) {
   EXPECT_FALSE(ImportStandardCsv(t.state, "", Export("JO")).ok);
   EXPECT_FALSE(ImportStandardCsv(t.state, "Ninechars", Export("JO")).ok);
@@ -138,7 +163,7 @@ TEST_F(StandardsCsv, NamesThatCannotBeAStandardAreRefused) {
 TEST_F(StandardsCsv, FilesAreWrittenAndRead) {
   const auto file = t.Data() / "jo.csv";
   std::filesystem::create_directories(t.Data());
-  EXPECT_EQ(ExportStandardCsvFile(db(), "JO", file), "");
+  EXPECT_TRUE(ExportStandardCsvFile(t.state, "JO", file));
   EXPECT_FALSE(std::filesystem::exists(file.string() + ".tmp"));
   std::ifstream in(file);
   std::stringstream text;
@@ -146,7 +171,8 @@ TEST_F(StandardsCsv, FilesAreWrittenAndRead) {
   EXPECT_EQ(text.str(), Export("JO"));
   EXPECT_TRUE(ImportStandardCsvFile(t.state, "Back", file).ok);
   EXPECT_EQ(Export("Back"), Export("JO"));
-  EXPECT_NE(ExportStandardCsvFile(db(), "Nowhere", file), "");
+  EXPECT_FALSE(ExportStandardCsvFile(t.state, "Nowhere", file));
+  EXPECT_TRUE(t.io.Saw("There is no standard named Nowhere."));
   EXPECT_FALSE(ImportStandardCsvFile(t.state, "Back", t.Data() / "missing.csv").ok);
 }
 

@@ -88,10 +88,8 @@ void ExportStandard(MainWindow& window, AppState& state) {
       &window, QObject::tr("Export Standards"),
       QString::fromStdString((state.gDataDir / (name.toStdString() + ".csv")).string()),
       QObject::tr("Standards (*.csv)"));
-  if (file.isEmpty()) return;
-  const std::string refusal =
-      ExportStandardCsvFile(*state.gDb, name.toStdString(), file.toStdString());
-  if (!refusal.empty()) state.io->Tell(refusal);
+  // The dialog has asked about replacing a file there.
+  if (!file.isEmpty()) ExportStandardCsvFile(state, name.toStdString(), file.toStdString(), true);
 }
 
 // What the split, relay-leg and comment screens need to know of one result row.

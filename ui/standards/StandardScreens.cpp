@@ -286,7 +286,8 @@ frmStan::frmStan(AppState& state, QWidget* parent) : QDialog(parent), state_(sta
     const QString file = QFileDialog::getSaveFileName(this, "Export Standard",
                                                       standards_->currentData().toString() + ".csv",
                                                       "CSV files (*.csv)");
-    if (!file.isEmpty()) ExportCsv(S(file));
+    // The dialog has asked about replacing a file there.
+    if (!file.isEmpty()) ExportCsv(S(file), true);
   });
   connect(done, &QPushButton::clicked, this, &QDialog::accept);
 
@@ -416,11 +417,8 @@ void frmStan::ImportCsv(const std::string& file) {
   model_->Reload();
 }
 
-void frmStan::ExportCsv(const std::string& file) {
-  const std::string name = S(standards_->currentData().toString());
-  const std::string problem = RunTrapped(
-      state_, stdtext::kLoadGrid, [&] { return ExportStandardCsvFile(*state_.gDb, name, file); });
-  if (!problem.empty()) state_.io->Tell(problem);
+void frmStan::ExportCsv(const std::string& file, bool already_asked) {
+  ExportStandardCsvFile(state_, S(standards_->currentData().toString()), file, already_asked);
 }
 
 // ---- frmStanAdd

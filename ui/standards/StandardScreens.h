@@ -78,7 +78,8 @@ class frmStan final : public QDialog {
   class frmStanAdd* OpenAdd();
   class frmDesig* OpenDesig();
   void ImportCsv(const std::string& file);
-  void ExportCsv(const std::string& file);
+  // `already_asked`: the file dialog asked about replacing an existing file.
+  void ExportCsv(const std::string& file, bool already_asked = false);
   std::string SortCaption() const;
 
  private:
