@@ -35,8 +35,8 @@ bool IsKvlDatabase(SQLite::Database& db) {
   return FieldNames(db, "ATHLETE").count("KVL2000") > 0;
 }
 
-void RefuseInvalid(AppState& state) {
-  state.io->Tell(store_text::kNotValidDatabase);
+void RefuseInvalid(AppState& state, bool tell = true) {
+  if (tell) state.io->Tell(store_text::kNotValidDatabase);
   state.CloseCurrentDB();
   state.gTitle = std::string(kTitleInvalidDatabase);
   state.gDbOpen = false;
@@ -226,19 +226,18 @@ bool OpenLocalDB(AppState& state) {
       break;
     } catch (const std::exception& e) {
       const int number = ErrorNumberOf(e);
-      const auto* store = dynamic_cast<const SQLite::Exception*>(&e);
-      if (store && (store->getErrorCode() & 0xff) == SQLITE_NOTADB) {
-        RefuseInvalid(state);
-        return false;
-      }
-      if (number == err::kDamagedFile && !repaired) {
-        if (!state.io->AskYesNo(
-                fmt::format("{}\r\n\r\n{}", e.what(), store_text::kAttemptRepair))) {
+      // A garbled header reads as "not a database" and is offered the repair like any damage.
+      if (number == err::kDamagedFile) {
+        if (repaired || !state.io->AskYesNo(
+                            fmt::format("{}\r\n\r\n{}", e.what(), store_text::kAttemptRepair))) {
           RefuseInvalid(state);
           return false;
         }
         repaired = true;
-        if (!RepairDamagedFile(state, file)) return false;
+        if (!RepairDamagedFile(state, file)) {
+          RefuseInvalid(state, false);
+          return false;
+        }
         continue;
       }
       if (number == err::kFileInUse) {
@@ -263,7 +262,9 @@ bool OpenLocalDB(AppState& state) {
     // What is there stays usable; the missing tables were reported.
   }
   state.gTitle = fmt::format("{}{}", kTitleDatabasePrefix, state.gDatabaseName);
-  return true;
+  // A salvaged file goes on through the whole repair: orphans, compaction, ranks.
+  if (repaired) RepairAndCompact(state);
+  return state.gDb != nullptr;
 }
 
 bool CheckDatabaseTables(AppState& state) {

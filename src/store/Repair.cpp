@@ -1,5 +1,7 @@
 #include "store/Repair.h"
 
+#include <algorithm>
+
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <fmt/format.h>
@@ -118,21 +120,35 @@ void CopyRowsOneByOne(SQLite::Database& db, const std::string& table) {
   transaction.commit();
 }
 
-// Builds `target` from what `source` still holds: the schema first, then the rows, then the
-// indexes and triggers that the saved rows allow.
-void Salvage(const fs::path& source, const fs::path& target) {
-  RemoveIfExists(target);
-  SQLite::Database db(target.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  // Lets a file shorter than its header says be read up to where it ends.
-  db.exec("PRAGMA writable_schema = ON");
-  SQLite::Statement attach(db, "ATTACH DATABASE ? AS damaged");
-  attach.bind(1, source.string());
-  attach.exec();
+// A copy of `source` in `work` whose header fields of fixed value are written again, for a
+// file whose opening bytes were overwritten; the page size, when unreadable, is taken as ours.
+fs::path MendedHeaderCopy(const fs::path& source, const fs::path& work) {
+  std::string bytes = ReadWholeFile(source);
+  if (bytes.size() < 100) bytes.resize(100, '\0');
+  bytes.replace(0, 16, std::string_view("SQLite format 3\0", 16));
+  const unsigned page =
+      (static_cast<unsigned char>(bytes[16]) << 8) | static_cast<unsigned char>(bytes[17]);
+  const bool page_ok = page == 1 || (page >= 512 && (page & (page - 1)) == 0);
+  if (!page_ok) {
+    bytes[16] = 0x10;
+    bytes[17] = 0x00;
+  }
+  bytes[18] = bytes[19] = 1;
+  bytes[20] = 0;
+  bytes[21] = 64;
+  bytes[22] = bytes[23] = 32;
+  const fs::path mended = work / "mended.mdb";
+  WriteFileAtomically(mended, bytes);
+  return mended;
+}
 
-  struct Item {
-    std::string type, name, sql;
-  };
-  std::vector<Item> items;
+struct SchemaItem {
+  std::string type, name, sql;
+};
+
+// The table list of the attached `damaged` file, as far as it can be read.
+std::vector<SchemaItem> ReadableSchema(SQLite::Database& db) {
+  std::vector<SchemaItem> items;
   try {
     SQLite::Statement schema(db,
                              "SELECT type, name, sql FROM damaged.sqlite_master WHERE sql IS NOT "
@@ -142,15 +158,51 @@ void Salvage(const fs::path& source, const fs::path& target) {
                        schema.getColumn(2).getString()});
     }
   } catch (const SQLite::Exception&) {
-    // The rest of the table list is lost; the declared layout fills the gap below.
+    // The rest of the table list is lost; the declared layout fills the gap later.
   }
+  return items;
+}
+
+bool HoldsOurSwimmers(const std::vector<SchemaItem>& items) {
+  return std::any_of(items.begin(), items.end(), [](const SchemaItem& item) {
+    return item.type == "table" && SameName(item.name, "ATHLETE") &&
+           UpperName(item.sql).find("KVL2000") != std::string::npos;
+  });
+}
+
+// Builds `target` from what `source` still holds: the schema first, then the rows, then the
+// indexes and triggers that the saved rows allow. A file whose header can't be read is tried
+// again with its header mended. False, and nothing made, when no table of this system could
+// be read.
+bool Salvage(const fs::path& source, const fs::path& target, const fs::path& work) {
+  RemoveIfExists(target);
+  SQLite::Database db(target.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  // Lets a file shorter than its header says be read up to where it ends.
+  db.exec("PRAGMA writable_schema = ON");
+  // Attached as "damaged" with its table list read; empty when the file can't be read.
+  auto attach = [&db](const fs::path& file) {
+    try {
+      SQLite::Statement statement(db, "ATTACH DATABASE ? AS damaged");
+      statement.bind(1, file.string());
+      statement.exec();
+    } catch (const SQLite::Exception&) {
+      return std::vector<SchemaItem>();
+    }
+    auto items = ReadableSchema(db);
+    if (!HoldsOurSwimmers(items)) db.exec("DETACH DATABASE damaged");
+    return items;
+  };
+  std::vector<SchemaItem> items = attach(source);
+  if (!HoldsOurSwimmers(items)) items = attach(MendedHeaderCopy(source, work));
+  if (!HoldsOurSwimmers(items)) return false;
+
   SQLite::Transaction tables(db);
   for (const auto& item : items) {
     if (item.type == "table") db.exec(item.sql);
   }
   const auto saved = TableNames(db);
-  for (const auto* tables : {&UserTables(), &WorkoutTables()}) {
-    for (const auto& table : *tables) {
+  for (const auto* declared : {&UserTables(), &WorkoutTables()}) {
+    for (const auto& table : *declared) {
       if (!saved.count(UpperName(table.name))) CreateTable(db, table);
     }
   }
@@ -175,6 +227,7 @@ void Salvage(const fs::path& source, const fs::path& target) {
   indexes.commit();
   db.exec("DETACH DATABASE damaged");
   db.exec("PRAGMA writable_schema = OFF");
+  return true;
 }
 
 }  // namespace
@@ -200,7 +253,10 @@ bool RepairDamagedFile(AppState& state, const fs::path& file) {
     RunFolder work(state.home);
     const fs::path rebuilt = work.Path() / "KVLNEW.MDB";
     state.io->Progress(store_text::kRepairing);
-    Salvage(file, rebuilt);
+    if (!Salvage(file, rebuilt, work.Path())) {
+      state.io->Tell(store_text::kNotValidDatabase);
+      return false;
+    }
     // The damaged file is kept as it was, its companions with it; none may stay beside the
     // rebuilt file, which would take them for its own journal.
     const fs::path kept = DamagedCopyName(file, state.clock->Now());

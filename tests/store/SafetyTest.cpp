@@ -262,5 +262,19 @@ TEST(OpenLocalDB, DamagedPagesBehindAnIntactTableListAreFoundAndRepairOffered) {
   EXPECT_TRUE(t.io.Saw(store_text::kAttemptRepair));
 }
 
+TEST(OpenLocalDB, AGarbledHeaderIsOfferedTheWholeRepairAndKeepsTheRows) {
+  TempHome t;
+  const fs::path file = ClosedDatabase(t, "family.mdb", 5);
+  std::string bytes = ReadWholeFile(file);
+  bytes.replace(0, 24, std::string(24, 'X'));
+  WriteFileAtomically(file, bytes);
+
+  t.state.gDatabaseName = file.string();
+  ASSERT_TRUE(OpenLocalDB(t.state));
+  EXPECT_TRUE(t.io.Saw("Attempt to Repair it?"));
+  EXPECT_TRUE(t.io.Saw("Database Optimization Completed."));
+  EXPECT_EQ(QueryNumber(*t.state.gDb, "SELECT count(*) FROM Athlete"), 5);
+}
+
 }  // namespace
 }  // namespace kvlr
