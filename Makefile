@@ -3,13 +3,17 @@ BUILD ?= build
 TYPE ?= RelWithDebInfo
 JOBS ?= 2
 
-.PHONY: run test deps configure build bench fuzz clean
+.PHONY: run test stress deps configure build bench fuzz clean
 
 run: build
 	scripts/run.sh $(BUILD)
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j$(JOBS)
+
+# Kills kvlr at random moments and runs two at once; not part of `make test`.
+stress: build
+	$(BUILD)/tests/stress/kvlr_stress $(BUILD)/cli/kvlr
 
 deps:
 	scripts/install-deps.sh
