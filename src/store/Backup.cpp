@@ -134,7 +134,7 @@ BackupCheck CheckBackupDatabase(const fs::path& file) {
   try {
     SQLite::Database db(file.string(), SQLite::OPEN_READONLY);
     if (FieldNames(db, "ATHLETE").count("KVL2000") == 0) return BackupCheck::kNotOurs;
-    return QuickCheckOk(db) ? BackupCheck::kGood : BackupCheck::kDamaged;
+    return PagesOk(db) ? BackupCheck::kGood : BackupCheck::kDamaged;
   } catch (const SQLite::Exception& e) {
     return (e.getErrorCode() & 0xff) == SQLITE_CORRUPT ? BackupCheck::kDamaged
                                                        : BackupCheck::kNotOurs;

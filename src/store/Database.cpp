@@ -50,7 +50,7 @@ std::unique_ptr<SQLite::Database> TryOpen(const fs::path& file) {
   auto db = OpenStoreFile(file, OpenMode::kExisting);
   if (!IsKvlDatabase(*db)) return nullptr;
   HoldExclusively(*db);
-  if (!QuickCheckOk(*db)) {
+  if (!PagesOk(*db)) {
     throw StoreError(err::kDamagedFile,
                      fmt::format("{} is damaged: some of its pages can't be read correctly.",
                                  file.filename().string()));
@@ -140,9 +140,9 @@ std::unique_ptr<SQLite::Database> OpenStoreFile(const fs::path& file, OpenMode m
   return db;
 }
 
-bool QuickCheckOk(SQLite::Database& db) {
+bool PagesOk(SQLite::Database& db, bool full) {
   try {
-    SQLite::Statement check(db, "PRAGMA quick_check(1)");
+    SQLite::Statement check(db, full ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)");
     return check.executeStep() && check.getColumn(0).getString() == "ok";
   } catch (const SQLite::Exception&) {
     return false;

@@ -19,9 +19,9 @@ enum class OpenMode { kExisting, kCreate };
 // written by opening. Throws SQLite::Exception on failure.
 std::unique_ptr<SQLite::Database> OpenStoreFile(const std::filesystem::path& file, OpenMode mode,
                                                 bool exclusive = true);
-// SQLite's quick check of every page: true when it finds nothing wrong. A file whose damage
-// keeps the check from running at all gives false too.
-bool QuickCheckOk(SQLite::Database& db);
+// SQLite's check of every page (`full` adds the index contents): true when it finds nothing
+// wrong. A file whose damage keeps the check from running at all gives false too.
+bool PagesOk(SQLite::Database& db, bool full = false);
 
 // Takes the file's write lock for the rest of the run.
 void HoldExclusively(SQLite::Database& db);

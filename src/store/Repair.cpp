@@ -41,15 +41,6 @@ void RemoveOrphans(SQLite::Database& db) {
   transaction.commit();
 }
 
-bool IntegrityOk(SQLite::Database& db) {
-  try {
-    SQLite::Statement check(db, "PRAGMA integrity_check(1)");
-    return check.executeStep() && check.getColumn(0).getString() == "ok";
-  } catch (const SQLite::Exception&) {
-    return false;
-  }
-}
-
 // Drops and makes again every table of the report database in one transaction: another
 // process using the file meanwhile waits rather than losing it under its feet.
 void RebuildReportDatabase(AppState& state) {
@@ -290,7 +281,7 @@ bool RepairAndCompact(AppState& state) {
   };
   try {
     state.io->Progress(store_text::kRepairing);
-    if (!IntegrityOk(*state.gDb)) {
+    if (!PagesOk(*state.gDb, true)) {
       state.CloseCurrentDB();
       if (!RepairDamagedFile(state, file)) {
         reopen();

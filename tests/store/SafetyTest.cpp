@@ -83,20 +83,37 @@ fs::path ClosedDatabase(TempHome& t, const std::string& name, int count) {
   return file;
 }
 
+// A backup of a family of `count` swimmers, the restore folder, and the archive's details.
+struct Restorable {
+  fs::path database;
+  fs::path zip;
+  BackupInfo info;
+  fs::path folder;
+  fs::path target;  // the family's name in the folder
+
+  Restorable(TempHome& t, int count) {
+    database = ClosedDatabase(t, "family.mdb", count);
+    t.state.gDatabaseName = database.string();
+    EXPECT_TRUE(OpenLocalDB(t.state));
+    zip = BackupDatabase(t.state, t.Root() / "backups", "").value_or(fs::path());
+    t.state.CloseCurrentDB();
+    info = LoadBackupInfo(t.state, zip).value_or(BackupInfo{});
+    folder = t.Root() / "restored";
+    fs::create_directories(folder);
+    target = folder / "family.MDB";
+  }
+
+  std::optional<fs::path> Run(TempHome& t) const {
+    return RestoreDatabase(t.state, zip, info, RestoreOption::kSelectedFolder, folder, "", false);
+  }
+};
+
 TEST(Restore, OverAJournalAKilledWriterLeftGivesTheBackupAndArchivesTheCommittedFile) {
   TempHome t;
-  const fs::path backed_up = ClosedDatabase(t, "family.mdb", 1);
-  t.state.gDatabaseName = backed_up.string();
-  ASSERT_TRUE(OpenLocalDB(t.state));
-  const auto zip = BackupDatabase(t.state, t.Root() / "backups", "");
-  ASSERT_TRUE(zip);
-  t.state.CloseCurrentDB();
-
+  const Restorable r(t, 1);
+  const fs::path& target = r.target;
   // The target holds 300 committed swimmers; a writer then deletes them under a cache too
   // small to hold its changes and is killed before it commits.
-  const fs::path folder = t.Root() / "restored";
-  fs::create_directories(folder);
-  const fs::path target = folder / "family.MDB";
   fs::copy_file(ClosedDatabase(t, "other.mdb", 300), target);
   EXPECT_EQ(InChild([&] {
               sqlite3* db = nullptr;
@@ -109,16 +126,12 @@ TEST(Restore, OverAJournalAKilledWriterLeftGivesTheBackupAndArchivesTheCommitted
             128 + SIGKILL);
   ASSERT_TRUE(fs::exists(fs::path(target.string() + "-journal")));
 
-  const auto info = LoadBackupInfo(t.state, *zip);
-  ASSERT_TRUE(info);
-  ASSERT_EQ(
-      RestoreDatabase(t.state, *zip, *info, RestoreOption::kSelectedFolder, folder, "", false),
-      target);
+  ASSERT_EQ(r.Run(t), target);
   EXPECT_TRUE(Intact(target));
   EXPECT_EQ(Swimmers(target), 1);
   EXPECT_FALSE(fs::exists(fs::path(target.string() + "-journal")));
 
-  const fs::path archive = folder / "KVL-RArchive-family-01.zip";
+  const fs::path archive = r.folder / "KVL-RArchive-family-01.zip";
   const fs::path archived = t.Root() / "archived.mdb";
   ZipArchive(archive).Extract(0, archived);
   EXPECT_TRUE(Intact(archived));
@@ -127,17 +140,11 @@ TEST(Restore, OverAJournalAKilledWriterLeftGivesTheBackupAndArchivesTheCommitted
 
 TEST(Restore, AWriteThatFailsHalfwayLeavesTheOldDatabase) {
   TempHome t;
-  t.state.gDatabaseName = ClosedDatabase(t, "family.mdb", 600).string();
-  ASSERT_TRUE(OpenLocalDB(t.state));
-  const auto zip = BackupDatabase(t.state, t.Root() / "backups", "");
-  ASSERT_TRUE(zip);
-  t.state.CloseCurrentDB();
+  const Restorable r(t, 600);
+  const fs::path& target = r.target;
   // A target of the same size: every file of the run fits the limit but the journal of the
   // replacement, which holds each old page and a little more.
-  const fs::path folder = t.Root() / "restored";
-  fs::create_directories(folder);
-  const fs::path target = folder / "family.MDB";
-  fs::copy_file(t.state.gDatabaseName, target);
+  fs::copy_file(r.database, target);
   {
     SQLite::Database db(target.string(), SQLite::OPEN_READWRITE);
     db.exec("UPDATE Athlete SET First = 'Zed'");
@@ -148,11 +155,7 @@ TEST(Restore, AWriteThatFailsHalfwayLeavesTheOldDatabase) {
               std::signal(SIGXFSZ, SIG_IGN);
               const rlimit room{size + 1024, size + 1024};
               ::setrlimit(RLIMIT_FSIZE, &room);
-              const auto info = LoadBackupInfo(t.state, *zip);
-              if (!info || RestoreDatabase(t.state, *zip, *info, RestoreOption::kSelectedFolder,
-                                           folder, "", false)) {
-                return 1;
-              }
+              if (r.Run(t)) return 1;
               return t.io.Saw("Nothing was restored") ? 0 : 2;
             }),
             0);
