@@ -38,7 +38,8 @@ int Check(Context& c) {
     return kRefused;
   }
   c.env.out << Trim(prepared.status) << "\n";
-  return kOk;
+  // The warning that the file may be cut short went to stderr.
+  return prepared.no_end_record ? kRefused : kOk;
 }
 
 }  // namespace
@@ -48,7 +49,9 @@ std::vector<Command> CheckCommands() {
            "kvlr check FILE",
            "Read and certify a meet file (.cl2, .sd3, .nv3, .txt) as the Import/Export Files "
            "Report does, without a database: prints the file panel and the records checked, "
-           "then what comes next, or the reason the file is refused (exit 1).",
+           "then what comes next, or the reason the file is refused (exit 1). A .cl2 or .sd3 "
+           "without its end record (Z0) may be cut short: it is checked, with a warning, and "
+           "exits 1.",
            {},
            {},
            Check}};

@@ -16,8 +16,10 @@ int ImportEventsCommand(Context& c) {
   }
   if (!OpenAsAtStart(c, Required(c, "--db"))) return kRefused;
   std::vector<std::filesystem::path> files;
+  EventZipFiles unzipped;  // its folder lives until the files are imported
   if (kind == EventFileKind::kZip) {
-    files = ExtractEventFiles(c.state, file);
+    unzipped = ExtractEventFiles(c.state, file);
+    files = unzipped.files;
     if (files.empty()) return kRefused;
     std::sort(files.begin(), files.end());
   } else {

@@ -44,14 +44,15 @@ bool ChooseSwimmer(Context& c) {
 }
 
 // The file to import: FILE itself, or the one import file a zip holds (--member names one
-// of several).
-std::optional<std::filesystem::path> ChooseFile(Context& c, const std::filesystem::path& file) {
+// of several). The files of a zip stay in `unzipped` until it goes.
+std::optional<std::filesystem::path> ChooseFile(Context& c, const std::filesystem::path& file,
+                                                std::optional<UnzippedFiles>& unzipped) {
   if (!IsZipName(file)) return file;
   if (auto refusal = ZipRefusal(file)) {
     c.io.Tell(*refusal);
     return std::nullopt;
   }
-  const auto unzipped = ExtractImportZip(c.state, file, false);
+  unzipped = ExtractImportZip(c.state, file, false);
   if (!unzipped) return std::nullopt;
   const std::string member = c.args.Value("--member");
   for (const auto& f : unzipped->files) {
@@ -91,13 +92,18 @@ int Import(Context& c) {
   const std::filesystem::path file = c.args.positional[0];
   if (!OpenAsAtStart(c, Required(c, "--db"))) return kRefused;
   if (!ChooseSwimmer(c)) return kRefused;
-  CheckReportTables(c.state);  // RPTISDIN takes the lines that were refused
-  const auto chosen = ChooseFile(c, file);
+  CheckReportTables(c.state);             // RPTISDIN takes the lines that were refused
+  std::optional<UnzippedFiles> unzipped;  // kept until the run is over
+  const auto chosen = ChooseFile(c, file, unzipped);
   if (!chosen) return kRefused;
   ImportMonitor quiet;
   const ImportFile prepared = PrepareImportFile(c.state, quiet, *chosen, ImportMode::kImport);
   if (!prepared.ready) {
-    if (!prepared.status.empty()) c.env.err << Trim(prepared.status) << "\n";
+    // A file refused while it was read was told in its box; the status would only say
+    // where the check stood.
+    if (!prepared.lines.empty() && !Trim(prepared.status).empty()) {
+      c.env.err << Trim(prepared.status) << "\n";
+    }
     return kRefused;
   }
   ImportCriteria criteria;
@@ -122,7 +128,8 @@ std::vector<Command> ImportCommands() {
            "for the swimmer --athlete (needed when the database has several) or, with "
            "--all-family, every swimmer of the family. --overlay replaces results already on "
            "file, --splits stores individual splits, --lead-off stores relay lead-offs as "
-           "results. Questions (\"Same Meet\") are answered by --yes or --no. Prints the import "
+           "results. Questions (\"Same Meet\", whether to import a file that has no end record) "
+           "are answered by --yes or --no. Prints the import "
            "statistics and, when lines were refused, the exception rows.",
            {"--db", "--athlete", "--member"},
            {"--all-family", "--overlay", "--splits", "--lead-off", "--yes", "--no"},

@@ -1,7 +1,6 @@
 #include "interchange/EventFile.h"
 
 #include <cerrno>
-#include <fstream>
 
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
@@ -10,6 +9,8 @@
 #include "core/ErrorHandler.h"
 #include "core/Errors.h"
 #include "core/VbRules.h"
+#include "interchange/MeetFileLines.h"
+#include "interchange/MeetText.h"
 #include "interchange/UnZip.h"
 #include "meets/Meets.h"
 
@@ -31,14 +32,13 @@ void BindDate(SQLite::Statement& s, int index, const std::optional<Date>& date) 
 }  // namespace
 
 std::vector<std::string> ReadEventFileLines(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in) ThrowFileError(errno, "Could not open", file.string());
+  MeetFileLines in(file);
+  if (in.Size() > kMaxMeetFileBytes) {
+    throw FormatError(err::kDataError, MeetFileTooLargeText(file));
+  }
   std::vector<std::string> lines;
   std::string line;
-  while (std::getline(in, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(std::move(line));
-  }
+  while (in.Next(line)) lines.push_back(line);
   return lines;
 }
 
@@ -61,18 +61,23 @@ std::optional<EventFile> CheckEventFile(AppState& state, const std::vector<std::
 }
 
 EventImportOutcome ImportEvents(AppState& state, const std::filesystem::path& nvv) {
+  std::error_code ec;
+  if (const auto size = std::filesystem::file_size(nvv, ec); !ec && size > kMaxMeetFileBytes) {
+    state.io->Tell(MeetFileTooLargeText(nvv));
+    return {};
+  }
   return RunTrapped(state, "frmImpEv.ImportEvents", [&]() -> EventImportOutcome {
     const auto file = CheckEventFile(state, ReadEventFileLines(nvv));
     if (!file) return {};
     SQLite::Database& db = *state.gDb;
     SQLite::Transaction transaction(db);
     Meet meet;
-    meet.mname = file->meet.name.substr(0, kNameSize);
+    meet.mname = Utf8Prefix(file->meet.name, kNameSize);
     meet.start = file->meet.start;
     meet.end = file->meet.end.value_or(file->meet.start);
     meet.age_up = file->meet.age_up;
     meet.course = file->meet.course.substr(0, kCourseSize);
-    meet.location = file->meet.location.substr(0, kLocationSize);
+    meet.location = Utf8Prefix(file->meet.location, kLocationSize);
     SQLite::Statement add_meet(db,
                                "INSERT INTO MEET (MName, Start, End, AgeUp, Course, Location) "
                                "VALUES (?, ?, ?, ?, ?, ?)");
@@ -109,17 +114,20 @@ EventImportOutcome ImportEvents(AppState& state, const std::filesystem::path& nv
   });
 }
 
-std::vector<std::filesystem::path> ExtractEventFiles(AppState& state,
-                                                     const std::filesystem::path& zip) {
-  std::vector<std::filesystem::path> files;
+EventZipFiles ExtractEventFiles(AppState& state, const std::filesystem::path& zip) {
+  EventZipFiles out;
   try {
-    files = ExtractZipInto(zip, state.home.TempDir(), {".nvv"});
+    out.owner = std::make_shared<RunFolder>(state.home);
+    out.files = ExtractZipInto(zip, out.owner->Path(), {".nvv"});
   } catch (const KvlError& e) {
     state.io->Tell(std::string(kZipExtractError) + e.what());
     return {};
   }
-  if (files.empty()) state.io->Tell(kNoEventFilesInZip);
-  return files;
+  if (out.files.empty()) {
+    state.io->Tell(kNoEventFilesInZip);
+    return {};
+  }
+  return out;
 }
 
 EventFileKind EventFileKindOf(const std::filesystem::path& file) {

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,7 @@
 
 #include "core/AppState.h"
 #include "core/Date.h"
+#include "core/RunFolder.h"
 
 namespace kvlr {
 
@@ -84,7 +86,8 @@ struct EventFileParse {
 };
 EventFileParse ParseEventFile(const std::vector<std::string>& lines);
 
-// The lines of a file, without line ends. Throws FileError when unreadable.
+// The lines of a file, without line ends (LF, CR LF or a lone CR). Throws FileError when
+// unreadable, FormatError when larger than kMaxMeetFileBytes.
 std::vector<std::string> ReadEventFileLines(const std::filesystem::path& file);
 
 // `CheckEventFile`: ParseEventFile, then no meet of that start may be on file. The first
@@ -104,12 +107,18 @@ struct EventImportOutcome {
 // is written.
 EventImportOutcome ImportEvents(AppState& state, const std::filesystem::path& nvv);
 
-// The .nvv files of a zip, extracted into the program home's KVL-RTemp folder (emptied
-// first). None: "No meet event files were found in the selected Zip file." is told; a zip
-// that can't be read: "There was an error extracting from your ZIP file.  Error: " + text.
-// Both give an empty list.
-std::vector<std::filesystem::path> ExtractEventFiles(AppState& state,
-                                                     const std::filesystem::path& zip);
+// The .nvv files of a zip in a RunFolder of their own; the folder and the files go with
+// the last copy of `owner`.
+struct EventZipFiles {
+  std::shared_ptr<RunFolder> owner;
+  std::vector<std::filesystem::path> files;  // in archive order
+};
+
+// The .nvv files of a zip, extracted into a fresh RunFolder inside the program home's
+// KVL-RTemp. None: "No meet event files were found in the selected Zip file." is told; a
+// zip that can't be unpacked: "There was an error extracting from your ZIP file.  Error: "
+// + the words of UnzipError. Both give no files (and no folder).
+EventZipFiles ExtractEventFiles(AppState& state, const std::filesystem::path& zip);
 
 // What a chosen name of the "Import Events" dialog is.
 enum class EventFileKind { kNvv, kZip, kInvalid };

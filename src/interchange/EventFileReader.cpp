@@ -7,6 +7,7 @@
 
 #include "core/DateText.h"
 #include "core/VbRules.h"
+#include "interchange/MeetText.h"
 
 namespace kvlr {
 namespace {
@@ -117,7 +118,7 @@ EventFileParse ParseEventFile(const std::vector<std::string>& lines) {
     return out;
   }
   EventFile file;
-  file.meet.name = Trim(name_field);
+  file.meet.name = MeetText(Trim(name_field));
   const auto start = EventDate(FieldAt(f, 1));
   if (!start) {
     out.error = std::string(kEvNoStartDate) + file.meet.name;
@@ -127,8 +128,8 @@ EventFileParse ParseEventFile(const std::vector<std::string>& lines) {
   file.meet.end = EventDate(FieldAt(f, 2));
   file.meet.age_up = EventDate(FieldAt(f, 3));
   file.meet.course = EventCourse(FieldAt(f, 4));
-  file.meet.location = Trim(FieldAt(f, 5));
-  file.meet.meet_class = Trim(FieldAt(f, 9));
+  file.meet.location = MeetText(Trim(FieldAt(f, 5)));
+  file.meet.meet_class = MeetText(Trim(FieldAt(f, 9)));
   for (size_t i = 1; i < lines.size(); ++i) {
     if (auto ev = ParseEventLine(lines[i])) file.events.push_back(std::move(*ev));
   }

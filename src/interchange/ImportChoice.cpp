@@ -40,7 +40,7 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
 }
 
 std::string ZipErrorText(const std::exception& e) {
-  return std::string(text::kZipError) + std::to_string(ErrorNumberOf(e));
+  return std::string(text::kZipError) + e.what();
 }
 
 }  // namespace
@@ -132,12 +132,15 @@ std::string UnzippedMessage(const fs::path& folder, bool report_mode, bool nv3_o
 std::optional<UnzippedFiles> ExtractImportZip(AppState& state, const fs::path& zip,
                                               bool report_mode) {
   UnzippedFiles out;
-  out.folder = state.home.TempDir();
   out.filter = report_mode ? text::kUnzippedReportFilter : text::kUnzippedImportFilter;
   try {
+    // Another run (a second window, the command-line tool) may be unpacking at the same
+    // time: each works in a folder of its own.
+    out.owner = std::make_shared<RunFolder>(state.home);
+    out.folder = out.owner->Path();
     // A member name that climbs out of the folder or is absolute is passed over.
     out.files = ExtractZipInto(zip, out.folder, {".cl2", ".nv3", ".sd3"});
-  } catch (const std::exception& e) {
+  } catch (const KvlError& e) {
     state.io->Message(ZipErrorText(e), box::kOk + box::kExclamation, {});
     return std::nullopt;
   }

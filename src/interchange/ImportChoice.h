@@ -1,15 +1,18 @@
 #pragma once
 // Choosing the file of an import or a file report, without the dialogs themselves: their
-// titles and filters, the refusal of other programs' backups, unpacking a zip into the
-// program home's temporary folder, and which extensions each mode takes.
+// titles and filters, the refusal of other programs' backups, unpacking a zip into a
+// private folder of the run inside the program home's temporary folder, and which
+// extensions each mode takes.
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/AppState.h"
+#include "core/RunFolder.h"
 #include "interchange/ImportTypes.h"
 
 namespace kvlr {
@@ -83,20 +86,23 @@ std::optional<std::string> ZipRefusal(const std::filesystem::path& file);
 // one): import .CL2 .SD3 .NV3 .PSN; report .CL2 .SD3 .NV3 .TXT; online .TXT .PSN.
 bool AcceptsImportFile(ImportMode mode, const std::filesystem::path& file);
 
-// What a zip left in the temporary folder for the second dialog.
+// What a zip left in its run folder for the second dialog. The folder and the files in it
+// are removed when the last copy of `owner` goes: keep one until the import run is over.
 struct UnzippedFiles {
-  std::filesystem::path folder;              // the home's KVL-RTemp
+  std::shared_ptr<RunFolder> owner;
+  std::filesystem::path folder;              // owner's folder, inside the home's KVL-RTemp
   std::vector<std::filesystem::path> files;  // what the list will offer, sorted
   std::string_view filter;                   // the second dialog's filter ("|" form)
   std::string selected_filter;               // the description of its first pair that
                                              // shows any of the files
 };
 
-// Empties the home's "KVL-RTemp" folder (making it if missing) and extracts the members of
-// `zip` whose names end in .cl2, .nv3 or .sd3 (any case) into it, each under its last name
-// part; members whose names could leave the folder are skipped. Outside report mode an
-// .nv3 among them makes the .cl2 and .sd3 files go. Then tells the user where they are.
-// nullopt, the user told, when the zip is unreadable or holds no such file.
+// Extracts the members of `zip` whose names end in .cl2, .nv3 or .sd3 (any case) into a
+// fresh RunFolder of its own, each under its last name part; members whose names could
+// leave the folder are skipped, and a member above kMaxMeetFileBytes refuses the zip.
+// Outside report mode an .nv3 among them makes the .cl2 and .sd3 files go. Then tells the
+// user where they are. nullopt, the user told, when the zip can't be unpacked or holds no
+// such file; the folder is gone again then.
 std::optional<UnzippedFiles> ExtractImportZip(AppState& state, const std::filesystem::path& zip,
                                               bool report_mode);
 

@@ -1,8 +1,5 @@
 #include "interchange/ImportPrepare.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +12,8 @@
 #include "core/VbRules.h"
 #include "interchange/Cl2CheckSum.h"
 #include "interchange/ImportChoice.h"
+#include "interchange/ImportRun.h"
+#include "interchange/MeetFileLines.h"
 #include "interchange/Nv3AthleteCheck.h"
 #include "interchange/Nv3CheckSum.h"
 #include "interchange/Nv3Records.h"
@@ -39,57 +38,14 @@ constexpr std::string_view kNotValidForImport = "Not valid for Import.";
 constexpr std::string_view kToImport = "Import";
 constexpr std::string_view kToPrint = "Print";
 constexpr std::string_view kCheckSource = "frmImpCL.CheckImportFile";
-// Reading past the end of a file (the message table's number).
-constexpr int kReadPastEnd = 62;
-
-std::string ReadWholeFile(const fs::path& path) {
-  std::unique_ptr<FILE, int (*)(FILE*)> in(std::fopen(path.c_str(), "rb"), &std::fclose);
-  if (!in) ThrowFileError(errno ? errno : ENOENT, "open", path.string());
-  // One read into a buffer of the file's size; a file that grows meanwhile is read on.
-  std::error_code ec;
-  const std::uintmax_t size = fs::file_size(path, ec);
-  std::string text(ec ? 0 : static_cast<size_t>(size), '\0');
-  size_t have = text.empty() ? 0 : std::fread(text.data(), 1, text.size(), in.get());
-  text.resize(have);
-  char buffer[1 << 16];
-  while (have == text.size() && !std::feof(in.get()) && !std::ferror(in.get())) {
-    const size_t got = std::fread(buffer, 1, sizeof buffer, in.get());
-    if (got == 0) break;
-    text.append(buffer, got);
-    have = text.size();
-  }
-  if (std::ferror(in.get())) ThrowFileError(errno ? errno : EIO, "read", path.string());
-  return text;
-}
-
-// Line input over a whole text: LF ends a line, a CR before it is dropped.
-class LineCursor {
- public:
-  explicit LineCursor(std::string_view text) : text_(text) {}
-  bool Next(std::string_view& line) {
-    if (pos_ >= text_.size()) return false;
-    const size_t lf = text_.find('\n', pos_);
-    size_t end = lf == std::string_view::npos ? text_.size() : lf;
-    const size_t next = lf == std::string_view::npos ? text_.size() : lf + 1;
-    if (end > pos_ && text_[end - 1] == '\r') --end;
-    line = text_.substr(pos_, end - pos_);
-    pos_ = next;
-    return true;
-  }
-
- private:
-  std::string_view text_;
-  size_t pos_ = 0;
-};
-
 std::string NotNorvanCl2Text() {
   return std::string(sdif::kNotNorvanCl2) + "\r\n\r\n" + std::string(sdif::kAskForSd3) + "\r\n" +
          std::string(sdif::kOnlyNorvanCl2);
 }
 
-// `CheckImportFile`: the lines of `text` up to the first Z0 into file.lines, each tested as
+// `CheckImportFile`: the lines of `in` up to the first Z0 into file.lines, each tested as
 // its format asks. False once the user was told why not.
-bool CheckImportFile(AppState& state, ImportFile& file, std::string_view text, bool allow_entries,
+bool CheckImportFile(AppState& state, ImportFile& file, MeetFileLines& in, bool allow_entries,
                      bool use_fallback) {
   UserIo& io = *state.io;
   const std::string& ext = file.extension;
@@ -100,12 +56,12 @@ bool CheckImportFile(AppState& state, ImportFile& file, std::string_view text, b
     return use_fallback ? CheckNV3LineFallback(line) : CheckNV3Line(line);
   };
 
-  LineCursor cursor(text);
-  std::string_view line;
-  if (!cursor.Next(line)) {
-    ReportError(state, kCheckSource, FormatError(kReadPastEnd, "read past the end of the file"));
+  std::string read;
+  if (!in.Next(read)) {
+    io.Tell(file.path.filename().string() + std::string(kEmptyMeetFile));
     return false;
   }
+  std::string_view line = read;
 
   // The first line.
   std::string unscrambled;
@@ -144,13 +100,14 @@ bool CheckImportFile(AppState& state, ImportFile& file, std::string_view text, b
     io.Tell(std::string(file.path.filename().string()) + "Not a valid filename");
     return false;
   }
-  if (length) file.lines.reserve(text.size() / (*length + 2) + 1);
+  if (length) file.lines.reserve(in.Size() / (*length + 2) + 1);
   file.lines.emplace_back(line);
 
   // Every following line.
-  size_t number = 1;
-  while (cursor.Next(line)) {
-    ++number;
+  const bool z0_ends = cl2 || sd3;
+  bool ended = false;
+  while (in.Next(read)) {
+    line = read;
     if (length && line.size() != *length) {
       io.Tell(LineLengthMessage(*length, line.size()));
       return false;
@@ -180,8 +137,13 @@ bool CheckImportFile(AppState& state, ImportFile& file, std::string_view text, b
       line = unscrambled;
     }
     file.lines.emplace_back(line);
-    if (line.size() >= 2 && line[0] == 'Z' && line[1] == '0') break;
+    if (line.size() >= 2 && line[0] == 'Z' && line[1] == '0') {
+      ended = true;
+      break;
+    }
   }
+  // The end of the file is accepted as its end; without a Z0 it may have been cut short.
+  file.no_end_record = z0_ends && !ended;
   return true;
 }
 
@@ -286,8 +248,13 @@ ImportFile PrepareImportFile(AppState& state, ImportMonitor& monitor, const fs::
   const bool allow_entries = report;
   SetStatus(file, monitor, std::string(kInitialFileCheck));
   try {
-    const std::string text = ReadWholeFile(path);
-    if (!CheckImportFile(state, file, text, allow_entries, false)) {
+    MeetFileLines in(path);
+    // Refused by its size before a byte is read: reading it would take its size in memory.
+    if (in.Size() > kMaxMeetFileBytes) {
+      state.io->Tell(MeetFileTooLargeText(path));
+      return file;
+    }
+    if (!CheckImportFile(state, file, in, allow_entries, false)) {
       file.lines.clear();
       return file;
     }
@@ -295,6 +262,17 @@ ImportFile PrepareImportFile(AppState& state, ImportMonitor& monitor, const fs::
   } catch (const std::exception& e) {
     ReportError(state, kCheckSource, e);
     file.ready = false;
+    return file;
+  }
+  if (file.ready && file.no_end_record) {
+    const std::string warning = path.filename().string() + std::string(kNoEndRecord);
+    if (report) {
+      // A report changes nothing: it shows what there is, with the warning.
+      state.io->Tell(warning);
+    } else if (!state.io->AskYesNo(warning + "\n" + std::string(kImportWhatItHoldsAsk))) {
+      file.ready = false;
+      SetStatus(file, monitor, warning);
+    }
   }
   return file;
 }

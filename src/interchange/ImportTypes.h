@@ -50,10 +50,12 @@ struct ImportFile {
   std::string extension;           // upper-cased: ".CL2", ".SD3", ".NV3", ".PSN", ".TXT"
   std::vector<std::string> lines;  // up to the first Z0; .TXT lines already unscrambled
   FilePanel panel;
-  ImportCounts counts;      // the " Records Checked" column
-  bool ready = false;       // every check passed: Import / Print may go on
-  bool has_relays = false;  // any E0 (the report adds the relay report)
-  std::string status;       // the last status line shown
+  ImportCounts counts;         // the " Records Checked" column
+  bool ready = false;          // every check passed: Import / Print may go on
+  bool has_relays = false;     // any E0 (the report adds the relay report)
+  bool no_end_record = false;  // a .cl2 or .sd3 whose lines ended without a Z0: it may be
+                               // cut short (the user was warned, or said to go on)
+  std::string status;          // the last status line shown
 };
 
 // What a run did.

@@ -7,13 +7,14 @@
 #include "core/DateText.h"
 #include "core/TimeText.h"
 #include "core/VbRules.h"
+#include "interchange/MeetText.h"
 #include "interchange/Nv3Texts.h"
 
 namespace kvlr {
 namespace {
 
 std::string Cut(std::string_view line, std::size_t first, std::size_t last) {
-  return Trim(Nv3Columns(line, first, last));
+  return MeetText(Trim(Nv3Columns(line, first, last)));
 }
 
 int32_t Number(std::string_view line, std::size_t first, std::size_t last) {

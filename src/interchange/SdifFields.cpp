@@ -7,6 +7,7 @@
 #include "core/DateText.h"
 #include "core/TimeText.h"
 #include "core/VbRules.h"
+#include "interchange/MeetText.h"
 
 namespace kvlr {
 
@@ -16,7 +17,7 @@ std::string SdifText(std::string_view line, int from, int to) {
   const size_t start = static_cast<size_t>(from - 1);
   std::string out = start < line.size() ? std::string(line.substr(start, width)) : std::string();
   out.resize(width, ' ');
-  return out;
+  return MeetText(out);
 }
 
 std::string SdifTrimmed(std::string_view line, int from, int to) {

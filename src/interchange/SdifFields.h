@@ -31,7 +31,8 @@ struct FileTime {
   int32_t score = 0;
 };
 
-// Columns `from`..`to` of `line` as they stand, blank-padded to their width.
+// Columns `from`..`to` of `line`, blank-padded to their width, as UTF-8 (MeetText): a
+// value with bytes above 0x7F may be longer than its width.
 std::string SdifText(std::string_view line, int from, int to);
 // The same, trimmed of blanks at both ends.
 std::string SdifTrimmed(std::string_view line, int from, int to);

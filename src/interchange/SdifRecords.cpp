@@ -246,7 +246,7 @@ bool LoadF0Rec(std::string_view line, int date_order, SdifF0& rec) {
   rec.lsc = c.Text(16, 17);
   rec.team_code = c.Text(18, 21);
   rec.team_code5 = c.Text(22, 22);
-  rec.swimmer_name = c.Text(23, 50).substr(0, 23);
+  rec.swimmer_name = c.Text(23, 45);  // of columns 23-50 only 23 count
   rec.swimmer_number = c.Text(51, 62);
   rec.citizen = c.Text(63, 65);
   rec.birth = c.DateAt(66, date_order);

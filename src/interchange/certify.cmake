@@ -1,4 +1,5 @@
 # The certification pass, file statistics and reading an import file.
 target_sources(kvlr_interchange PRIVATE
   SdifCertify.cpp
+  MeetFileLines.cpp
   ImportPrepare.cpp)

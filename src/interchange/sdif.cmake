@@ -1,4 +1,5 @@
 target_sources(kvlr_interchange PRIVATE
+  MeetText.cpp
   SdifFields.cpp
   SdifRecords.cpp
   SdifRecordChecks.cpp

@@ -73,6 +73,12 @@ fs::path Beside(const fs::path& target, const char* suffix) {
 
 }  // namespace
 
+ZipMemberTooLarge::ZipMemberTooLarge(std::string member, std::uint64_t limit)
+    : FormatError(err::kDataError,
+                  fmt::format("{} would unpack to more than {} bytes", member, limit)),
+      member_(std::move(member)),
+      limit_(limit) {}
+
 void ZipArchive::Closer::operator()(zip* archive) const {
   zip_discard(archive);
 }
@@ -115,8 +121,10 @@ std::string ZipArchive::Comment() const {
   return comment ? std::string(comment, static_cast<size_t>(length)) : std::string();
 }
 
-void ZipArchive::Extract(std::size_t index, const fs::path& target) const {
+void ZipArchive::Extract(std::size_t index, const fs::path& target,
+                         std::uint64_t max_bytes) const {
   if (index >= members_.size()) throw std::out_of_range("no such member");
+  if (members_[index].size > max_bytes) throw ZipMemberTooLarge(members_[index].name, max_bytes);
   std::unique_ptr<zip_file_t, FileCloser> member(zip_fopen_index(zip_.get(), index, 0));
   if (!member) ZipErrorText(zip_get_error(zip_.get())).Throw("Can't extract from", file_);
 
@@ -130,6 +138,7 @@ void ZipArchive::Extract(std::size_t index, const fs::path& target) const {
   };
 
   std::array<char, 1 << 16> buffer;
+  std::uint64_t written = 0;
   for (;;) {
     const zip_int64_t got = zip_fread(member.get(), buffer.data(), buffer.size());
     if (got < 0) {
@@ -139,6 +148,13 @@ void ZipArchive::Extract(std::size_t index, const fs::path& target) const {
           .Throw(fmt::format("Can't extract {} from", members_[index].name), file_);
     }
     if (got == 0) break;
+    // The declared size may lie: what is written is counted, not trusted.
+    if (static_cast<std::uint64_t>(got) > max_bytes - written) {
+      ::close(fd);
+      ::unlink(tmp.c_str());
+      throw ZipMemberTooLarge(members_[index].name, max_bytes);
+    }
+    written += static_cast<std::uint64_t>(got);
     const char* p = buffer.data();
     auto left = static_cast<size_t>(got);
     while (left > 0) {

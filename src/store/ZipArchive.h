@@ -12,9 +12,26 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Errors.h"
+
 struct zip;
 
 namespace kvlr {
+
+// No limit on what a member may unpack to.
+inline constexpr std::uint64_t kNoUnpackLimit = UINT64_MAX;
+
+// A member that would unpack to more than Extract's limit allows.
+class ZipMemberTooLarge : public FormatError {
+ public:
+  ZipMemberTooLarge(std::string member, std::uint64_t limit);
+  const std::string& Member() const { return member_; }
+  std::uint64_t Limit() const { return limit_; }
+
+ private:
+  std::string member_;
+  std::uint64_t limit_;
+};
 
 struct ZipMember {
   std::string name;          // as stored, folders included
@@ -47,8 +64,11 @@ class ZipArchive {
 
   // Writes member `index` to `target`, replacing a file of that name. Damaged member data
   // (a bad checksum included) throws FormatError, a failed write FileError; either way no
-  // partial file is left at `target`.
-  void Extract(std::size_t index, const std::filesystem::path& target) const;
+  // partial file is left at `target`. A member whose declared size is above `max_bytes` is
+  // refused before anything is written, and one that unpacks to more than it declared is
+  // stopped once `max_bytes` are written: both throw ZipMemberTooLarge.
+  void Extract(std::size_t index, const std::filesystem::path& target,
+               std::uint64_t max_bytes = kNoUnpackLimit) const;
 
   // Writes a new archive of `members` with `comment`, compressed with deflate at `level`
   // (1 fastest .. 9 smallest), to "<target>.tmp" and renames it over `target`. On failure

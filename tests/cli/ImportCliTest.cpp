@@ -5,6 +5,8 @@
 #include <fstream>
 #include <sstream>
 
+#include <SQLiteCpp/Database.h>
+
 #include "../interchange/FileMaker.h"
 #include "Commands.h"
 #include "support/TempHome.h"
@@ -37,6 +39,11 @@ class ImportCli : public ::testing::Test {
     const auto path = t_.Data() / name;
     std::ofstream(path, std::ios::binary) << text;
     return path.string();
+  }
+
+  long long Results() {
+    SQLite::Database db(db_);
+    return db.execAndGet("SELECT COUNT(*) FROM RESULT").getInt64();
   }
 
   test::TempHome t_;
@@ -78,6 +85,39 @@ TEST_F(ImportCli, QuestionsNeedAnAnswerAndSeveralSwimmersAName) {
   EXPECT_EQ(unnamed.code, 1);
   EXPECT_NE(unnamed.err.find("name one with --athlete"), std::string::npos);
   EXPECT_EQ(Kvlr({"import", other, "--db", db_, "--athlete", "2", "--yes"}).code, 0);
+}
+
+TEST_F(ImportCli, AFileWithoutItsEndRecordIsImportedOnlyWhenTheUserSaysSo) {
+  std::vector<std::string> lines = testing::SdifFile(false).Swim().Lines();
+  lines.pop_back();  // the Z0
+  const std::string file = File("cut.sd3", testing::FileText(lines));
+  const std::string warning =
+      "cut.sd3 has no end record (Z0): the file may be incomplete, for example a download cut "
+      "short.";
+
+  const Outcome unanswered = Kvlr({"import", file, "--db", db_});
+  EXPECT_EQ(unanswered.code, 1);
+  EXPECT_NE(unanswered.err.find(warning + "\nDo you want to import what it holds?\n"),
+            std::string::npos)
+      << unanswered.err;
+  const Outcome no = Kvlr({"import", file, "--db", db_, "--no"});
+  EXPECT_EQ(no.code, 1);
+  EXPECT_EQ(no.err, warning + "\n");
+  EXPECT_EQ(Results(), 0);
+
+  const Outcome yes = Kvlr({"import", file, "--db", db_, "--yes"});
+  EXPECT_EQ(yes.code, 0) << yes.err;
+  EXPECT_NE(yes.out.find("\nImport Successful\n"), std::string::npos);
+  EXPECT_EQ(Results(), 1);
+}
+
+TEST_F(ImportCli, Latin1TextIsStoredAsUtf8) {
+  testing::SdifFile meet;
+  meet.Meet({{"meet_name", "Zo\xEB's Made-Up Cup"}}).Swim();
+  const Outcome r = Kvlr({"import", File("meet.cl2", meet.Text()), "--db", db_});
+  ASSERT_EQ(r.code, 0) << r.err;
+  SQLite::Database db(db_);
+  EXPECT_EQ(db.execAndGet("SELECT MName FROM MEET").getString(), "Zo\xC3\xAB's Made-Up Cup");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "Commands.h"
 #include "FileMaker.h"
+#include "interchange/MeetFileLines.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -26,6 +27,9 @@ class CheckCli : public ::testing::Test {
     fs::create_directories(t.Data());
     const fs::path path = t.Data() / name;
     std::ofstream(path, std::ios::binary) << text;
+    return Kvlr(path);
+  }
+  Outcome Kvlr(const fs::path& path) {
     std::ostringstream out, err;
     std::istringstream in;
     CliEnvironment env{out, err, in, false, t.clock, t.disk, "%m/%d/%y", ""};
@@ -72,6 +76,40 @@ TEST_F(CheckCli, ARefusedFileShowsTheBoxAndExitsOne) {
   EXPECT_EQ(cut.code, 1);
   EXPECT_EQ(cut.out, "");
   EXPECT_NE(cut.err.find("Line length should be 160. Found 76"), std::string::npos) << cut.err;
+}
+
+TEST_F(CheckCli, EmptyCutShortHugeAndCrOnlyFiles) {
+  const Outcome empty = Kvlr("empty.cl2", "");
+  EXPECT_EQ(empty.code, 1);
+  EXPECT_EQ(empty.err,
+            "empty.cl2 is empty: there is nothing in it to read. Download it again or ask for "
+            "another copy.\n");
+
+  std::vector<std::string> lines = testing::SdifFile().Swim().Lines();
+  lines.pop_back();  // a download cut short right before its Z0
+  const Outcome cut = Kvlr("cut.cl2", testing::FileText(lines));
+  EXPECT_EQ(cut.code, 1);
+  EXPECT_NE(cut.out.find("Individual Results\t1\n"), std::string::npos) << cut.out;
+  EXPECT_EQ(cut.err,
+            "cut.cl2 has no end record (Z0): the file may be incomplete, for example a download "
+            "cut short.\n");
+
+  // Lines ended by a lone CR read as any others.
+  std::string cr_only;
+  for (const auto& line : testing::SdifFile().Swim().Lines()) cr_only += line + "\r";
+  const Outcome cr = Kvlr("cr.cl2", cr_only);
+  EXPECT_EQ(cr.code, 0) << cr.err;
+  EXPECT_NE(cr.out.find("Individual Results\t1\n"), std::string::npos) << cr.out;
+
+  // Refused by its size, unread (the sparse file takes no room on disk).
+  const fs::path huge = t.Data() / "huge.cl2";
+  std::ofstream(huge, std::ios::binary) << testing::SdifFile().Text();
+  fs::resize_file(huge, kMaxMeetFileBytes + 1);
+  const Outcome big = Kvlr(huge);
+  EXPECT_EQ(big.code, 1);
+  EXPECT_EQ(big.err,
+            "huge.cl2 is larger than 100 MB; a meet file is never that large, so it was not "
+            "read.\n");
 }
 
 }  // namespace

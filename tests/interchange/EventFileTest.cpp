@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <SQLiteCpp/Statement.h>
 
 #include "OnlineFixtures.h"
@@ -16,6 +18,13 @@ namespace {
 namespace fs = std::filesystem;
 using test::NvvMeetLine;
 using test::QueryNumber;
+
+std::vector<std::string> FilesIn(const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& e : fs::directory_iterator(folder)) names.push_back(e.path().filename());
+  std::sort(names.begin(), names.end());
+  return names;
+}
 
 TEST(EventFileCheckValue, WorkedExamples) {
   // "Meet;" sums to 454; 454 / 7 = 64; + 121 = " 185": '5', ' ', "18", then 'e'.
@@ -212,24 +221,33 @@ TEST_F(EventImport, ZipsGiveTheirEventFilesOnly) {
   const fs::path zip = t.Data() / "events.zip";
   ZipArchive::Create(zip, {{"a.nvv", a}, {"sub/B.NVV", b}, {"notes.txt", other}}, "", 6);
   fs::create_directories(t.state.home.TempDir());
-  const fs::path stale = t.state.home.TempDir() / "old.nv3";
-  test::WriteLines(stale, {"old"});
+  const fs::path other_run = t.state.home.TempDir() / "old.nv3";
+  test::WriteLines(other_run, {"old"});
 
-  const auto files = ExtractEventFiles(t.state, zip);
+  EventZipFiles unzipped = ExtractEventFiles(t.state, zip);
+  const auto& files = unzipped.files;
   ASSERT_EQ(files.size(), 2u);
-  EXPECT_EQ(files[0], t.state.home.TempDir() / "a.nvv");
-  EXPECT_EQ(files[1], t.state.home.TempDir() / "B.NVV");
-  EXPECT_FALSE(fs::exists(stale));
-  EXPECT_FALSE(fs::exists(t.state.home.TempDir() / "notes.txt"));
+  const fs::path folder = unzipped.owner->Path();
+  EXPECT_EQ(folder.parent_path(), t.state.home.TempDir());
+  EXPECT_EQ(files[0], folder / "a.nvv");
+  EXPECT_EQ(files[1], folder / "B.NVV");
+  EXPECT_TRUE(fs::exists(other_run)) << "nothing outside the run's own folder is touched";
+  EXPECT_FALSE(fs::exists(folder / "notes.txt"));
   EXPECT_TRUE(ImportEvents(t.state, files[1]).ok);
+  unzipped = {};
+  EXPECT_FALSE(fs::exists(folder));
 
   const fs::path none = t.Data() / "none.zip";
   ZipArchive::Create(none, {{"notes.txt", other}}, "", 6);
-  EXPECT_TRUE(ExtractEventFiles(t.state, none).empty());
+  EXPECT_TRUE(ExtractEventFiles(t.state, none).files.empty());
   EXPECT_TRUE(t.io.Saw("No meet event files were found in the selected Zip file."));
 
-  EXPECT_TRUE(ExtractEventFiles(t.state, other).empty());
-  EXPECT_TRUE(t.io.Saw("There was an error extracting from your ZIP file.  Error: "));
+  EXPECT_TRUE(ExtractEventFiles(t.state, other).files.empty());
+  EXPECT_TRUE(
+      t.io.Saw("There was an error extracting from your ZIP file.  Error: notes.txt could "
+               "not be read as a zip archive: it is damaged or not a zip file. Download "
+               "it again."));
+  EXPECT_EQ(FilesIn(t.state.home.TempDir()), std::vector<std::string>{"old.nv3"});
 }
 
 TEST(EventFileKindOf, OnlyNvvAndZipNames) {
@@ -241,29 +259,30 @@ TEST(EventFileKindOf, OnlyNvvAndZipNames) {
   EXPECT_EQ(NotValidEventFileText("/x/meet.nv3"), "/x/meet.nv3Not a valid filename");
 }
 
-TEST(UnZipFile, EveryMemberAndTheTwoBoxes) {
+TEST(UnZipFile, EachZipGetsANewFolderOfItsOwnAndNothingElseIsTouched) {
   test::TempHome t;
   const fs::path a = t.Data() / "a.cl2";
   test::WriteLines(a, {"A0"});
   const fs::path zip = t.Data() / "any.zip";
   ZipArchive::Create(zip, {{"a.cl2", a}, {"b/c.sd3", a}}, "", 6);
-  const fs::path folder = t.Root() / "unzip";
-  fs::create_directories(folder / "old");
+  const fs::path parent = t.Root() / "imports";
+  fs::create_directories(parent / "any" / "old");
 
-  const UnZipOutcome ok = UnZipFile(zip, folder);
+  const UnZipOutcome ok = UnZipFile(zip, parent);
   EXPECT_TRUE(ok.ok);
-  EXPECT_EQ(ok.message, "Successfully Unzipped to " + folder.string() + ".");
-  EXPECT_EQ(ok.files.size(), 2u);
-  EXPECT_FALSE(fs::exists(folder / "old"));
-  EXPECT_TRUE(fs::exists(folder / "c.sd3"));
+  EXPECT_EQ(ok.folder, parent / "any-2");
+  EXPECT_EQ(ok.message, "Successfully Unzipped to " + (parent / "any-2").string() + ".");
+  EXPECT_EQ(FilesIn(ok.folder), (std::vector<std::string>{"a.cl2", "c.sd3"}));
+  EXPECT_TRUE(fs::exists(parent / "any" / "old"));
 
-  const UnZipOutcome bad = UnZipFile(a, folder);
+  const fs::path not_zip = t.Data() / "not.zip";
+  test::WriteLines(not_zip, {"A0"});
+  const UnZipOutcome bad = UnZipFile(not_zip, parent);
   EXPECT_FALSE(bad.ok);
-  EXPECT_EQ(bad.message.rfind("There was an error Unzipping the file.  Error: ", 0), 0u);
-  // A file that isn't a zip leaves the folder as it was.
-  EXPECT_TRUE(fs::exists(folder / "c.sd3"));
-  EXPECT_EQ(UnZipWarningText(folder), "This will delete everything in the " + folder.string() +
-                                          " directory.\nDo you still wish to continue?");
+  EXPECT_EQ(bad.message,
+            "There was an error Unzipping the file.  Error: not.zip could not be read as a zip "
+            "archive: it is damaged or not a zip file. Download it again.");
+  EXPECT_EQ(FilesIn(parent), (std::vector<std::string>{"any", "any-2"})) << "no folder is left";
 }
 
 }  // namespace

@@ -5,7 +5,13 @@
 
 #include <gtest/gtest.h>
 
+#include <zip.h>
+
+#include <chrono>
+#include <cstring>
+
 #include "core/FileOps.h"
+#include "interchange/UnZip.h"
 #include "store/ZipArchive.h"
 #include "support/TempHome.h"
 
@@ -99,25 +105,30 @@ TEST(QtFileFilter, KeepsTheDescriptionsAndListsThePatternsInBothCases) {
   EXPECT_EQ(ImportDialogFilter(ImportMode::kReport), text::kImportFilter);
 }
 
-TEST(ExtractImportZip, UnpacksOnlyImportFilesIntoTheEmptiedTemporaryFolder) {
+TEST(ExtractImportZip, UnpacksOnlyImportFilesIntoARunFolderOfItsOwn) {
   TempHome t;
   const fs::path temp = t.state.home.TempDir();
   fs::create_directories(temp / "old");
-  WriteFileAtomically(temp / "stale.cl2", "from the last zip");
+  WriteFileAtomically(temp / "stale.cl2", "another run's file");
   const fs::path zip =
       MakeZip(t, "county.zip", {"meet1.cl2", "Meet2.CL2", "notes.txt", "sub/relays.sd3", "sub/"});
 
   const auto got = ExtractImportZip(t.state, zip, false);
   ASSERT_TRUE(got.has_value());
-  EXPECT_EQ(got->folder, temp);
+  const fs::path folder = got->folder;
+  EXPECT_EQ(folder, got->owner->Path());
+  EXPECT_EQ(folder.parent_path(), temp);
   EXPECT_EQ(Names(got->files), (std::vector<std::string>{"Meet2.CL2", "meet1.cl2", "relays.sd3"}));
-  EXPECT_EQ(FolderNames(temp), (std::vector<std::string>{"Meet2.CL2", "meet1.cl2", "relays.sd3"}));
-  EXPECT_EQ(ReadWholeFile(temp / "meet1.cl2"), "made-up contents of meet1.cl2\n");
+  EXPECT_EQ(FolderNames(folder),
+            (std::vector<std::string>{"Meet2.CL2", "meet1.cl2", "relays.sd3"}));
+  EXPECT_EQ(ReadWholeFile(folder / "meet1.cl2"), "made-up contents of meet1.cl2\n");
+  EXPECT_EQ(ReadWholeFile(temp / "stale.cl2"), "another run's file");
+  EXPECT_TRUE(fs::exists(temp / "old"));
   EXPECT_EQ(got->filter, text::kUnzippedImportFilter);
   EXPECT_EQ(got->selected_filter, "Commlink files (*.cl2)");
   ASSERT_EQ(t.io.shown.size(), 1u);
   EXPECT_EQ(t.io.shown[0].text,
-            "The files inside the selected zip file have been unzipped to " + temp.string() +
+            "The files inside the selected zip file have been unzipped to " + folder.string() +
                 "\nThese unzipped files will be listed after you click OK.\n"
                 "After the list is displayed, double click on the file you wish to import.\n\n"
                 "Note that only *.cl2 and *.sd3 files will be displayed.");
@@ -185,7 +196,116 @@ TEST(ExtractImportZip, AZipWithoutImportFilesOrNoZipAtAllIsRefused) {
   WriteFileAtomically(fake, "this is no archive");
   EXPECT_FALSE(ExtractImportZip(t.state, fake, true).has_value());
   ASSERT_EQ(t.io.shown.size(), 2u);
-  EXPECT_EQ(t.io.shown[1].text, "There was an error extracting from your ZIP file.  Error: 13");
+  EXPECT_EQ(t.io.shown[1].text,
+            "There was an error extracting from your ZIP file.  Error: fake.zip could not be "
+            "read as a zip archive: it is damaged or not a zip file. Download it again.");
+  EXPECT_TRUE(fs::is_empty(t.state.home.TempDir())) << "no run folder is left behind";
+}
+
+TEST(ExtractImportZip, TwoRunsWithTheSameMemberNameKeepTheirOwnFiles) {
+  TempHome t;
+  const fs::path first = MakeZip(t, "first.zip", {"meet.cl2"});
+  const fs::path second = MakeZip(t, "second.zip", {"sub/meet.cl2", "extra.sd3"});
+  auto a = ExtractImportZip(t.state, first, false);
+  auto b = ExtractImportZip(t.state, second, false);
+  ASSERT_TRUE(a && b);
+  ASSERT_NE(a->folder, b->folder);
+  EXPECT_EQ(FolderNames(a->folder), std::vector<std::string>{"meet.cl2"});
+  EXPECT_EQ(ReadWholeFile(a->folder / "meet.cl2"), "made-up contents of meet.cl2\n");
+  EXPECT_EQ(ReadWholeFile(b->folder / "meet.cl2"), "made-up contents of sub/meet.cl2\n");
+
+  const fs::path gone = a->folder;
+  a.reset();
+  EXPECT_FALSE(fs::exists(gone));
+  EXPECT_EQ(FolderNames(b->folder), (std::vector<std::string>{"extra.sd3", "meet.cl2"}));
+}
+
+// A deflated member of `size` blanks, made as it is compressed: never whole in memory.
+fs::path BlanksZip(TempHome& t, const std::string& member, std::uint64_t size) {
+  struct Blanks {
+    std::uint64_t size, at = 0;
+  } blanks{size};
+  const auto read = [](void* user, void* data, zip_uint64_t length,
+                       zip_source_cmd_t cmd) -> zip_int64_t {
+    auto& b = *static_cast<Blanks*>(user);
+    switch (cmd) {
+      case ZIP_SOURCE_OPEN:
+        b.at = 0;
+        return 0;
+      case ZIP_SOURCE_READ: {
+        const zip_uint64_t n = std::min<zip_uint64_t>(length, b.size - b.at);
+        std::memset(data, ' ', n);
+        b.at += n;
+        return static_cast<zip_int64_t>(n);
+      }
+      case ZIP_SOURCE_STAT: {
+        auto* st = static_cast<zip_stat_t*>(data);
+        zip_stat_init(st);
+        st->size = b.size;
+        st->valid |= ZIP_STAT_SIZE;
+        return sizeof(zip_stat_t);
+      }
+      case ZIP_SOURCE_SUPPORTS:
+        return zip_source_make_command_bitmap(ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE,
+                                              ZIP_SOURCE_STAT, ZIP_SOURCE_ERROR, -1);
+      default:
+        return 0;
+    }
+  };
+  const fs::path zip = t.Root() / "bomb.zip";
+  int code = 0;
+  zip_t* archive = zip_open(zip.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+  zip_source_t* source = zip_source_function(archive, read, &blanks);
+  const zip_int64_t index = zip_file_add(archive, member.c_str(), source, 0);
+  zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), ZIP_CM_DEFLATE, 1);
+  EXPECT_EQ(zip_close(archive), 0);
+  return zip;
+}
+
+TEST(ExtractImportZip, AMemberAboveTheLimitIsRefusedBeforeAByteIsWritten) {
+  TempHome t;
+  const fs::path zip = BlanksZip(t, "huge.cl2", kMaxMeetFileBytes + 1);
+  ASSERT_LT(fs::file_size(zip), 1'000'000u);
+  const auto started = std::chrono::steady_clock::now();
+  EXPECT_FALSE(ExtractImportZip(t.state, zip, false).has_value());
+  EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(1));
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_EQ(t.io.shown[0].text,
+            "There was an error extracting from your ZIP file.  Error: huge.cl2 in bomb.zip "
+            "would unpack to more than 100 MB; a meet file is never that large, so it was not "
+            "unpacked.");
+  EXPECT_TRUE(fs::is_empty(t.state.home.TempDir()));
+}
+
+// The sizes a zip declares for its member, in the local header and the central directory,
+// set to `size`: what a crafted zip may claim.
+void ClaimSize(const fs::path& zip, std::uint32_t size) {
+  std::string bytes = ReadWholeFile(zip);
+  const auto put = [&](size_t at) {
+    for (int i = 0; i < 4; ++i) bytes[at + i] = static_cast<char>(size >> (8 * i));
+  };
+  put(22);  // local header: uncompressed size
+  const size_t central = bytes.rfind(std::string("PK\x01\x02", 4));
+  ASSERT_NE(central, std::string::npos);
+  put(central + 24);
+  WriteFileAtomically(zip, bytes);
+}
+
+TEST(ExtractZipInto, AMemberThatLiesAboutItsSizeIsStoppedAtTheLimit) {
+  TempHome t;
+  const fs::path zip = BlanksZip(t, "liar.cl2", 300'000);
+  ClaimSize(zip, 100);
+  ASSERT_EQ(ZipArchive(zip).Members().at(0).size, 100u);
+  const fs::path folder = t.Root() / "out";
+  try {
+    ExtractZipInto(zip, folder, {".cl2"}, 100'000);
+    ADD_FAILURE() << "no refusal";
+  } catch (const UnzipError& e) {
+    EXPECT_STREQ(e.what(),
+                 "liar.cl2 in bomb.zip would unpack to more than 100000 bytes; a meet file is "
+                 "never that large, so it was not unpacked.");
+  }
+  EXPECT_TRUE(fs::is_empty(folder)) << "the part written is removed";
 }
 
 }  // namespace

@@ -119,8 +119,8 @@ TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
        std::string(kNv3NotNorvan)},
       {"psn header", "l.psn", "too short\r\n", std::string(kPsnCorrupted)},
       {"empty file", "m.cl2", "",
-       "This file has a nonstandard end-of-file marker, or an attempt was made to read beyond "
-       "the end-of-file marker."},
+       "m.cl2 is empty: there is nothing in it to read. Download it again or ask for another "
+       "copy."},
   };
   for (const Case& c : cases) {
     t_.io.shown.clear();

@@ -1,3 +1,4 @@
+#include "interchange/MeetText.h"
 #include "interchange/SdifFields.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +13,24 @@ TEST(SdifFieldsTest, TextIsPaddedAndShortLinesReadBlank) {
   EXPECT_EQ(SdifText("A0 V3", 4, 11), "V3      ");
   EXPECT_EQ(SdifText("D0", 150, 151), "  ");
   EXPECT_EQ(SdifTrimmed("C1         XY TM ", 12, 17), "XY TM");
+}
+
+TEST(SdifFieldsTest, TextValuesComeOutAsUtf8) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"DOE, ZO\xCB", "DOE, ZO\xC3\x8B"},                            // Latin-1
+      {"Zo\xC3\xAB", "Zo\xC3\xAB"},                                  // already UTF-8
+      {"\x80 \x93x\x94", "\xE2\x82\xAC \xE2\x80\x9Cx\xE2\x80\x9D"},  // Windows-1252
+      {"\x81", "\xC2\x81"},                                          // a gap of the code page
+      {"Jos\xC3", "Jos\xC3\x83"},                                    // a sequence cut short
+      {"\xC0\xAF", "\xC3\x80\xC2\xAF"},  // an overlong form is no sequence
+  };
+  for (const auto& [raw, utf8] : cases) EXPECT_EQ(MeetText(raw), utf8) << raw;
+  // Columns are bytes: the value is cut before it is converted.
+  EXPECT_EQ(SdifText("ab\xEB"
+                     "cd",
+                     3, 4),
+            "\xC3\xAB"
+            "c");
 }
 
 TEST(SdifFieldsTest, IntIsForgivingAndHeldToSixteenBits) {

@@ -42,7 +42,6 @@ QApplication& App() {
   return test::QtApp();
 }
 
-
 QString Caption(frmImpCL& screen) {
   return Child<QPushButton>(screen, "cmdImport")->text();
 }
@@ -186,14 +185,24 @@ TEST_F(ImportScreenTest, AZipIsRefusedByNameOrUnpackedForASecondDialog) {
       {ImportMode::kReport, "Reportable files (*.nv3,*.cl2) (*.nv3 *.NV3 *.cl2 *.CL2)"},
   };
   for (const auto& c : cases) {
-    frmImpCL screen(t_.state, c.mode);
-    Picker picker{{QString::fromStdString(zip.string())}};  // then nothing from the list
-    screen.SetFilePicker(picker.Get());
-    EXPECT_FALSE(screen.ChooseImportFile());
-    ASSERT_EQ(picker.asked.size(), 2u);
-    EXPECT_EQ(picker.asked[1].folder.toStdString(), t_.state.home.TempDir().string());
-    EXPECT_EQ(picker.asked[1].selected_filter, c.selected);
-    EXPECT_TRUE(picker.asked[1].filter.split(";;").contains(c.selected));
+    fs::path folder;
+    {
+      frmImpCL screen(t_.state, c.mode);
+      std::vector<ImportFileAsk> asked;
+      // The zip, then the .nv3 of the list.
+      screen.SetFilePicker([&](QWidget*, const ImportFileAsk& ask) {
+        asked.push_back(ask);
+        return asked.size() == 1 ? QString::fromStdString(zip.string()) : ask.folder + "/meet.nv3";
+      });
+      EXPECT_FALSE(screen.ChooseImportFile()) << "the made-up .nv3 is refused";
+      ASSERT_EQ(asked.size(), 2u);
+      folder = asked[1].folder.toStdString();
+      EXPECT_EQ(folder.parent_path(), t_.state.home.TempDir()) << "a run folder of its own";
+      EXPECT_TRUE(fs::exists(folder / "meet.nv3")) << "kept while the screen is open";
+      EXPECT_EQ(asked[1].selected_filter, c.selected);
+      EXPECT_TRUE(asked[1].filter.split(";;").contains(c.selected));
+    }
+    EXPECT_FALSE(fs::exists(folder));
   }
   EXPECT_TRUE(t_.io.Saw("double click on the file you wish to import."));
   EXPECT_TRUE(t_.io.Saw("double click on the file you wish to report."));

@@ -30,7 +30,6 @@ QApplication& App() {
   return test::QtApp();
 }
 
-
 // A file dialog that answers `file` and remembers what it was asked.
 struct FakePicker {
   QString file;
@@ -73,7 +72,10 @@ TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
   ASSERT_EQ(list->count(), 2);
   EXPECT_EQ(list->item(1)->text(), "b.nvv");
   list->setCurrentRow(1);
-  EXPECT_EQ(screen.Ready(), t.state.home.TempDir() / "b.nvv");
+  ASSERT_TRUE(screen.Ready().has_value());
+  const fs::path unzipped = *screen.Ready();
+  EXPECT_EQ(unzipped.filename(), "b.nvv");
+  EXPECT_EQ(unzipped.parent_path().parent_path(), t.state.home.TempDir());
   Shoot(screen, "frmImpEv");
 
   Child<QPushButton>(screen, "cmdImport")->click();
@@ -84,20 +86,21 @@ TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT COUNT(*) FROM MTEVENTE"), 2);
   Shoot(screen, "frmImpEv-imported");
 
-  // A plain .nvv is ready at once and needs no list.
+  // A plain .nvv is ready at once and needs no list; the zip's folder is gone.
   EXPECT_TRUE(screen.ChooseFile(a));
   EXPECT_EQ(list->count(), 0);
   EXPECT_FALSE(list->isEnabled());
+  EXPECT_FALSE(fs::exists(unzipped));
 }
 
-TEST(frmUnZip, WarnsThenUnzipsEveryFile) {
+TEST(frmUnZip, UnzipsEveryFileIntoANewFolderInTheImportFolder) {
   App();
   TempHome t;
   frmUnZip screen(t.state);
   EXPECT_EQ(screen.windowTitle(), "UnZIP File");
   EXPECT_EQ(frmUnZip::FileDialogFilter(), "ZIP files (*.zip)");
-  const fs::path folder = t.state.home.TempDir();
-  EXPECT_EQ(Child<QLabel>(screen, "lblFolder")->text().toStdString(), folder.string());
+  EXPECT_EQ(screen.Folder(), t.Data()) << "no database: the data folder";
+  EXPECT_EQ(Child<QLabel>(screen, "lblFolder")->text().toStdString(), t.Data().string());
 
   const fs::path a = t.Data() / "notes.txt";
   test::WriteLines(a, {"made up"});
@@ -109,14 +112,11 @@ TEST(frmUnZip, WarnsThenUnzipsEveryFile) {
   EXPECT_EQ(t.io.shown.back().text, "Not a valid filename");
 
   screen.SetFile(QString::fromStdString(zip.string()));
-  t.io.Script({Answer::kNo});
-  EXPECT_FALSE(screen.UnZip());
-  EXPECT_EQ(t.io.shown.back().text, "This will delete everything in the " + folder.string() +
-                                        " directory.\nDo you still wish to continue?");
-  EXPECT_FALSE(fs::exists(folder / "notes.txt"));
-
-  Child<QPushButton>(screen, "cmdUnZip")->click();  // an empty script answers Yes
+  Child<QPushButton>(screen, "cmdUnZip")->click();
+  const fs::path folder = t.Data() / "any";
+  EXPECT_EQ(screen.UnzippedFolder(), folder);
   EXPECT_EQ(t.io.shown.back().text, "Successfully Unzipped to " + folder.string() + ".");
+  EXPECT_EQ(Child<QLabel>(screen, "lblFolder")->text().toStdString(), folder.string());
   EXPECT_TRUE(fs::exists(folder / "more.cl2"));
   EXPECT_EQ(Child<QListWidget>(screen, "lstFiles")->count(), 2);
   Shoot(screen, "frmUnZip");

@@ -104,6 +104,7 @@ void frmImpEv::Browse() {
 bool frmImpEv::ChooseFile(const std::filesystem::path& file) {
   nvv_.reset();
   zip_files_.clear();
+  zip_folder_.reset();
   list_->clear();
   status_->clear();
   file_->setText(QString::fromStdString(file.string()));
@@ -114,12 +115,15 @@ bool frmImpEv::ChooseFile(const std::filesystem::path& file) {
     case EventFileKind::kNvv:
       nvv_ = file;
       break;
-    case EventFileKind::kZip:
-      zip_files_ = ExtractEventFiles(state_, file);
+    case EventFileKind::kZip: {
+      EventZipFiles unzipped = ExtractEventFiles(state_, file);
+      zip_files_ = std::move(unzipped.files);
+      zip_folder_ = std::move(unzipped.owner);
       for (const auto& f : zip_files_)
         list_->addItem(QString::fromStdString(f.filename().string()));
       if (!zip_files_.empty()) list_->setCurrentRow(0);
       break;
+    }
   }
   Refresh();
   return Ready().has_value();

@@ -4,6 +4,7 @@
 // the boxes are ImportEvents'; the screen chooses the file.
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -51,6 +52,7 @@ class frmImpEv final : public QDialog {
   ImportFilePicker picker_;
   std::optional<std::filesystem::path> nvv_;
   std::vector<std::filesystem::path> zip_files_;
+  std::shared_ptr<RunFolder> zip_folder_;  // where zip_files_ are, while they are offered
   std::optional<EventImportOutcome> outcome_;
 
   QLineEdit* file_;

@@ -219,6 +219,7 @@ bool frmImpCL::ChooseImportFile() {
         {title, PathToQ(unzipped->folder), filter, FilterEntry(filter, unzipped->selected_filter)});
     if (second.isEmpty()) return false;
     chosen = second.toStdString();
+    unzipped_ = unzipped->owner;
   }
   if (!AcceptsImportFile(mode_, chosen)) return false;
   return LoadFile(chosen);

@@ -6,12 +6,14 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include <QDialog>
 #include <QElapsedTimer>
 
 #include "core/AppState.h"
+#include "core/RunFolder.h"
 #include "interchange/ImportTypes.h"
 
 class QCheckBox;
@@ -97,6 +99,8 @@ class frmImpCL final : public QDialog, private ImportMonitor {
   ImportMode mode_;
   ImportFilePicker picker_;
   ImportFile file_;
+  // The run folder of the zip the file came from, kept while the screen is open.
+  std::shared_ptr<RunFolder> unzipped_;
   std::optional<ImportOutcome> outcome_;
   ButtonState button_state_ = ButtonState::kRun;
   bool opened_ = false;

@@ -42,10 +42,10 @@ frmUnZip::frmUnZip(AppState& state, QWidget* parent)
   file_row->addWidget(file_, 1);
   file_row->addWidget(browse);
   form->addRow(tr("ZIP File:"), file_row);
-  auto* folder = new QLabel(QString::fromStdString(Folder().string()), this);
-  folder->setObjectName("lblFolder");
-  folder->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  form->addRow(tr("Unzip to:"), folder);
+  folder_ = new QLabel(QString::fromStdString(Folder().string()), this);
+  folder_->setObjectName("lblFolder");
+  folder_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  form->addRow(tr("Unzip to:"), folder_);
   layout->addLayout(form);
 
   list_ = new QListWidget(this);
@@ -77,18 +77,18 @@ QString frmUnZip::FileDialogFilter() {
 }
 
 std::filesystem::path frmUnZip::Folder() const {
-  return state_.home.TempDir();
+  if (state_.gDb) {
+    try {
+      return GetDirectories(state_, DirectoryKind::kImport);
+    } catch (const std::exception&) {
+      // an unreadable OPTIONS row leaves the data folder
+    }
+  }
+  return state_.gDataDir.empty() ? state_.data_root : state_.gDataDir;
 }
 
 void frmUnZip::Browse() {
-  QString folder;
-  if (state_.gDb) {
-    try {
-      folder = QString::fromStdString(GetDirectories(state_, DirectoryKind::kImport).string());
-    } catch (const std::exception&) {
-      // an unreadable OPTIONS row leaves the dialog's own folder
-    }
-  }
+  const QString folder = QString::fromStdString(Folder().string());
   const QString chosen = picker_(this, {ToQ(kUnZipTitle), folder, FileDialogFilter(), {}});
   if (!chosen.isEmpty()) SetFile(chosen);
 }
@@ -103,9 +103,12 @@ bool frmUnZip::UnZip() {
     state_.io->Tell(kNotValidFilename);
     return false;
   }
-  if (!state_.io->AskYesNo(UnZipWarningText(Folder()), kUnZipTitle)) return false;
   const UnZipOutcome outcome = UnZipFile(zip, Folder());
   files_ = outcome.files;
+  if (outcome.ok) {
+    unzipped_folder_ = outcome.folder;
+    folder_->setText(QString::fromStdString(outcome.folder.string()));
+  }
   list_->clear();
   for (const auto& f : files_) list_->addItem(QString::fromStdString(f.filename().string()));
   state_.io->Message(outcome.message,
