@@ -13,6 +13,7 @@
 #include <fmt/format.h>
 
 #include "core/Errors.h"
+#include "core/RunFolder.h"
 
 namespace kvlr {
 namespace fs = std::filesystem;
@@ -185,7 +186,7 @@ void ZipArchive::Create(const fs::path& target, const std::vector<ZipSource>& me
                         std::string_view comment, int level) {
   // libzip deletes an archive closed with no members instead of writing it.
   if (members.empty()) throw std::invalid_argument("an archive needs at least one member");
-  const fs::path tmp = Beside(target, ".tmp");
+  const fs::path tmp = PartFileBeside(target);
   std::error_code ec;
   fs::remove(tmp, ec);
 

@@ -71,7 +71,7 @@ class ZipArchive {
                std::uint64_t max_bytes = kNoUnpackLimit) const;
 
   // Writes a new archive of `members` with `comment`, compressed with deflate at `level`
-  // (1 fastest .. 9 smallest), to "<target>.tmp" and renames it over `target`. On failure
+  // (1 fastest .. 9 smallest), to "<target>.part-<pid>" and renames it over `target`. On failure
   // `target` is as it was and the temporary file is gone.
   static void Create(const std::filesystem::path& target, const std::vector<ZipSource>& members,
                      std::string_view comment, int level);
