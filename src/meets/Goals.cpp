@@ -12,6 +12,7 @@
 #include "core/SwimCodes.h"
 #include "core/TimeText.h"
 #include "core/VbRules.h"
+#include "meets/DefaultEvents.h"
 
 namespace kvlr {
 namespace {
@@ -62,14 +63,22 @@ std::string_view GoalMeetName(char course) {
 int32_t GetGoalMeet(AppState& state, char course) {
   const int32_t meet = RunTrapped(state, "frmGoals.GetGoalMeet", [&]() -> int32_t {
     SQLite::Database& db = *state.gDb;
-    if (const auto found = FindGoalMeet(db, course)) return *found;
-    SQLite::Statement add(db,
-                          "INSERT INTO MEET (MName, Start, End, Course, Type) "
-                          "VALUES (?, ?, ?, ?, ?)");
-    SQLite::bind(add, std::string(GoalMeetName(course)), std::string(goaltxt::kGoalStart),
-                 std::string(goaltxt::kGoalStart), std::string(1, course), "G");
-    add.exec();
-    return static_cast<int32_t>(db.getLastInsertRowid());
+    int32_t found = FindGoalMeet(db, course).value_or(0);
+    if (found == 0) {
+      SQLite::Statement add(db,
+                            "INSERT INTO MEET (MName, Start, End, Course, Type) "
+                            "VALUES (?, ?, ?, ?, ?)");
+      SQLite::bind(add, std::string(GoalMeetName(course)), std::string(goaltxt::kGoalStart),
+                   std::string(goaltxt::kGoalStart), std::string(1, course), "G");
+      add.exec();
+      found = static_cast<int32_t>(db.getLastInsertRowid());
+    }
+    // The goal grid lists only the meet's events and offers no way to add one, so a goal
+    // meet without events would leave the screen empty for good.
+    if (!HasIndividualEvents(db, EventList::kResults, found)) {
+      LoadDefaultEvents(state, EventList::kResults, found);
+    }
+    return found;
   });
   if (meet == 0) state.io->Tell(goaltxt::kProblemGettingGoalMeet);
   return meet;

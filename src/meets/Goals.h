@@ -40,7 +40,8 @@ inline constexpr std::string_view kPrintNotYet = "Printing goals is not availabl
 std::string_view GoalMeetName(char course);
 
 // The goal meet of the course: the first meet of that course whose name begins with
-// "Goals" (any case), else a new one (its name, Start and End 2000-01-01, Type "G").
+// "Goals" (any case), else a new one (its name, Start and End 2000-01-01, Type "G"). A goal
+// meet with no individual event gets the default events of its course.
 // 0, after "Problem getting Goal Meet" is shown, when it can be neither found nor made.
 int32_t GetGoalMeet(AppState& state, char course);
 

@@ -28,6 +28,7 @@ class GoalsScreen : public ::testing::Test {
     t.state.gAthleteAge = 13;
     t.state.gAthleteName = "Ada Rivers";
     meet_ = GetGoalMeet(t.state, 'L');
+    t.state.gDb->exec("DELETE FROM MTEVENT");
     SQLite::Statement q(*t.state.gDb,
                         "INSERT INTO MTEVENT (Meet, MtEv, Lo_Hi, Course, Distance, Stroke, Sex, "
                         "I_R) VALUES (?, 1, 99, 'L', 100, 1, 'F', 'I'), "

@@ -9,6 +9,7 @@
 #include <SQLiteCpp/VariadicBind.h>
 
 #include "core/TimeText.h"
+#include "meets/DefaultEvents.h"
 #include "meets/Goals.h"
 #include "support/TempHome.h"
 
@@ -75,6 +76,23 @@ TEST_F(Goals, EachCourseGetsItsMeetOnceAndAnyGoalsNamedMeetCounts) {
   EXPECT_EQ(GetGoalMeet(t.state, 'Y'), 40);
 }
 
+TEST_F(Goals, AGoalMeetWithoutEventsGetsItsCoursesDefaults) {
+  // A goal meet an older file made without events.
+  Db().exec(
+      "INSERT INTO MEET (Meet, MName, Start, End, Course, Type) VALUES "
+      "(60, 'Goals - Long Course Meter Pools', '2000-01-01', '2000-01-01', 'L', 'G')");
+  for (const char course : {'Y', 'S', 'L'}) {
+    const int32_t meet = GetGoalMeet(t.state, course);
+    const std::vector<GoalRow> girls = LoadGoals(t.state, meet, 1, "F");
+    ASSERT_EQ(girls.size(), DefaultEvents(course).size()) << course;
+    EXPECT_EQ(LoadGoals(t.state, meet, 1, "M").size(), girls.size()) << course;
+    EXPECT_EQ(girls.front().event_text, "50 Free") << course;
+    GetGoalMeet(t.state, course);  // a second opening adds nothing
+    EXPECT_EQ(LoadGoals(t.state, meet, 1, "F").size(), girls.size()) << course;
+  }
+  EXPECT_EQ(GetGoalMeet(t.state, 'L'), 60);
+}
+
 TEST_F(Goals, AMeetThatCannotBeHadIsReported) {
   Db().exec("DROP TABLE MEET");
   t.io.Script({Answer::kCancel});  // the error box
@@ -84,6 +102,7 @@ TEST_F(Goals, AMeetThatCannotBeHadIsReported) {
 
 TEST_F(Goals, TheGridHoldsTheSwimmersSexByStrokeAndDistance) {
   const int32_t meet = GetGoalMeet(t.state, 'Y');
+  Db().exec("DELETE FROM MTEVENT");
   AddEvent(meet, 200, 1, "F");
   AddEvent(meet, 100, 2, "F");
   AddEvent(meet, 50, 1, "F");
@@ -97,6 +116,7 @@ TEST_F(Goals, TheGridHoldsTheSwimmersSexByStrokeAndDistance) {
 
 TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
   const int32_t meet = GetGoalMeet(t.state, 'Y');
+  Db().exec("DELETE FROM MTEVENT");
   const int32_t event = AddEvent(meet, 100, 2, "F");
   // A real swim whose rank a ranking pass would change.
   Db().exec(
@@ -141,6 +161,7 @@ TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
 
 TEST_F(Goals, ACommentNeedsAGoal) {
   const int32_t meet = GetGoalMeet(t.state, 'S');
+  Db().exec("DELETE FROM MTEVENT");
   AddEvent(meet, 200, 5, "M");
   std::vector<GoalRow> rows = LoadGoals(t.state, meet, 3, "M");
   ASSERT_EQ(rows.size(), 1u);
