@@ -109,9 +109,12 @@ RelayLegOutcome SaveRelayLeg(AppState& state, const RelayLegInput& input) {
                    input.meet, score, distance, meet_course, *existing);
       u.exec();
     } else {
+      // NT stays Null: ranking orders Null first, so legs are numbered apart from the
+      // individual swims, whose NT is 0.
       SQLite::Statement a(db,
                           "INSERT INTO RESULT (MTEVENT, STROKE, F_P, I_R, ATHLETE, MEET, SCORE, "
-                          "DISTANCE, COURSE, NT, PLACE) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 0, 0)");
+                          "DISTANCE, COURSE, NT, PLACE) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, NULL, "
+                          "0)");
       SQLite::bind(a, input.relay.mt_event, input.stroke, input.f_p, input.i_r, input.athlete,
                    input.meet, score, distance, meet_course);
       a.exec();

@@ -1,6 +1,7 @@
 #include "store/DbVersion.h"
 
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
 
 #include "core/ErrorHandler.h"
@@ -63,10 +64,19 @@ void AddGoalFlyEvents(AppState& state) {
   }
 }
 
+int ClearRelayLegNt(AppState& state) {
+  SQLite::Transaction transaction(*state.gDb);
+  const int changed =
+      state.gDb->exec("UPDATE RESULT SET NT = NULL WHERE (I_R = 'L' OR I_R = 'N') AND NT = 0");
+  transaction.commit();
+  return changed;
+}
+
 void CheckDbVersion(AppState& state) {
   try {
     AddFieldIfMissing(state, 0, "Options", FieldType::kText, "DbVersion", 5);
     if (VersionIsOlder(ReadDbVersion(state), "2.1Bc")) AddGoalFlyEvents(state);
+    ClearRelayLegNt(state);
   } catch (const std::exception& e) {
     ReportError(state, "basSetup.CheckDbVersion", e);
   }

@@ -4,6 +4,7 @@
 #include "meets/RelayLegs.h"
 #include "meets/ResultComments.h"
 #include "meets/ResultTexts.h"
+#include "store/DbVersion.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -120,6 +121,50 @@ TEST_F(RelayLegs, AnyLegOfTheEventAndRoundIsOverwrittenOnlyOnYes) {
   EXPECT_EQ(SaveRelayLeg(t.state, Leg("N", "P", 1, "30.10")), RelayLegOutcome::kSaved);
   EXPECT_TRUE(t.io.shown.empty());  // another round is another row
   EXPECT_EQ(Row(), "N/F/1/2890/50/L/1;N/P/1/3010/50/L/2;");
+}
+
+// Legs carry a Null NT, so the ranking numbers them ahead of the individual swims of NT 0;
+// older files that stored legs with NT 0 are mended when opened.
+TEST_F(RelayLegs, LegsHaveNoNtAndRankApartFromIndividualSwims) {
+  t.state.gUseLeadOff = true;
+  test::Season::Swim solo;
+  solo.meet = 5;
+  solo.distance = 50;
+  solo.course = "L";
+  solo.score = 2900;
+  const int64_t individual = season.Result(solo);
+  ASSERT_EQ(SaveRelayLeg(t.state, Leg("L", "F", 1, "29.50")), RelayLegOutcome::kSaved);
+  EXPECT_EQ(
+      test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM RESULT WHERE I_R = 'L' AND NT IS NULL"),
+      1);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE I_R = 'L'"), 1);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE RESULT = ?", individual),
+            2);
+
+  t.state.gDb->exec("DELETE FROM RESULT");
+  struct Case {
+    const char* i_r;
+    int nt;
+    bool null_after;
+  };
+  const Case cases[] = {{"L", 0, true},  {"N", 0, true},  {"n", 0, true},
+                        {"I", 0, false}, {"L", 5, false}, {"R", 0, false}};
+  std::vector<int64_t> ids;
+  for (const Case& c : cases) {
+    test::Season::Swim swim;
+    swim.i_r = c.i_r;
+    swim.nt = c.nt;
+    swim.f_p = std::to_string(ids.size());  // one row each under the unique key
+    ids.push_back(season.Result(swim));
+  }
+  CheckDbVersion(t.state);
+  CheckDbVersion(t.state);  // a second opening finds nothing to mend
+  for (size_t i = 0; i < ids.size(); ++i) {
+    EXPECT_EQ(
+        test::QueryNumber(*t.state.gDb, "SELECT NT IS NULL FROM RESULT WHERE RESULT = ?", ids[i]),
+        cases[i].null_after ? 1 : 0)
+        << cases[i].i_r << cases[i].nt;
+  }
 }
 
 TEST_F(RelayLegs, CommentsAreOnePerResult) {
