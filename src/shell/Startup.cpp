@@ -16,7 +16,9 @@
 namespace kvlr {
 namespace fs = std::filesystem;
 
-SetupOutcome RunSetup(AppState& state) {
+namespace {
+
+SetupOutcome SetupSteps(AppState& state) {
   SetupOutcome outcome;
   CheckSystemTables(state);
   try {
@@ -49,6 +51,14 @@ SetupOutcome RunSetup(AppState& state) {
   return outcome;
 }
 
+}  // namespace
+
+SetupOutcome RunSetup(AppState& state) {
+  SetupOutcome outcome = SetupSteps(state);
+  if (!state.gDbOpen) state.gTitle = std::string(kTitleNoDatabase);
+  return outcome;
+}
+
 bool BackupReminder(AppState& state) {
   const DateTime now = state.clock->Now();
   std::optional<Date> last;
@@ -67,7 +77,8 @@ bool BackupReminder(AppState& state) {
     set_last_backup();
     return false;
   }
-  if (DaysBetween(*last, now.date) <= state.gBackupDays) return false;
+  // 0 days backs up at every start.
+  if (state.gBackupDays > 0 && DaysBetween(*last, now.date) <= state.gBackupDays) return false;
 
   set_last_backup();
   const std::string database = state.gDatabaseName;
@@ -105,10 +116,10 @@ bool UpdateReminderDue(AppState& state) {
 }
 
 std::string MainTitle(const AppState& state) {
-  if (!state.gDbOpen) return std::string(kTitleNoDatabase);
+  // Without a database the last open, refusal or close has said what to show.
+  if (!state.gDbOpen) return state.gTitle;
   if (state.gAthlete > 0) return std::string(shell_text::kTitleSwimmerPrefix) + state.gAthleteName;
-  // Login pending: the database's own title says which file is open.
-  return state.gTitle;
+  return "";  // login pending
 }
 
 std::optional<fs::path> BackgroundPicture(const AppState& state) {

@@ -16,18 +16,21 @@ struct SetupOutcome {
 };
 
 // The start-up panel: system tables, the last database, first run, open, version, settings.
-// Progress lines go to state.io. A database that fails to open leaves gDatabaseName empty.
+// Progress lines go to state.io. A database that fails to open leaves gDatabaseName empty;
+// with none open the title is "No Database Open".
 SetupOutcome RunSetup(AppState& state);
 
 // Backs the database up silently when strictly more days than gBackupDays have passed since
-// OPTIONS.LastBackup, then opens it again. True when a backup ran.
+// OPTIONS.LastBackup (at every call with gBackupDays 0), then opens it again. True when a
+// backup ran.
 bool BackupReminder(AppState& state);
 
 // True when the user should be asked about updates now (strictly more days than
 // gUpdateDays since the last reminder; never with gUpdateDays 0). Records the reminder.
 bool UpdateReminderDue(AppState& state);
 
-// The main window's title for the current state.
+// The main window's title: "KVL-R for " + the swimmer, empty while the login is pending,
+// and with no database the title its refusal or close left in gTitle.
 std::string MainTitle(const AppState& state);
 
 // The background of the current swimmer: <home>/<first>.bmp, else <home>/KVL-R.BMP, else none.

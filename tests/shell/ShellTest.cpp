@@ -87,10 +87,13 @@ TEST(BackupReminder, RunsOnlyAfterMoreDaysThanTheSetting) {
   EXPECT_TRUE(fs::exists(t.Data() / "KVL-RArchive-family-01.zip"));
   EXPECT_TRUE(t.io.Saw(shell_text::kAutomaticBackupComplete));
   ASSERT_TRUE(t.state.gDbOpen);
-  SQLite::Statement q(*t.state.gDb, "SELECT LastBackup FROM OPTIONS");
-  q.executeStep();
-  EXPECT_EQ(q.getColumn(0).getString(), "2026-11-30");
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT LastBackup = '2026-11-30' FROM OPTIONS"), 1);
   EXPECT_EQ(t.state.gDatabaseName, file.string());
+
+  // 0 days: every start, the same day too.
+  t.state.gBackupDays = 0;
+  EXPECT_TRUE(BackupReminder(t.state));
+  EXPECT_TRUE(fs::exists(t.Data() / "KVL-RArchive-family-02.zip"));
 }
 
 TEST(BackupReminder, ANonDateIsSetToTodayWithoutABackup) {
@@ -136,12 +139,19 @@ TEST(Login, RowsComeByFirstNameWithTheirDisplayNames) {
 
 TEST(Titles, FollowTheThreeStates) {
   TempHome t;
-  EXPECT_EQ(MainTitle(t.state), "No Database Open");
-  fs::path file = MakeOpenDatabase(t);
-  EXPECT_EQ(MainTitle(t.state), "Norvan's KVL RENEWED - Database:" + file.string());
+  MakeOpenDatabase(t);
+  EXPECT_EQ(MainTitle(t.state), "");  // login pending
   AddSwimmer(*t.state.gDb, "Ada", "Lane", "F");
   LogIn(t.state, LoginRows(t.state)[0].athlete);
   EXPECT_EQ(MainTitle(t.state), "KVL-R for Ada Lane");
+  t.state.CloseCurrentDB();
+  EXPECT_EQ(MainTitle(t.state), "Norvan's KVL RENEWED");
+
+  const fs::path foreign = t.Data() / "notes.mdb";
+  SQLite::Database(foreign.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+      .exec("CREATE TABLE Notes (Line TEXT)");
+  EXPECT_FALSE(OpenOrCreateDatabase(t.state, foreign, nullptr));
+  EXPECT_EQ(MainTitle(t.state), "No Database Open");
 }
 
 TEST(Background, TheSwimmersOwnPictureElseTheDefault) {

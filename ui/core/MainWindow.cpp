@@ -263,7 +263,6 @@ void MainWindow::Start() {
   if (state_.gDbOpen) {
     BackupReminder(state_);
   } else {
-    state_.gTitle = std::string(kTitleNoDatabase);
     state_.gDataDir = state_.data_root;
   }
 
