@@ -62,6 +62,7 @@ void SaveConversionSettings(AppState& state, const ConversionSettings& settings)
   for (size_t i = 0; i < f.size(); ++i) state.gCvtFactors[i] = f[i];
   state.gCvtFactors[cvt::kType] = 2.0;
   state.gCvtFactors[10] = 0.0;
+  state.gY2L = settings.y2l;
 }
 
 StraightCheck CheckStraight(double value) {

@@ -23,11 +23,11 @@ struct ConversionSettings {
 ConversionSettings ReadConversionSettings(SQLite::Database& db);
 
 // Saves at once for the whole program: the nine factors go to state.gCvtFactors (slot 9
-// stays 2.0, slot 10 stays 0) and, in one transaction, all ten conversion fields (CvtType
-// as 2) and Y2L to the first OPTIONS row (a row is added when there is none). gY2L is left
-// alone: like the other OPTIONS values it is read when a database opens.
+// stays 2.0, slot 10 stays 0), Y2L to state.gY2L and, in one transaction, all ten
+// conversion fields (CvtType as 2) and Y2L to the first OPTIONS row (a row is added when
+// there is none).
 // Throws KvlError(err::kAppData) with no database open, store errors as they come; the
-// array is only changed once the row is written.
+// array and gY2L are only changed once the row is written.
 void SaveConversionSettings(AppState& state, const ConversionSettings& settings);
 
 // What leaving the Straight box does.

@@ -34,7 +34,7 @@ TEST(ConversionSettings, SaveTakesEffectAtOnceAndIsWrittenToOptions) {
   EXPECT_EQ(ConvertTime(t.state, 200, 12000, 1, 'S', 'L'), 12360);
   const CvtFactors expected = {1.2, 0.9, 0.5, 1.1, 0.75, 0.85, 0.03, 0.9, 1.01, 2.0, 0.0};
   EXPECT_EQ(t.state.gCvtFactors, expected);
-  EXPECT_TRUE(t.state.gY2L);  // read again only when a database opens
+  EXPECT_FALSE(t.state.gY2L);  // the browser's default direction follows at once
 
   SQLite::Statement row(*t.state.gDb,
                         "SELECT count(*), CvtFactor, FreeTurn, BackTurn, BreastTurn, FlyTurn, "
