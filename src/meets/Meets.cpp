@@ -226,7 +226,7 @@ void WriteMeetCalendar(AppState& state, const Meet& meet) {
   if (!meet.start) return;
   const std::string start_time = SwimmerMeetTime(state, "StartMeet", "1899-12-30 05:00:00");
   const std::string end_time = SwimmerMeetTime(state, "EndMeet", "1899-12-30 21:00:00");
-  const std::string comment = meet.mname.substr(0, 30);
+  const std::string& comment = meet.remarks;
   const long days = meet.end && *meet.end > *meet.start ? DaysBetween(*meet.start, *meet.end) : 0;
   SQLite::Statement add(db,
                         "INSERT INTO tblEvents (Athlete, DATE, Type, StartTime, EndTime, Comment) "

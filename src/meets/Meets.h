@@ -105,8 +105,8 @@ MeetSaveOutcome SaveMeet(AppState& state, const MeetForm& form);
 
 // The calendar rows of a meet (tblEvents Type 2, Athlete = the meet's key): the old rows
 // of the meet go, then one row per day from Start to End with the current swimmer's
-// meet times (StartMeet, EndMeet; 05:00 and 21:00 when not set) and the first 30
-// characters of the name. Store failures throw.
+// meet times (StartMeet, EndMeet; 05:00 and 21:00 when not set) and the meet's Remarks as
+// the comment. Store failures throw.
 void WriteMeetCalendar(AppState& state, const Meet& meet);
 
 // `DeleteOneMeet`: asks (title "Remove Meet"), then removes the meet's results, entries,

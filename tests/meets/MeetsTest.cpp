@@ -127,6 +127,7 @@ TEST_F(MeetsTest, SavedMeetGetsOneCalendarRowPerDay) {
   form.course = "SO";
   form.start = "12/04/2026";
   form.end = "12/06/2026";
+  form.remarks = "Warm-up 7:30, bring the blue caps";
   const MeetSaveOutcome saved = SaveMeet(t.state, form);
   ASSERT_EQ(saved.status, MeetSaveStatus::kSaved);
   const auto meet = LoadMeet(Db(), saved.meet);
@@ -141,7 +142,7 @@ TEST_F(MeetsTest, SavedMeetGetsOneCalendarRowPerDay) {
   std::vector<std::string> days;
   while (q.executeStep()) {
     days.push_back(q.getColumn(0).getString());
-    EXPECT_EQ(q.getColumn(1).getString(), "Harbor Winter Invitational Cha");
+    EXPECT_EQ(q.getColumn(1).getString(), "Warm-up 7:30, bring the blue caps");
     EXPECT_EQ(q.getColumn(2).getString(), "1899-12-30 05:00:00");
     EXPECT_EQ(q.getColumn(3).getString(), "1899-12-30 21:00:00");
   }
