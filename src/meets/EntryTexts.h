@@ -18,6 +18,12 @@ inline constexpr std::string_view kColCustomTime = "Custom Time";
 inline constexpr std::string_view kColExhib = "Exhib";
 inline constexpr std::string_view kNoTime = "NT";
 inline constexpr std::string_view kTimeCalculator = "Time Calculator";
+inline constexpr std::string_view kEntriesHelp =
+    "Choose a swimmer on the left to see the events of this meet open to the swimmer's age "
+    "and sex. Tick \"Entered\" to enter an event with the time under \"Best Time\": the "
+    "swimmer's best, converted to the meet's course unless the meet is of one course only. "
+    "Type a time in \"Custom Time\" to enter with another one, or NT for none, and tick "
+    "\"Exhib\" for an exhibition swim. Every change is kept at once.";
 
 // Favourite filters.
 inline constexpr std::string_view kFavoritesTitle = "Favorite Defaults";
@@ -43,6 +49,11 @@ inline constexpr std::string_view kNoDefaultHow =
 inline constexpr std::string_view kNoDefaultWhere = "at the top of the form.";
 inline constexpr std::string_view kSetDefaultQuestion =
     "Do you wish to set a Favorite Default Filter before leaving ? ";
+inline constexpr std::string_view kFavoritesHelp =
+    "A Favorite is a named pair of a meet type and a course. The Default Favorite gives the "
+    "meet type and course that the meet, result and report screens start with. Select a "
+    "Favorite and click on the Heart to make it the Default; Clear Default lets those "
+    "screens start with all meet types and courses.";
 
 // The joints of texts shown as one box: each part on its own line.
 inline constexpr std::string_view kLineBreak = "\r\n";

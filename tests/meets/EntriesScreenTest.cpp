@@ -9,6 +9,7 @@
 #include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
 
@@ -102,6 +103,11 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
   // The other swimmer: a girl sees the mixed event only.
   screen.SelectSwimmer(1);
   EXPECT_EQ(model.rowCount(), 1);
+
+  t.io.shown.clear();
+  screen.findChild<QPushButton*>("cmdHelp")->click();
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_NE(t.io.shown[0].text.find("Custom Time"), std::string::npos);
 }
 
 TEST_F(EntriesScreen, AMeetWithoutEntryEventsIsNotShown) {
@@ -161,6 +167,11 @@ TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {
   screen.DeleteFavorite();
   EXPECT_EQ(screen.Model()->rowCount(), 1);
   EXPECT_EQ(t.state.gFavorite, "");
+
+  t.io.shown.clear();
+  screen.findChild<QPushButton*>("cmdHelp")->click();
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_NE(t.io.shown[0].text.find("Heart"), std::string::npos);
 
   // No default: the first answer keeps the screen open, the second lets it go.
   screen.show();

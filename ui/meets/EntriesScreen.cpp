@@ -187,13 +187,16 @@ frmEntNa::frmEntNa(AppState& state, int32_t meet, QWidget* parent)
   calc->setObjectName("cmdCalc");
   auto* print = new QPushButton(tr("&Print"), this);
   print->setObjectName("cmdPrint");
+  auto* help = new QPushButton(tr("&Help"), this);
+  help->setObjectName("cmdHelp");
   auto* close = new QPushButton(tr("&Close"), this);
   close->setObjectName("cmdClose");
-  for (QPushButton* b : {calc, print, close}) b->setAutoDefault(false);
+  for (QPushButton* b : {calc, print, help, close}) b->setAutoDefault(false);
 
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(calc);
   buttons->addWidget(print);
+  buttons->addWidget(help);
   buttons->addStretch(1);
   buttons->addWidget(close);
 
@@ -222,6 +225,8 @@ frmEntNa::frmEntNa(AppState& state, int32_t meet, QWidget* parent)
   });
   connect(calc, &QPushButton::clicked, this, &frmEntNa::OpenCalculator);
   connect(print, &QPushButton::clicked, this, [this] { state_.io->Tell(kPrintNotYet); });
+  connect(help, &QPushButton::clicked, this,
+          [this] { state_.io->Message(entrytxt::kEntriesHelp, box::kInformation, ""); });
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
 
   ready_ = read;

@@ -162,10 +162,11 @@ frmFav::frmFav(AppState& state, QWidget* parent) : QDialog(parent), state_(state
   QPushButton* heart = make(kHeart + tr(" Set Default"), "cmdDefault",
                             tr("Make the selected Favorite the Default Filter"));
   QPushButton* clear = make(tr("C&lear Default"), "cmdClearDefault", tr("No Default Filter"));
+  QPushButton* help = make(tr("&Help"), "cmdHelp", {});
   QPushButton* close = make(tr("&Close"), "cmdClose", {});
 
   auto* tools = new QHBoxLayout;
-  for (QPushButton* b : {add, edit, remove, heart, clear}) tools->addWidget(b);
+  for (QPushButton* b : {add, edit, remove, heart, clear, help}) tools->addWidget(b);
   tools->addStretch(1);
   auto* bottom = new QHBoxLayout;
   bottom->addStretch(1);
@@ -182,6 +183,8 @@ frmFav::frmFav(AppState& state, QWidget* parent) : QDialog(parent), state_(state
   connect(remove, &QPushButton::clicked, this, &frmFav::DeleteFavorite);
   connect(heart, &QPushButton::clicked, this, &frmFav::SetDefault);
   connect(clear, &QPushButton::clicked, this, &frmFav::ClearDefault);
+  connect(help, &QPushButton::clicked, this,
+          [this] { state_.io->Message(entrytxt::kFavoritesHelp, box::kInformation, ""); });
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   if (model_->rowCount() > 0) view_->selectRow(0);
 }
