@@ -51,7 +51,7 @@ int Restore(Context& c) {
                                         c.args.Value("--name"), false);
   if (!restored) return kRefused;
   Row(c.env.out, {"Database", "Backed up Database Name", "Backup was Created", "Backup Comments"});
-  Row(c.env.out, {restored->string(), info->database_member, info->created_text, info->comments});
+  Row(c.env.out, {restored->string(), info->database_member, info->created.Iso(), info->comments});
   return kOk;
 }
 

@@ -65,18 +65,12 @@ int Best(Context& c) {
     }
   }
 
-  SQLite::Statement events(database,
-                           "SELECT DISTINCT DISTANCE, STROKE FROM RESULT "
-                           "WHERE ATHLETE = ? AND I_R = 'I' ORDER BY STROKE, DISTANCE");
-  events.bind(1, athlete);
   SQLite::Statement meet_name(database, "SELECT MName FROM MEET WHERE Meet = ?");
   BestTimeFinder finder(c.state);
   const Date from = since.value_or(c.state.gNullDate);
 
   Row(c.env.out, {"Distance", "Stroke", "Time", "Course", "Meet"});
-  while (events.executeStep()) {
-    const auto distance = static_cast<int16_t>(events.getColumn(0).getInt());
-    const auto stroke = static_cast<int16_t>(events.getColumn(1).getInt());
+  for (const auto [distance, stroke] : SwumEvents(database, athlete, course)) {
     const BestTimeRec rec = fastest ? finder.FastestText(athlete, distance, stroke, course,
                                                          since.has_value(), from, type)
                                     : finder.BestText(athlete, distance, stroke, course,

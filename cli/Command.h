@@ -44,6 +44,10 @@ std::string OnePath(const Context& c);
 // The value of a required option; UsageError when absent.
 std::string Required(const Context& c, const std::string& option);
 
+// The --stroke option: a stroke's word ("Free", "Back", "Breast", "Fly", "IM", any case)
+// or a code from `low` to `high`; 0 when absent. UsageError otherwise.
+int16_t StrokeOption(const Context& c, int low, int high);
+
 // --yes / --no given behind the command word answer its questions.
 void TakeAnswer(Context& c);
 

@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include <charconv>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -7,6 +8,8 @@
 #include <fmt/format.h>
 
 #include "Command.h"
+#include "core/SwimCodes.h"
+#include "core/VbRules.h"
 #include "shell/Hooks.h"
 #include "store/Database.h"
 #include "store/DbVersion.h"
@@ -50,6 +53,20 @@ std::string OnePath(const Context& c) {
 std::string Required(const Context& c, const std::string& option) {
   if (!c.args.values.count(option)) throw UsageError(option + " is required");
   return c.args.values.at(option);
+}
+
+int16_t StrokeOption(const Context& c, int low, int high) {
+  const std::string text = c.args.Value("--stroke");
+  if (text.empty()) return 0;
+  for (int s = 1; s <= 5; ++s) {
+    if (UCase(text) == UCase(StrokeText(s, ""))) return static_cast<int16_t>(s);
+  }
+  int value = 0;
+  const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (ec != std::errc() || end != text.data() + text.size() || value < low || value > high) {
+    throw UsageError(fmt::format("--stroke expects {} to {} or a stroke name", low, high));
+  }
+  return static_cast<int16_t>(value);
 }
 
 void TakeAnswer(Context& c) {

@@ -31,7 +31,9 @@ char Course(const Context& c, const std::string& option) {
 int Convert(Context& c) {
   // The fifties of a race must fit in a byte: 12774 is the longest distance the routine takes.
   const int16_t distance = SmallNumber(c, "--distance", 1, 12774);
-  const int16_t stroke = SmallNumber(c, "--stroke", 0, 10);
+  if (Required(c, "--stroke").empty())
+    throw UsageError("--stroke expects 0 to 10 or a stroke name");
+  const int16_t stroke = StrokeOption(c, 0, 10);
   const char from = Course(c, "--from");
   const char to = Course(c, "--to");
   if (c.args.positional.empty()) throw UsageError("expects at least one TIME");
@@ -60,7 +62,8 @@ std::vector<Command> ConversionCommands() {
       {"convert",
        "kvlr convert --distance D --stroke S --from Y|S|L --to Y|S|L [--db PATH] TIME...",
        "Convert swim times between pool courses (Y yards, S short-course metres, L long-course "
-       "metres) for the event of distance D and stroke code S (1 Free .. 5 IM); a 500 yards "
+       "metres) for the event of distance D and stroke S (Free, Back, Breast, Fly, IM or "
+       "the code 1 to 5); a 500 yards "
        "time goes with D 500, a 400 metres one with D 400. Factors from the database PATH, "
        "else a new database's. Prints each TIME and its converted time.",
        {"--distance", "--stroke", "--from", "--to", "--db"},

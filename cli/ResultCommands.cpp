@@ -36,18 +36,6 @@ std::string CourseOption(const Context& c, const std::string& option) {
   return text;
 }
 
-// A stroke number (1 to 7) or its word ("Free", "Back", "Breast", "Fly", "IM").
-int16_t StrokeOption(const Context& c) {
-  const std::string text = c.args.Value("--stroke");
-  if (text.empty()) return 0;
-  for (int s = 1; s <= 5; ++s) {
-    if (UCase(text) == UCase(StrokeText(s, ""))) return static_cast<int16_t>(s);
-  }
-  const int32_t n = NumberOption(c, "--stroke", false);
-  if (n < 1 || n > 7) throw UsageError("--stroke expects 1 to 7 or a stroke name");
-  return static_cast<int16_t>(n);
-}
-
 int Results(Context& c) {
   if (!c.args.positional.empty()) throw UsageError("takes no positional arguments");
   const std::string db = Required(c, "--db");
@@ -55,7 +43,7 @@ int Results(Context& c) {
   filter.athlete = NumberOption(c, "--athlete", true);
   filter.meet = NumberOption(c, "--meet", false);
   filter.course = CourseOption(c, "--course");
-  filter.stroke = StrokeOption(c);
+  filter.stroke = StrokeOption(c, 1, 7);
   filter.distance = static_cast<int16_t>(NumberOption(c, "--distance", false));
   if (c.args.values.count("--since")) {
     const std::string& text = c.args.values.at("--since");
@@ -98,11 +86,15 @@ int Results(Context& c) {
   const auto records = RunResults(*c.state.gDb, plan);
   const auto cells = FillResultCells(records, options, CurrentStandardLookup(c.state),
                                      StateTimeConverter(c.state));
-  const auto headings = ResultHeadings(filter.sort);
+  auto headings = ResultHeadings(filter.sort);
+  // The grid heads both ages "Age"; a reader of the rows needs them apart.
+  headings[kColEventAge] = "Event Age";
+  headings[kColSwimmerAge] = "Swimmer Age";
   Row(c.env.out, {headings.begin(), headings.end()});
-  for (const auto& row : cells) {
+  for (size_t i = 0; i < cells.size(); ++i) {
     std::vector<std::string> columns;
-    for (const auto& cell : row) columns.push_back(Trim(cell));
+    for (const auto& cell : cells[i]) columns.push_back(Trim(cell));
+    columns[kColStartDate] = records[i].start ? records[i].start->Iso() : "";
     Row(c.env.out, columns);
   }
   return kOk;

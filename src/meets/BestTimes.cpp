@@ -1,5 +1,6 @@
 #include "meets/BestTimes.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "core/ErrorHandler.h"
@@ -95,6 +96,26 @@ int16_t BestLookupDistance(int16_t distance, int16_t stroke, char course) {
     default:
       return distance;
   }
+}
+
+std::vector<SwumEvent> SwumEvents(SQLite::Database& db, int32_t athlete, char course) {
+  SQLite::Statement q(db,
+                      "SELECT DISTINCT DISTANCE, STROKE FROM RESULT WHERE ATHLETE = ? AND "
+                      "I_R = 'I' ORDER BY STROKE, DISTANCE");
+  q.bind(1, athlete);
+  std::vector<SwumEvent> events;
+  while (q.executeStep()) {
+    const auto stroke = static_cast<int16_t>(q.getColumn(1).getInt());
+    const auto distance =
+        BestLookupDistance(static_cast<int16_t>(q.getColumn(0).getInt()), stroke, course);
+    events.push_back({distance, stroke});
+  }
+  // Two courses' names of one race now read alike: keep one.
+  std::stable_sort(events.begin(), events.end(), [](const SwumEvent& a, const SwumEvent& b) {
+    return a.stroke != b.stroke ? a.stroke < b.stroke : a.distance < b.distance;
+  });
+  events.erase(std::unique(events.begin(), events.end()), events.end());
+  return events;
 }
 
 BestTimeFinder::BestTimeFinder(AppState& state) : state_(state) {}

@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <SQLiteCpp/Statement.h>
 
@@ -82,6 +83,18 @@ class BestTimeFinder {
 // The distance looked up in `course` for an event of `distance` in GetBest: yards swim 500,
 // 1000, 1650 where metres swim 400, 800, 1500; a 400 stays 400 in yards except freestyle.
 int16_t BestLookupDistance(int16_t distance, int16_t stroke, char course);
+
+// An individual event as best-time lists name it.
+struct SwumEvent {
+  int16_t distance = 0;
+  int16_t stroke = 0;
+  bool operator==(const SwumEvent&) const = default;
+};
+
+// The individual events the swimmer has swum in any course, each once, named by the
+// distance `course` swims it (BestLookupDistance: a long-course 400 free is listed as the
+// 500 free of yards), by stroke then distance. Store failures throw.
+std::vector<SwumEvent> SwumEvents(SQLite::Database& db, int32_t athlete, char course);
 
 // The same lookups with a finder made for the one call (its statements prepared each time).
 BestTimeRec GetFastestByCourse(AppState& state, int32_t athlete, int16_t distance, int16_t stroke,

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
+#include <set>
 #include <sstream>
+#include <tuple>
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -65,7 +68,7 @@ TEST_F(Cli, RefusalsGiveTheProgramsWordsAndExitOne) {
       {{"new-db", Db("O'Brien.mdb")}, "can not include quotes, apostrophes"},
       {{"new-db", Db("a-name-far-too-long-for-it.mdb")}, "can not be longer than 20 characters"},
       {{"new-db", Db("taken.mdb")}, "already exists"},
-      {{"check-db", Db("junk.mdb")}, "Not a valid KVL-R Database."},
+      {{"--no", "check-db", Db("junk.mdb")}, "Not a valid KVL-R Database."},
       {{"check-db", Db("gone.mdb")}, "That file no longer exists."},
       {{"new-db", Db(".mdb")}, "needs a name before \".mdb\""},
       {{"new-db", Db("tab\there.mdb")}, "can not hold tabs, line breaks"},
@@ -209,6 +212,19 @@ TEST_F(Cli, ASeasonThroughTheTool) {
       SQLite::bind(swim, std::stoi(athlete), score, round);
       swim.exec();
     }
+    // One long-distance free race in two courses: 500 yards and 400 long-course metres.
+    file.exec(
+        "INSERT INTO MEET (Meet, MName, Start, \"End\", Course, Type) VALUES "
+        "(2, 'Lakeside Long Course', '2027-01-09', '2027-01-10', 'L', 'AG')");
+    SQLite::Statement free(file,
+                           "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, MTEVENT, "
+                           "DISTANCE, STROKE, COURSE, AGE) VALUES (?, ?, 'I', ?, 'F', 0, ?, ?, "
+                           "1, ?, 12)");
+    SQLite::bind(free, 1, std::stoi(athlete), 33000, 31, 500, "Y");
+    free.exec();
+    free.reset();
+    SQLite::bind(free, 2, std::stoi(athlete), 28000, 40, 400, "L");
+    free.exec();
   }
   EXPECT_EQ(Kvlr({"rank", "--db", db}).code, 0);
 
@@ -222,11 +238,56 @@ TEST_F(Cli, ASeasonThroughTheTool) {
   ASSERT_EQ(results.code, 0) << results.err;
   EXPECT_NE(results.out.find("1:03.98"), std::string::npos) << results.out;
   EXPECT_NE(results.out.find("1:05.12"), std::string::npos) << results.out;
+  EXPECT_NE(results.out.find("\t2026-12-05\t"), std::string::npos) << results.out;
 
-  Outcome best = Kvlr({"best", "--db", db, "--athlete", athlete, "--course", "Y"});
-  ASSERT_EQ(best.code, 0) << best.err;
-  EXPECT_NE(best.out.find("100\tBack\t1:03.98Y\tY\tHarbor Winter Classic"), std::string::npos)
-      << best.out;
+  // Each event once, under the distance of the course asked for.
+  for (auto [course, listed, other] : {std::tuple{"Y", "500\tFree\t", "400\tFree\t"},
+                                       std::tuple{"L", "400\tFree\t", "500\tFree\t"}}) {
+    Outcome best = Kvlr({"best", "--db", db, "--athlete", athlete, "--course", course});
+    ASSERT_EQ(best.code, 0) << best.err;
+    EXPECT_NE(best.out.find(std::string("\n") + listed), std::string::npos) << best.out;
+    EXPECT_EQ(best.out.find(std::string("\n") + listed), best.out.rfind(std::string("\n") + listed))
+        << best.out;
+    EXPECT_EQ(best.out.find(std::string("\n") + other), std::string::npos) << best.out;
+    if (std::string(course) == "Y") {
+      EXPECT_NE(best.out.find("100\tBack\t1:03.98Y\tY\tHarbor Winter Classic"), std::string::npos)
+          << best.out;
+    }
+  }
+  Outcome by_word = Kvlr(
+      {"convert", "--distance", "100", "--stroke", "back", "--from", "Y", "--to", "L", "1:03.98"});
+  ASSERT_EQ(by_word.code, 0) << by_word.err;
+  EXPECT_EQ(by_word.out, Kvlr({"convert", "--distance", "100", "--stroke", "2", "--from", "Y",
+                               "--to", "L", "1:03.98"})
+                             .out);
+
+  // Headers name each column once; dates read YYYY-MM-DD.
+  const Outcome backup = Kvlr({"--yes", "backup", "--db", db, "--to", t.Data().string()});
+  ASSERT_EQ(backup.code, 0) << backup.err;
+  const fs::path zip = [&] {
+    for (const auto& e : fs::directory_iterator(t.Data())) {
+      if (e.path().extension() == ".zip") return e.path();
+    }
+    return fs::path();
+  }();
+  fs::create_directory(t.Data() / "restored");
+  const Outcome restored =
+      Kvlr({"--yes", "restore", zip.string(), "--to", (t.Data() / "restored").string()});
+  ASSERT_EQ(restored.code, 0) << restored.err;
+  EXPECT_TRUE(
+      std::regex_search(restored.out, std::regex("\t\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\t")))
+      << restored.out;
+  for (const Outcome& o : {results, restored, Kvlr({"athletes", "--db", db})}) {
+    const std::string head = o.out.substr(0, o.out.find('\n'));
+    std::set<std::string> names;
+    size_t count = 0;
+    for (size_t at = 0; at <= head.size(); ++count) {
+      const size_t tab = std::min(head.find('\t', at), head.size());
+      names.insert(head.substr(at, tab - at));
+      at = tab + 1;
+    }
+    EXPECT_EQ(names.size(), count) << head;
+  }
 
   // A standard goes out and comes back the same.
   const std::string csv = Db("girls.csv");
