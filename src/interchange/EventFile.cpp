@@ -21,6 +21,7 @@ namespace {
 constexpr size_t kNameSize = 45;
 constexpr size_t kLocationSize = 45;
 constexpr size_t kCourseSize = 2;
+constexpr size_t kTypeSize = 3;
 
 void BindDate(SQLite::Statement& s, int index, const std::optional<Date>& date) {
   if (date)
@@ -79,14 +80,19 @@ EventImportOutcome ImportEvents(AppState& state, const std::filesystem::path& nv
     meet.course = file->meet.course.substr(0, kCourseSize);
     meet.location = Utf8Prefix(file->meet.location, kLocationSize);
     SQLite::Statement add_meet(db,
-                               "INSERT INTO MEET (MName, Start, End, AgeUp, Course, Location) "
-                               "VALUES (?, ?, ?, ?, ?, ?)");
+                               "INSERT INTO MEET (MName, Start, End, AgeUp, Course, Location, "
+                               "Type) VALUES (?, ?, ?, ?, ?, ?, ?)");
     add_meet.bind(1, meet.mname);
     BindDate(add_meet, 2, meet.start);
     BindDate(add_meet, 3, meet.end);
     BindDate(add_meet, 4, meet.age_up);
     add_meet.bind(5, meet.course);
     add_meet.bind(6, meet.location);
+    if (const std::string type = Utf8Prefix(file->meet.meet_class, kTypeSize); !type.empty()) {
+      add_meet.bind(7, type);
+    } else {
+      add_meet.bind(7);
+    }
     add_meet.exec();
     meet.meet = static_cast<int32_t>(db.getLastInsertRowid());
     WriteMeetCalendar(state, meet);

@@ -190,6 +190,7 @@ void CertifyByKind(AppState& state, ImportMonitor& monitor, ImportFile& file, bo
   const std::string& ext = file.extension;
   if (ext == ".CL2" || ext == ".SD3") {
     file.panel = ShowFileStatistics(file.lines, path, state.gDateOrder, state.io);
+    file.roster = IsRosterFile(file.lines.front());
     if (!file.panel.valid_for_import) {
       SetStatus(file, monitor, std::string(ct::kNoValidForImport));
       return;
@@ -221,7 +222,7 @@ void CertifyByKind(AppState& state, ImportMonitor& monitor, ImportFile& file, bo
       SwimmerMatcher matcher(CurrentSwimmer{state.gAthlete, state.gAthleteFirst, state.gAthleteLast,
                                             state.gAthleteSex},
                              ReadFamily(state), false);
-      if (!NV3AthleteCheck(state, monitor, file.lines, matcher)) return;
+      if (!NV3AthleteCheck(state, monitor, file.lines, matcher, path.filename().string())) return;
     }
     SetStatus(file, monitor,
               std::string(ct::kImportFileChecked) + std::string(report ? kToPrint : kToImport));

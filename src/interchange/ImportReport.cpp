@@ -139,9 +139,9 @@ void PutSdifSwim(IsdinRow& row, const SdifD0& d0, std::string_view line, int dat
   row.stroke = ReportStrokeText(row.int_stroke, "I");
   row.lo_hi = d0.event_age;
   row.p_time = Trim(d0.prelim_time.text);
-  row.p_cors = Trim(d0.prelim_course);
+  row.p_cors = SdifCourseLetter(d0.prelim_course);
   row.f_time = Trim(d0.finals_time.text);
-  row.f_cors = Trim(d0.finals_course);
+  row.f_cors = SdifCourseLetter(d0.finals_course);
   if (IsDivingStroke(row.int_stroke)) row.diving = kMark;
 }
 
@@ -254,9 +254,9 @@ class Reporter {
       row.stroke = ReportStrokeText(row.int_stroke, "R");
       row.lo_hi = e0.event_age;
       row.p_time = Trim(e0.prelim_time.text);
-      row.p_cors = Trim(e0.prelim_course);
+      row.p_cors = SdifCourseLetter(e0.prelim_course);
       row.f_time = Trim(e0.finals_time.text);
-      row.f_cors = Trim(e0.finals_course);
+      row.f_cors = SdifCourseLetter(e0.finals_course);
       row.relay = kMark;
       relay_ = {row.ev_sex, row.dist, row.stroke, row.int_dist, row.int_stroke, row.lo_hi};
       rows_.Add(row);
@@ -275,7 +275,7 @@ class Reporter {
       row.sex = Trim(f0.sex);
       PutRelayEvent(row);
       row.f_time = Trim(f0.leg_time.text);
-      row.f_cors = Trim(f0.leg_course);
+      row.f_cors = SdifCourseLetter(f0.leg_course);
       row.relay = kMark;
       rows_.Add(row);
     }

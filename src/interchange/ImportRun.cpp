@@ -49,7 +49,8 @@ ImportOutcome RunImportFile(AppState& state, ImportMonitor& monitor, const Impor
   if (!file.ready || !state.gDb) return out;
   const char* routine = "basImpCL.SDIFImport";
   try {
-    ImportSession session(state, criteria, monitor);
+    const bool roster = file.roster && (file.extension == ".CL2" || file.extension == ".SD3");
+    ImportSession session(state, criteria, monitor, roster);
     session.Counts().checked = file.counts.checked;
     if (state.gReportDb) ClearIsdin(*state.gReportDb);
     WalkEnd end = WalkEnd::kDone;
@@ -80,7 +81,7 @@ ImportOutcome RunImportFile(AppState& state, ImportMonitor& monitor, const Impor
     session.Commit();
     out.counts = session.Counts();
     out.not_all_imported = session.NotAllImported();
-    if (AnyResults(out.counts)) session.UpdateResultRankings();
+    if (AnyResults(out.counts) && !roster) session.UpdateResultRankings();
     monitor.Percent(-1);
     if (end == WalkEnd::kCancelled) {
       out.cancelled = true;
@@ -88,6 +89,10 @@ ImportOutcome RunImportFile(AppState& state, ImportMonitor& monitor, const Impor
     } else {
       out.ok = true;
       out.status = std::string(AnythingCounted(out.counts) ? kImportSuccessful : kNoDataImported);
+      if (roster) {
+        state.io->Tell(std::to_string(out.counts.Processed(ImportRow::kIndividual)) +
+                       std::string(kAthletesImported));
+      }
       if (psn_results >= 0) state.io->Tell(ResultsProcessedText(psn_results));
       if (nv3 && !session.Matcher().AnyMatch()) {
         state.io->Tell(NoResultsText(session.Matcher()));

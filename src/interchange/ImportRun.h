@@ -14,6 +14,8 @@ inline constexpr std::string_view kImportAborted = "Import aborted by user.";
 inline constexpr std::string_view kNotAllImportedAsk =
     "Not all data was imported.  Do you want to view the exception report?";
 inline constexpr std::string_view kStopImportingAsk = "Do you want to stop importing this file?";
+// Behind the number of swimmers a roster file gave their cards.
+inline constexpr std::string_view kAthletesImported = " Athletes Imported";
 
 // Behind the file name: a .cl2 or .sd3 whose lines end without a Z0.
 inline constexpr std::string_view kNoEndRecord =

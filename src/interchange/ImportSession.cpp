@@ -333,6 +333,7 @@ bool ImportSession::SaveSplit(int32_t result, int split_index, int32_t split, bo
 }
 
 void ImportSession::LogException(const std::vector<std::string>& lines) {
+  not_all_imported_ = true;
   std::ofstream log(log_path_, std::ios::binary | std::ios::app);
   for (const std::string& line : lines) {
     std::string record = line.substr(0, 78);

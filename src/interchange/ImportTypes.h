@@ -53,6 +53,7 @@ struct ImportFile {
   ImportCounts counts;         // the " Records Checked" column
   bool ready = false;          // every check passed: Import / Print may go on
   bool has_relays = false;     // any E0 (the report adds the relay report)
+  bool roster = false;         // an athlete roster (content "43"): swimmers' cards, no results
   bool no_end_record = false;  // a .cl2 or .sd3 whose lines ended without a Z0: it may be
                                // cut short (the user was warned, or said to go on)
   std::string status;          // the last status line shown

@@ -8,10 +8,12 @@
 
 namespace kvlr {
 
-std::string Nv3BadLineText(size_t line_number, std::string_view line, std::string_view problem) {
+std::string Nv3BadLineText(std::string_view file_name, size_t line_number, std::string_view line,
+                           std::string_view problem) {
   const std::string_view first = line.substr(0, std::min<size_t>(80, line.size()));
   const std::string_view rest = line.size() > 80 ? line.substr(80) : std::string_view();
-  std::string text = std::string(kNv3ErrorLinePrefix) + std::to_string(line_number) + "\r\n";
+  std::string text = std::string(kNv3FileErrorPrefix) + std::string(file_name) + "\r\n";
+  text += std::string(kNv3ErrorLinePrefix) + std::to_string(line_number) + "\r\n";
   text += std::string(kNv3ProblemLineTwoParts) + "\r\n";
   text += ">>" + std::string(first) + "<<\r\n";
   text += ">>" + std::string(rest) + "<<\r\n";
@@ -20,7 +22,7 @@ std::string Nv3BadLineText(size_t line_number, std::string_view line, std::strin
 }
 
 bool NV3AthleteCheck(AppState& state, ImportMonitor& monitor, const std::vector<std::string>& lines,
-                     SwimmerMatcher& matcher) {
+                     SwimmerMatcher& matcher, std::string_view file_name) {
   monitor.Status(kNv3CheckingForAthletes);
   for (size_t i = 0; i < lines.size(); ++i) {
     const std::string& line = lines[i];
@@ -32,7 +34,8 @@ bool NV3AthleteCheck(AppState& state, ImportMonitor& monitor, const std::vector<
     if (!athlete.birth) problem = kNv3ProblemDate;
     if (!problem.empty()) {
       monitor.Percent(-1);
-      state.io->Message(Nv3BadLineText(i + 1, line, problem), box::kStop, kNv3ErrorTitle);
+      state.io->Message(Nv3BadLineText(file_name, i + 1, line, problem), box::kStop,
+                        kNv3ErrorTitle);
       return false;
     }
     // The matcher looks for the family's first (or preferred) names inside this part.

@@ -23,11 +23,13 @@ inline constexpr std::string_view kNv3ProblemName = "Swimmer's Name";
 // not a failure, the user may still import. Returns false only for a D1 with no last name
 // or a birth date that is no day: the two-part "error" box names the line and the check
 // stops there. Status " Checking for Athletes... ", then " Athlete Check Successful ".
+// `file_name` is named in that box.
 bool NV3AthleteCheck(AppState& state, ImportMonitor& monitor, const std::vector<std::string>& lines,
-                     SwimmerMatcher& matcher);
+                     SwimmerMatcher& matcher, std::string_view file_name);
 
-// The two-part box of a line the check refused: line number from 1, columns 1-80 and
-// 81 to the end between ">>" and "<<", then "Problem: " + `problem`.
-std::string Nv3BadLineText(size_t line_number, std::string_view line, std::string_view problem);
+// The two-part box of a line the check refused: the file, the line number from 1,
+// columns 1-80 and 81 to the end between ">>" and "<<", then "Problem: " + `problem`.
+std::string Nv3BadLineText(std::string_view file_name, size_t line_number, std::string_view line,
+                           std::string_view problem);
 
 }  // namespace kvlr

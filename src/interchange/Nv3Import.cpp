@@ -75,6 +75,8 @@ class Nv3Walk {
     } else if (code == "E1") {
       entry_ = LoadNV3EventRec(line);
       first_result_ = second_result_ = 0;
+      // The meet program marks swim-offs, time trials and the like on the entry itself.
+      phase_ = source_ == "GS" ? Trim(entry_.gs_mark) : "";
     } else if (code == "E2") {
       if (previous_ != "E1" && previous_ != "E2") Fail(kNv3EventOutOfPlace);
       if (s_.Matcher().FoundSwimmer() && !s_.RosterMode()) ProcessNv3EventInfo(line);
@@ -93,11 +95,16 @@ class Nv3Walk {
   }
 
   // One swim of an E2: stored when it has a time or a non-time code.
-  int32_t SaveSwim(const Nv3Swim& swim, int32_t event, const std::string& i_r,
-                   std::string& f_p_kept, bool& skipped) {
-    if (swim.score < 1 && Trim(swim.nt_text).empty()) return 0;
+  // The phase of a swim; in a file of the meet program its "S" is a semi-final.
+  std::string Phase(const Nv3Swim& swim) const {
     std::string f_p = Trim(swim.f_p);
     if (source_ == "GS" && f_p == "S") f_p = "I";
+    return f_p;
+  }
+
+  int32_t SaveSwim(const Nv3Swim& swim, const std::string& f_p, int32_t event,
+                   const std::string& i_r, std::string& f_p_kept, bool& skipped) {
+    if (swim.score < 1 && Trim(swim.nt_text).empty()) return 0;
     int age = entry_.age;
     if (source_ == "GS" && Val(athlete_.age) > 0) age = static_cast<int>(Val(athlete_.age));
     const std::string text = Trim(swim.nt_text).empty() ? swim.time_text : swim.nt_text;
@@ -115,12 +122,18 @@ class Nv3Walk {
   void ProcessNv3EventInfo(const std::string& line) {
     const Nv3Result e2 = LoadNV3ResultRec(line);
     const Nv3EventKey& k = entry_.key;
-    const int32_t event = s_.GetMeetEvent(k.distance, k.stroke, k.lo_hi, Trim(k.event_sex),
-                                          k.event_number, k.event_letter, s_.MeetCourse(), "I");
+    // Some writers leave the E1 without a number and put the final's number on the E2.
+    const int number =
+        k.event_number == 0 && Trim(e2.first.f_p) == "F" ? e2.number : k.event_number;
+    const int32_t event = s_.GetMeetEvent(k.distance, k.stroke, k.lo_hi, Trim(k.event_sex), number,
+                                          k.event_letter, s_.MeetCourse(), "I");
+    if (!(source_ == "GS" && (phase_ == "S" || phase_ == "T" || phase_ == "M"))) {
+      phase_ = Phase(e2.first);
+    }
     bool skipped = false;
     const std::string first_ir = Trim(entry_.lead_off) == "L" ? "L" : "I";
-    first_result_ = SaveSwim(e2.first, event, first_ir, first_fp_, skipped);
-    second_result_ = SaveSwim(e2.second, event, "I", second_fp_, skipped);
+    first_result_ = SaveSwim(e2.first, phase_, event, first_ir, first_fp_, skipped);
+    second_result_ = SaveSwim(e2.second, Phase(e2.second), event, "I", second_fp_, skipped);
     if (skipped) {
       s_.SetNotAllImported();
       if (SQLite::Database* report = s_.State().gReportDb.get()) {
@@ -166,6 +179,7 @@ class Nv3Walk {
   Nv3Entry entry_;
   int32_t first_result_ = 0, second_result_ = 0;
   std::string first_fp_, second_fp_;
+  std::string phase_;  // of the first swim; a mark of the meet program's E1 outlives its E2s
 };
 
 }  // namespace

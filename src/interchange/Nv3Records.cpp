@@ -171,8 +171,9 @@ Nv3HeaderCheck CheckNV3Header(std::string_view line, bool allow_entries) {
     check.source = "CS";
     check.ok = true;
   } else if (code == "11") {
-    // Proof of time is for the meet program to review; it never comes in here.
+    // Where entries may come in, proof of time is only pointed out, not refused.
     check.message = allow_entries ? kNv3ProofOfTimeReview : kNv3ProofOfTimeRefused;
+    check.ok = allow_entries;
   } else {
     check.message = kNv3UnknownRefused;
   }

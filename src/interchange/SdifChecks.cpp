@@ -34,6 +34,14 @@ bool CheckTimeAndCourse(int32_t score, std::string_view time_text, std::string_v
   return ok;
 }
 
+std::string SdifCourseLetter(std::string_view code) {
+  const std::string c = UCase(Trim(code));
+  if (c == "1" || c == "S" || c == "M") return "S";
+  if (c == "2" || c == "Y") return "Y";
+  if (c == "3" || c == "L") return "L";
+  return c;
+}
+
 SwimmerName ParseSwimmerName(std::string_view name) {
   SwimmerName out;
   const std::string upper = UCase(name);

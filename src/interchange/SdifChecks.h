@@ -23,6 +23,11 @@ bool CheckCode(std::string_view value, std::string_view list, std::string_view l
 bool CheckTimeAndCourse(int32_t score, std::string_view time_text, std::string_view course,
                         std::string* problem);
 
+// A course code of an SDIF or Commlink file as the store keeps it: "1", "S" or "M" short
+// course metres "S"; "2" or "Y" yards "Y"; "3" or "L" long course metres "L". Anything
+// else (blank, "X") comes back trimmed and upper-cased for the caller's own rule.
+std::string SdifCourseLetter(std::string_view code);
+
 struct SwimmerName {
   bool ok = false;
   std::string last, first, initial;

@@ -14,15 +14,10 @@ namespace kvlr {
 
 namespace {
 
-// A result course: a course letter as it stands, a number by the meet course rule, and
-// the meet's course when the file gives none.
+// A result course by the file's own codes; the meet's course when the file gives none.
 std::string ResultCourse(std::string_view course, const std::string& meet_course) {
-  const std::string c = UCase(Trim(course));
+  const std::string c = SdifCourseLetter(course);
   if (c == "S" || c == "Y" || c == "L") return c;
-  if (!c.empty() && c[0] >= '0' && c[0] <= '9') {
-    const std::string letter = ImportCourseLetter(c);
-    if (!letter.empty()) return letter;
-  }
   return meet_course;
 }
 
@@ -60,8 +55,8 @@ class SdifWalk {
     if (code == "B1") {
       LoadB1Rec(line, order_, b1_);
       b1_line_ = line;
-      if (!s_.ProcessMeetRec(b1_.meet_name, b1_.start, b1_.end, FileDate{}, b1_.course,
-                             b1_.location)) {
+      if (!s_.ProcessMeetRec(b1_.meet_name, b1_.start, b1_.end, FileDate{},
+                             SdifCourseLetter(b1_.course), b1_.location)) {
         throw ImportLineError(i_ + 1, "Meet");
       }
       ++Count(ImportRow::kMeets);
@@ -129,6 +124,7 @@ class SdifWalk {
     LoadD0Rec(line, order_, d0_);
     d0_line_ = line;
     if (!s_.Matcher().MatchNameField(d0_.swimmer_name, d0_.sex)) return;
+    d3_ = SdifD3{};  // another swimmer's D3 must not lend this one its number
     if (has_d3_ && i_ + 1 < lines_.size() && lines_[i_ + 1].starts_with("D3")) {
       LoadD3Rec(lines_[++i_], d3_);
     }
@@ -186,10 +182,10 @@ class SdifWalk {
     row.team_code = Trim(c1_.team_code);
     row.team_name = Trim(c1_.team_name);
     PutSdifSwim(row, d0_, d0_line_, order_);
+    if (!d3_.new_swimmer_number.empty()) row.id_no = d3_.new_swimmer_number;
     AddIsdinRow(*report, row);
   }
 
-  // AthInfo of the matched swimmer; a missing row is only added by a roster import.
   // AthInfo of the matched swimmer; a missing row is only added by a roster import. The
   // update binds `values` in order, then the swimmer.
   void WriteAthInfo(const char* update, std::initializer_list<std::string> values) {
@@ -261,7 +257,7 @@ class SdifWalk {
     s_.SaveResult(time_text, leg_distance_, leg_stroke, f_p, course, score, "L", -1, event,
                   static_cast<int>(Val(f0_.age)), Trim(e0_.exhibition));
     if (s_.DuplicateSkipped()) return;
-    leg_results_[f_p == "P" ? 1 : 0] = s_.LastResult();
+    leg_results_[PhaseIndex(f_p)] = s_.LastResult();
   }
 
   void G0(const std::string& line) {
@@ -278,7 +274,7 @@ class SdifWalk {
     } else {
       if (!f0_family_) return;
       RelayLegTime(g0);
-      result = leg_results_[Trim(g0.prelim_final) == "P" ? 1 : 0];
+      result = leg_results_[PhaseIndex(Trim(g0.prelim_final))];
     }
     if (result == 0) return;
     StoreSplits(g0, result, step);
@@ -316,6 +312,8 @@ class SdifWalk {
     running_ = last;
   }
 
+  static size_t PhaseIndex(std::string_view f_p) { return f_p == "P" ? 1 : f_p == "S" ? 2 : 0; }
+
   static std::string ScoreText(int32_t score) {
     return std::to_string(score / 100) + "." + (score % 100 < 10 ? "0" : "") +
            std::to_string(score % 100);
@@ -339,7 +337,7 @@ class SdifWalk {
   int32_t relay_event_ = 0;
   int leg_count_ = 0;
   int leg_distance_ = 0;
-  std::array<int32_t, 2> leg_results_{};  // the lead-off's result: finals, prelim
+  std::array<int32_t, 3> leg_results_{};  // the lead-off's result: finals, prelim, swim-off
   std::array<int32_t, 8> leg_times_{};    // legs 1-4 finals, 5-8 prelim
   int32_t running_ = 0;
 };

@@ -71,7 +71,11 @@ bool CheckE0(int mode, const SdifE0& rec, std::string* problem) {
   if (!CheckCode(rec.event_sex, sdif::kEventSexCodes, sdif::kEventSexCodeLabel, false, problem)) {
     return false;
   }
-  if (rec.distance == 0 || rec.event_age == 0) return Fail(sdif::kRequiredMissing, problem);
+  // The event number and its letter are required together: one of them will do.
+  if (rec.distance == 0 || rec.event_age == 0 ||
+      Trim(rec.event_number_text + rec.event_letter).empty()) {
+    return Fail(sdif::kRequiredMissing, problem);
+  }
   if (!CheckCode(rec.stroke, sdif::kRelayStrokeCodes, sdif::kStrokeCodeLabel, false, problem)) {
     return false;
   }

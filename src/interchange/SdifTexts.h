@@ -8,7 +8,7 @@ namespace kvlr::sdif {
 
 // Code lists.
 inline constexpr std::string_view kFileCodes = "01,02,03,04,05,06,07,08,09,10,16,20";
-inline constexpr std::string_view kCourseCodes = "123SYLX";
+inline constexpr std::string_view kCourseCodes = "123SYLXM";
 inline constexpr std::string_view kOrganizationCodes = "123456789";
 inline constexpr std::string_view kAttachCodes = "AU";
 inline constexpr std::string_view kSexCodes = "MF";

@@ -150,21 +150,22 @@ class EventImport : public ::testing::Test {
 
 TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
   const fs::path file =
-      Nvv("harbor.nvv",
-          {
-              NvvMeetLine("Harbor Open", "11/06/2026", "11/08/2026", "", "S", "North Pool"),
-              "1;100;1;I;11;12;F",
-              "2;100;1;I;11;12;M",
-              "2;100;1;I;11;12;M",  // the same number twice is added once
-              "3A;50;3;I;0;10;X",
-          });
+      Nvv("harbor.nvv", {
+                            NvvMeetLine("Harbor Open", "11/06/2026", "11/08/2026", "", "S",
+                                        "North Pool", kEventFileCreator, "AG"),
+                            "1;100;1;I;11;12;F",
+                            "2;100;1;I;11;12;M",
+                            "2;100;1;I;11;12;M",  // the same number twice is added once
+                            "3A;50;3;I;0;10;X",
+                        });
   const EventImportOutcome first = ImportEvents(t.state, file);
   ASSERT_TRUE(first.ok);
   EXPECT_EQ(first.events, 3);
   EXPECT_TRUE(t.io.Saw("Events imported: 3"));
 
   SQLite::Statement meet(
-      *t.state.gDb, "SELECT MName, Start, End, AgeUp, Course, Location FROM MEET WHERE Meet = ?");
+      *t.state.gDb,
+      "SELECT MName, Start, End, AgeUp, Course, Location, Type FROM MEET WHERE Meet = ?");
   meet.bind(1, first.meet);
   ASSERT_TRUE(meet.executeStep());
   EXPECT_EQ(meet.getColumn(0).getString(), "Harbor Open");
@@ -173,6 +174,7 @@ TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
   EXPECT_TRUE(meet.getColumn(3).isNull());
   EXPECT_EQ(meet.getColumn(4).getString(), "S");
   EXPECT_EQ(meet.getColumn(5).getString(), "North Pool");
+  EXPECT_EQ(meet.getColumn(6).getString(), "AG");
   EXPECT_EQ(
       QueryNumber(*t.state.gDb, "SELECT COUNT(*) FROM tblEvents WHERE Type = 2 AND Athlete = ?",
                   first.meet),

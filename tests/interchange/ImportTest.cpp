@@ -1,5 +1,6 @@
 // The import of results: made-up files through RunImportFile into a fresh database.
 
+#include <algorithm>
 #include <fstream>
 
 #include <SQLiteCpp/Statement.h>
@@ -118,14 +119,17 @@ TEST_F(ImportTest, DuplicatesAreSkippedUnlessOverlaid) {
   first.Swim();
   ASSERT_TRUE(Run(first.Lines()).ok);
   SdifFile again;
-  again.Swim({{"finals_time", "1:04.00"}});
+  again.Swim({{"finals_time", "1:04.00"}, {"swimmer_number", "OLD-NUMBER"}});
   const ImportOutcome skipped = Run(again.Lines());
   EXPECT_TRUE(skipped.not_all_imported);
   EXPECT_EQ(skipped.counts.Processed(ImportRow::kIndividual), 0);
   EXPECT_EQ(skipped.status, kImportSuccessful);  // the meet was counted
   EXPECT_EQ(Count("SELECT Score FROM RESULT"), 6532);
-  EXPECT_EQ(QueryNumber(*t_.state.gReportDb, "SELECT COUNT(*) FROM RPTISDIN WHERE Reason = '1'"),
-            1);
+  // The row carries the swimmer's new number from the D3 behind the D0.
+  EXPECT_EQ(
+      QueryNumber(*t_.state.gReportDb,
+                  "SELECT COUNT(*) FROM RPTISDIN WHERE Reason = '1' AND id_no = 'MADEUP000001'"),
+      1);
 
   ImportCriteria overlay;
   overlay.overlay_results = true;
@@ -199,7 +203,9 @@ TEST_F(ImportTest, NamelessMeetAndBadStartDate) {
   SdifFile file;
   file.Meet({{"meet_name", ""}, {"start", "13312026"}});
   file.Swim();
-  ASSERT_TRUE(Run(file.Lines()).ok);
+  const ImportOutcome out = Run(file.Lines());
+  ASSERT_TRUE(out.ok);
+  EXPECT_TRUE(out.not_all_imported);  // the log is offered
   EXPECT_TRUE(t_.io.Saw("It will be given the name MEET1"));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE MName = 'MEET1' AND Start = '2003-01-01'"), 1);
   std::ifstream log(t_.Home() / "IMPERR.LOG", std::ios::binary);
@@ -293,6 +299,54 @@ TEST_F(ImportTest, RelayLeadOffsBecomeResults) {
                   "AND Score = 3250 AND F_P = 'F'"),
             1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE I_R = 'R'"), 3);
+}
+
+TEST_F(ImportTest, CoursesAreReadByThePublishedCodes) {
+  const std::pair<const char*, const char*> codes[] = {{"1", "S"}, {"M", "S"}, {"S", "S"},
+                                                       {"2", "Y"}, {"Y", "Y"}, {"3", "L"},
+                                                       {"L", "L"}, {"", "L"}};
+  SdifFile file;
+  file.Meet({{"course", "3"}});
+  for (size_t i = 0; i < std::size(codes); ++i) {
+    file.Swim({{"event_number", std::to_string(i + 1)}, {"finals_course", codes[i].first}});
+  }
+  ASSERT_TRUE(Run(file.Lines()).ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Course = 'L'"), 1);
+  for (size_t i = 0; i < std::size(codes); ++i) {
+    SQLite::Statement q(Db(),
+                        "SELECT r.Course FROM RESULT r JOIN MTEVENT e ON e.MtEvent = r.MtEvent "
+                        "WHERE e.MtEv = ?");
+    q.bind(1, static_cast<int>(i + 1));
+    ASSERT_TRUE(q.executeStep()) << codes[i].first;
+    EXPECT_EQ(q.getColumn(0).getString(), codes[i].second) << codes[i].first;
+  }
+}
+
+TEST_F(ImportTest, RelaySplitsLandOnTheLeadOffOfTheirOwnPhase) {
+  SdifFile file;
+  file.Relay();
+  std::vector<std::string> lines = file.Lines();
+  auto g0 = [](const char* phase) {
+    return testing::Cl2(testing::Sdif("G0", {{"swimmer_name", "DOE, JANE A"},
+                                             {"sequence", "1"},
+                                             {"total_splits", "2"},
+                                             {"split_distance", "25"},
+                                             {"split_code", "C"},
+                                             {"prelim_final", phase},
+                                             {"split1", "15.00"},
+                                             {"split2", "32.50"}}));
+  };
+  const auto lead_off =
+      std::find_if(lines.begin(), lines.end(), [](const auto& l) { return l.starts_with("F0"); });
+  lines.insert(lead_off + 1, {g0("S"), g0("F")});
+  ImportCriteria lead;
+  lead.lead_off = true;
+  ASSERT_TRUE(Run(lines, ".CL2", lead).ok);
+  // The swim-off has no lead-off result of its own: its splits are not the final's.
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS s JOIN RESULT r ON r.Result = s.SplitID "
+                  "WHERE r.I_R = 'L' AND r.F_P = 'F'"),
+            2);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), 2);
 }
 
 TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
@@ -409,9 +463,9 @@ std::string Nv3Bare(const char* code) {
   return testing::Nv3Resum(std::string(code) + std::string(128, ' '));
 }
 
-std::vector<std::string> Nv3File(std::vector<std::string> swims) {
+std::vector<std::string> Nv3File(std::vector<std::string> swims, const char* file_code = "09") {
   std::vector<std::string> lines = {
-      Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}, {"version", "2.1Da"}}),
+      Nv3("A1", {{"file_code", file_code}, {"creator", "Norvan, Ltd"}, {"version", "2.1Da"}}),
       Nv3("B1", {{"meet_name", "Made-Up Sprint Meet"}, {"start", "10102026"}, {"end", "10112026"}}),
       Nv3("B2", {{"course_letter", "L"}}),
       Nv3("C1", {{"team_code", "MUST"}, {"team_name", "Made Up Swim Team"}}),
@@ -475,6 +529,30 @@ TEST_F(ImportTest, Nv3ResultsLeadOffsNonTimesAndSplits) {
   EXPECT_EQ(Count("SELECT s.Split FROM SPLITS s JOIN RESULT r ON r.Result = s.SplitID WHERE "
                   "r.F_P = 'P'"),
             6210);
+}
+
+TEST_F(ImportTest, Nv3OfTheMeetProgramKeepsItsPhasesAndTakesTheNumberFromE2) {
+  auto e1 = [](const char* number, const char* mark) {
+    return Nv3("E1", {{"sex", "F"},
+                      {"athlete", "7"},
+                      {"event_sex", "F"},
+                      {"distance", "100"},
+                      {"stroke_letter", "A"},
+                      {"age_group", " 11 12"},
+                      {"event_number", number},
+                      {"age", "12"},
+                      {"gs_mark", mark}});
+  };
+  const auto lines =
+      Nv3File({e1("", "T"),
+               Nv3("E2", {{"f_p", "F"}, {"score", "60.00"}, {"course", "L"}, {"number", "44"}}),
+               e1("5", ""), Nv3("E2", {{"f_p", "S"}, {"score", "61.00"}, {"course", "L"}})},
+              "07");
+  ASSERT_TRUE(Run(lines, ".NV3").ok);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT r JOIN MTEVENT e ON e.MtEvent = r.MtEvent WHERE "
+                  "r.F_P = 'T' AND e.MtEv = 44"),
+            1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE F_P = 'I' AND Score = 6100"), 1);
 }
 
 TEST_F(ImportTest, Nv3LinesOutOfPlaceStopTheRun) {

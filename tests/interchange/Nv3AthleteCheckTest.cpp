@@ -55,7 +55,8 @@ TEST(NV3AthleteCheck, FindsTheSwimmerByFirstOrPreferredName) {
     test::TempHome t;
     StatusLog monitor;
     SwimmerMatcher matcher = Family(c.current_first);
-    EXPECT_TRUE(NV3AthleteCheck(t.state, monitor, FileOf({D1("JONES", "KIM"), c.d1}), matcher))
+    EXPECT_TRUE(
+        NV3AthleteCheck(t.state, monitor, FileOf({D1("JONES", "KIM"), c.d1}), matcher, "m.nv3"))
         << c.what;
     EXPECT_TRUE(matcher.AnyMatch()) << c.what;
     EXPECT_TRUE(t.io.shown.empty()) << c.what;
@@ -72,7 +73,7 @@ TEST(NV3AthleteCheck, NoMatchTellsTheUserAndListsOthersOfTheLastName) {
   const auto lines = FileOf({D1("SMITH", "JORDAN"), D1("JONES", "ALEX"), D1("SMITH", "CASEY"),
                              D1("SMITH", "ALEX", "", "01022014", "M")});
   // Not a failure: the user may still import the file.
-  EXPECT_TRUE(NV3AthleteCheck(t.state, monitor, lines, matcher));
+  EXPECT_TRUE(NV3AthleteCheck(t.state, monitor, lines, matcher, "m.nv3"));
   ASSERT_EQ(t.io.shown.size(), 2u);
   EXPECT_EQ(t.io.shown[0].text, NoResultsText(matcher));
   EXPECT_NE(t.io.shown[0].text.find("Alex Smith"), std::string::npos);
@@ -83,7 +84,7 @@ TEST(NV3AthleteCheck, NoMatchTellsTheUserAndListsOthersOfTheLastName) {
   // Nobody of the name at all: the first box only.
   test::TempHome t2;
   SwimmerMatcher lonely = Family("Alex");
-  EXPECT_TRUE(NV3AthleteCheck(t2.state, monitor, FileOf({D1("JONES", "KIM")}), lonely));
+  EXPECT_TRUE(NV3AthleteCheck(t2.state, monitor, FileOf({D1("JONES", "KIM")}), lonely, "m.nv3"));
   ASSERT_EQ(t2.io.shown.size(), 1u);
   EXPECT_EQ(t2.io.shown[0].text, NoResultsText(lonely));
 }
@@ -99,14 +100,16 @@ TEST(NV3AthleteCheck, AnUnreadableSwimmerLineStopsWithTheTwoPartBox) {
     test::TempHome t;
     StatusLog monitor;
     SwimmerMatcher matcher = Family("Alex");
-    EXPECT_FALSE(NV3AthleteCheck(t.state, monitor, FileOf({D1("SMITH", "ALEX"), c.line}), matcher));
+    EXPECT_FALSE(
+        NV3AthleteCheck(t.state, monitor, FileOf({D1("SMITH", "ALEX"), c.line}), matcher, "m.nv3"));
     ASSERT_EQ(t.io.shown.size(), 1u) << c.problem;  // no "no results" box behind it
     const auto& box = t.io.shown[0];
-    EXPECT_EQ(box.title, kNv3ErrorTitle);
+    EXPECT_EQ(box.title, "error");
     EXPECT_EQ(box::Icon(box.style), box::kStop);
-    EXPECT_EQ(box.text, std::string(kNv3ErrorLinePrefix) + "4\r\n" +
-                            std::string(kNv3ProblemLineTwoParts) + "\r\n>>" + c.line.substr(0, 80) +
-                            "<<\r\n>>" + c.line.substr(80) + "<<\r\n" + c.problem);
+    EXPECT_EQ(box.text,
+              "File processing error for file: m.nv3\r\nThe error is on line: 4\r\nThe problem "
+              "line is listed below in two parts: \r\n>>" +
+                  c.line.substr(0, 80) + "<<\r\n>>" + c.line.substr(80) + "<<\r\n" + c.problem);
     EXPECT_NE(monitor.statuses.back(), kNv3AthleteCheckSuccessful);
   }
 }

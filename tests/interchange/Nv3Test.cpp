@@ -128,7 +128,7 @@ TEST(Nv3Header, FileCodes) {
       {"06", "", true, false, "", false, kNv3MergeResultsRefused},
       {"07", "", false, true, "GS", false, ""},
       {"09", "GS", false, true, "CS", false, ""},
-      {"11", "", true, false, "", false, kNv3ProofOfTimeReview},
+      {"11", "", true, true, "", false, kNv3ProofOfTimeReview},
       {"11", "", false, false, "", false, kNv3ProofOfTimeRefused},
       {"10", "", true, false, "", false, kNv3UnknownRefused},
       {"  ", "", true, false, "", false, kNv3UnknownRefused},

@@ -230,6 +230,7 @@ TEST(RecordChecksTest, GoodLinesAndTheListRulesPass) {
   EXPECT_EQ(ProblemOf(1, Good("F0", {{"leg_time", ""}, {"leg_course", "Q"}})), "");
   EXPECT_EQ(ProblemOf(1, Good("F0", {{"leg_time", "DQ"}, {"leg_course", ""}})), "");
   EXPECT_EQ(ProblemOf(1, Good("J2", {{"color", "RED"}})), "") << "\"RED \" in the list";
+  EXPECT_EQ(ProblemOf(1, Good("B1", {{"course", "M"}})), "");
   // Eight blanks are the blank date, which is a date.
   EXPECT_EQ(ProblemOf(1, Good("J0", {{"date", ""}})), "");
 }

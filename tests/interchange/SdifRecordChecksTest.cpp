@@ -48,6 +48,7 @@ TEST(CheckD0Test, FieldsOfAnSd3Line) {
       {{72, "9"}, "Stroke Code"},
       {{124, " "}, ""},  // a blank course stands in every list
       {{124, "Q"}, "Course Code"},
+      {{124, "M"}, ""},  // short-course metres as other programs write them
       {{98, "XX      "}, "Course Code"},
       {{107, "DQ      "}, ""},
       {{68, "    "}, "Required fields missing"},
@@ -92,6 +93,8 @@ TEST(CheckE0Test, FieldsOfAnSd3Line) {
       {{26, "2"}, "Stroke Code"},
       {{26, "6"}, ""},
       {{15, "    "}, "Required fields missing"},
+      {{27, "    "}, "Required fields missing"},
+      {{27, "   A"}, ""},
       {{81, "Q"}, "Course Code"},
       {{100, "O"}, "Event Time Code"},
   };
@@ -101,6 +104,7 @@ TEST(CheckE0Test, FieldsOfAnSd3Line) {
                                        {21, "M"},
                                        {22, " 200"},
                                        {26, "5"},
+                                       {27, " 20"},
                                        {31, "1518"},
                                        {73, " 1:45.00"},
                                        {81, "S"}});
