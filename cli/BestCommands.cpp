@@ -89,7 +89,9 @@ std::vector<Command> BestCommands() {
        "kvlr best --db PATH --athlete N --course Y|S|L [--since YYYY-MM-DD] [--type T] "
        "[--fastest]",
        "List the best time of each individual event swum by swimmer N (the athlete key), "
-       "converted to the course given; an apostrophe marks a time swum in another course. "
+       "converted to the course given and listed once under that course's distance (500, "
+       "1000, 1650 in yards; 400, 800, 1500 in metres); an apostrophe marks a time swum in "
+       "another course. "
        "--fastest: swims of that course only, unconverted; --since: meets from that date on; "
        "--type: meets of that type. Prints distance, stroke, time, course swum and meet.",
        {"--db", "--athlete", "--course", "--since", "--type"},
