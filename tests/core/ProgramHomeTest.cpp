@@ -3,6 +3,7 @@
 #include "core/Errors.h"
 #include "core/FileOps.h"
 #include "core/ProgramHome.h"
+#include "core/RunFolder.h"
 #include "core/ShippedFiles.h"
 #include "support/TempHome.h"
 
@@ -41,8 +42,8 @@ TEST(FileOps, AFailedWriteLeavesTheOldFile) {
   const fs::path file = t.Data() / "keep.txt";
   WriteFileAtomically(file, "old");
   EXPECT_THROW(WriteFileAtomically(t.Data() / "missing" / "x.txt", "new"), FileError);
-  fs::create_directories(t.Data() / "blocker.tmp");  // the temporary name is taken by a folder
-  EXPECT_THROW(WriteFileAtomically(t.Data() / "blocker", "new"), FileError);
+  fs::create_directories(PartFileBeside(file));  // the temporary name is taken by a folder
+  EXPECT_THROW(WriteFileAtomically(file, "new"), FileError);
   EXPECT_EQ(ReadWholeFile(file), "old");
 }
 
