@@ -24,7 +24,7 @@ int Check(Context& c) {
     Row(c.env.out, {"Created by:", p.created_by});
     Row(c.env.out, {"File Type:", p.file_type});
     Row(c.env.out, {"Meet Name:", p.meet_name});
-    Row(c.env.out, {"Start Date:", p.start_date});
+    Row(c.env.out, {"Start Date:", p.start ? p.start->Iso() : p.start_date});
     for (size_t r = 0; r < kImportRowNames.size(); ++r) {
       Row(c.env.out, {std::string(kImportRowNames[r]), std::to_string(prepared.counts.checked[r])});
     }

@@ -174,6 +174,7 @@ FilePanel Nv3Panel(const ImportFile& file, int date_order) {
     panel.start_date = meet.start && *meet.start != kNv3BlankDate
                            ? ToRegionalDate(meet.start_text, date_order)
                            : Trim(meet.start_text);
+    if (meet.start && *meet.start != kNv3BlankDate) panel.start = meet.start;
   }
   return panel;
 }

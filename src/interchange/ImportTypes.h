@@ -4,9 +4,12 @@
 
 #include <array>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/Date.h"
 
 namespace kvlr {
 
@@ -41,6 +44,7 @@ enum class ImportMode { kImport, kReport, kOnline };
 // Name:", "Start Date:").
 struct FilePanel {
   std::string file_name, created_by, file_type, meet_name, start_date;
+  std::optional<Date> start;     // the start date read, for output in ISO form
   bool valid_for_import = true;  // false: the state "No Valid for Import"
 };
 

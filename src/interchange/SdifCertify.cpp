@@ -243,6 +243,7 @@ FilePanel ShowFileStatistics(const std::vector<std::string>& lines,
     const std::string start = SdifText(line, 122, 129);
     panel.start_date =
         b1.start.bad || b1.start.IsBlank() ? Trim(start) : ToRegionalDate(start, date_order);
+    if (!b1.start.bad && !b1.start.IsBlank()) panel.start = b1.start.date;
     break;
   }
   return panel;

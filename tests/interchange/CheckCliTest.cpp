@@ -50,7 +50,7 @@ TEST_F(CheckCli, AGoodFilePrintsItsPanelCountsAndStatus) {
             "Created by:\tNorvan, Ltd 1.0\n"
             "File Type:\tMeet Results\n"
             "Meet Name:\tAutumn Made-Up Invite\n"
-            "Start Date:\t11/01/2026\n"
+            "Start Date:\t2026-11-01\n"
             "Meets\t1\n"
             "Teams\t1\n"
             "Individual Results\t2\n"
