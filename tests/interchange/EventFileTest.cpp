@@ -80,7 +80,7 @@ TEST(ParseEventFile, StepsFailInTheirOrder) {
 TEST(ParseEventFile, MeetAndEventFields) {
   const auto parse = ParseEventFile({
       NvvMeetLine("  Harbor Open ", "11/06/2026", "11/08/2026", "12/31/2026", "LCM", "North Pool",
-                  kEventFileCreator, "AG"),
+                  "Norvan Sports Software", "AG"),
       "12A;100;1;I;11;12;F",
       "5;50;2;i;0;0;M;",
       "7;200;5;R;13;0;X",
@@ -152,7 +152,7 @@ TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
   const fs::path file =
       Nvv("harbor.nvv", {
                             NvvMeetLine("Harbor Open", "11/06/2026", "11/08/2026", "", "S",
-                                        "North Pool", kEventFileCreator, "AG"),
+                                        "North Pool", "Norvan Sports Software", "AG"),
                             "1;100;1;I;11;12;F",
                             "2;100;1;I;11;12;M",
                             "2;100;1;I;11;12;M",  // the same number twice is added once

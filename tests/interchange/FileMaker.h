@@ -280,8 +280,9 @@ inline const std::map<std::string, FieldTable, std::less<>>& Nv3Tables() {
   return tables;
 }
 
-inline std::string Place(const std::map<std::string, FieldTable, std::less<>>& tables,
-                         std::string_view code, FieldValues fields, size_t width) {
+template <typename Fields>
+std::string Place(const std::map<std::string, FieldTable, std::less<>>& tables,
+                  std::string_view code, const Fields& fields, size_t width) {
   const auto table = tables.find(code);
   if (table == tables.end()) {
     throw std::invalid_argument("no record " + std::string(code));
@@ -293,13 +294,12 @@ inline std::string Place(const std::map<std::string, FieldTable, std::less<>>& t
     if (spot == table->second.end()) {
       throw std::invalid_argument("no field " + std::string(name) + " in " + std::string(code));
     }
+    const std::string_view v = value;
     const size_t w = static_cast<size_t>(spot->second.last - spot->second.first + 1);
-    if (value.size() > w) {
-      throw std::invalid_argument("value too wide for " + std::string(name));
-    }
+    if (v.size() > w) throw std::invalid_argument("value too wide for " + std::string(name));
     const size_t at =
-        static_cast<size_t>(spot->second.first - 1) + (spot->second.right ? w - value.size() : 0);
-    line.replace(at, value.size(), value);
+        static_cast<size_t>(spot->second.first - 1) + (spot->second.right ? w - v.size() : 0);
+    line.replace(at, v.size(), v);
   }
   return line;
 }
@@ -322,16 +322,28 @@ inline long FloorDiv(long sum, long divisor) {
 inline constexpr size_t kSdifWidth = 160;
 inline constexpr size_t kNv3Width = 130;
 
-// The field layout of an SDIF record ("A0" ... "Z0"); throws for an unknown code.
-inline const FieldTable& SdifFieldTable(std::string_view code) {
-  const auto& tables = file_maker_detail::SdifTables();
-  const auto it = tables.find(code);
-  if (it == tables.end()) throw std::invalid_argument("no record " + std::string(code));
-  return it->second;
-}
-
 // A 160-column SDIF line: the record code in columns 1-2, the fields at their columns.
 inline std::string Sdif(std::string_view code, FieldValues fields = {}) {
+  return file_maker_detail::Place(file_maker_detail::SdifTables(), code, fields, kSdifWidth);
+}
+
+struct Put {
+  int col;  // from 1
+  std::string_view text;
+};
+
+// A 160-column line of `code` with texts put at raw columns, for cuts the field tables
+// don't name (a field read across its neighbour, a column between fields).
+inline std::string SdifLine(std::string_view code, std::initializer_list<Put> puts) {
+  std::string line(kSdifWidth, ' ');
+  line.replace(0, code.size(), code);
+  for (const Put& p : puts) line.replace(static_cast<size_t>(p.col - 1), p.text.size(), p.text);
+  return line;
+}
+
+// The same from fields gathered at run time.
+inline std::string Sdif(std::string_view code,
+                        const std::vector<std::pair<std::string, std::string>>& fields) {
   return file_maker_detail::Place(file_maker_detail::SdifTables(), code, fields, kSdifWidth);
 }
 
@@ -573,21 +585,7 @@ class SdifFile {
   }
 
   std::string Finish(std::string_view code, const Fields& fields) const {
-    const FieldTable& table = SdifFieldTable(code);
-    std::string line(kSdifWidth, ' ');
-    line.replace(0, 2, code.substr(0, 2));
-    for (const auto& [name, value] : fields) {
-      // Place one field at a time through the same rules as Sdif().
-      const auto spot = table.find(name);
-      if (spot == table.end()) {
-        throw std::invalid_argument("no field " + name + " in " + std::string(code));
-      }
-      const size_t w = static_cast<size_t>(spot->second.last - spot->second.first + 1);
-      if (value.size() > w) throw std::invalid_argument("value too wide for " + name);
-      const size_t at =
-          static_cast<size_t>(spot->second.first - 1) + (spot->second.right ? w - value.size() : 0);
-      line.replace(at, value.size(), value);
-    }
+    const std::string line = Sdif(code, fields);
     return commlink_ ? Cl2(line) : line;
   }
 

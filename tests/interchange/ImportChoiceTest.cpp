@@ -19,7 +19,6 @@ namespace kvlr {
 namespace {
 
 namespace fs = std::filesystem;
-namespace text = choose_text;
 using test::TempHome;
 
 // A zip in the test's root holding members of the given names, each with a line of text.
@@ -49,18 +48,21 @@ std::vector<std::string> FolderNames(const fs::path& folder) {
 }
 
 TEST(ZipRefusal, OtherProgramsBackupsAreKnownByTheStartOfTheName) {
-  const std::string gala = std::string(text::kGalaStewardBackup[0]) + "\n" +
-                           std::string(text::kGalaStewardBackup[1]) + "\n" +
-                           "import into KVL-R. \n" + std::string(text::kGalaStewardBackup[3]) +
-                           "\n" + std::string(text::kGalaStewardBackup[4]);
+  const std::string gala =
+      "The file you selected is a Norvan GALA STEWARD for Windows (WIN-GS) Backup file.\n"
+      "1. If you have WIN-GS, Restore this backup and then export meet results for your club to \n"
+      "import into KVL-R. \n2. Contact the meet host and ask them to \n"
+      "provide you with the Meet Results Export instead of a Database Backup.";
   struct Case {
     const char* file;
     std::optional<std::string> words;
   } cases[] = {
       {"/in/SWGSBK20250301.zip", gala},
       {"swgsbk.Zip", gala},
-      {"SwCsBk1.ZIP", std::string(text::kCsBackup)},
-      {"nvbackup_fall.zip", std::string(text::kWinCsBackup)},
+      {"SwCsBk1.ZIP", std::string("The file you selected is a Norvan CS II Backup file and cannot "
+                                  "be used to import Meet Results.")},
+      {"nvbackup_fall.zip", std::string("The file you selected is a Norvan WIN-CS or DOS-GS Backup "
+                                        "file and cannot be used to import Meet Results.")},
       {"NVBACKU.zip", std::nullopt},       // eight letters are needed
       {"SWGSBK01.cl2", std::nullopt},      // only zips are tested
       {"/SWGSBK/meet.zip", std::nullopt},  // the folder doesn't count
@@ -102,7 +104,8 @@ TEST(QtFileFilter, KeepsTheDescriptionsAndListsThePatternsInBothCases) {
             "SDIF files (*.SD3) (*.sd3 *.SD3)");
   EXPECT_EQ(QtFileFilter(ImportDialogFilter(ImportMode::kOnline)),
             "CSO Result files (KVLR_*.txt) (KVLR_*.txt KVLR_*.TXT)");
-  EXPECT_EQ(ImportDialogFilter(ImportMode::kReport), text::kImportFilter);
+  EXPECT_EQ(ImportDialogFilter(ImportMode::kReport),
+            "Result files (*.nv3,*.zip,*.cl2,*.psn)|*.nv3;*.zip;*.cl2|SDIF files (*.SD3)|*.sd3");
 }
 
 TEST(ExtractImportZip, UnpacksOnlyImportFilesIntoARunFolderOfItsOwn) {
@@ -124,7 +127,9 @@ TEST(ExtractImportZip, UnpacksOnlyImportFilesIntoARunFolderOfItsOwn) {
   EXPECT_EQ(ReadWholeFile(folder / "meet1.cl2"), "made-up contents of meet1.cl2\n");
   EXPECT_EQ(ReadWholeFile(temp / "stale.cl2"), "another run's file");
   EXPECT_TRUE(fs::exists(temp / "old"));
-  EXPECT_EQ(got->filter, text::kUnzippedImportFilter);
+  EXPECT_EQ(
+      got->filter,
+      "Result/Roster files (*.nv3)|*.nv3|Commlink files (*.cl2)|*.cl2|SDIF files (*.SD3)|*.sd3");
   EXPECT_EQ(got->selected_filter, "Commlink files (*.cl2)");
   ASSERT_EQ(t.io.shown.size(), 1u);
   EXPECT_EQ(t.io.shown[0].text,
@@ -144,16 +149,17 @@ TEST(ExtractImportZip, AnNv3StandsAloneForImportButNotForAReport) {
   } cases[] = {
       {false,
        {"meet.nv3"},
-       text::kUnzippedImportFilter,
+       "Result/Roster files (*.nv3)|*.nv3|Commlink files (*.cl2)|*.cl2|SDIF files (*.SD3)|*.sd3",
        "Result/Roster files (*.nv3)",
-       text::kToImport,
-       text::kNoteNv3Only},
+       "import.",
+       "Note that since this file contains Norvan specific nv3 files, only those files will be "
+       "displayed."},
       {true,
        {"meet.cl2", "meet.nv3", "meet.sd3"},
-       text::kUnzippedReportFilter,
+       "Reportable files (*.nv3,*.cl2)|*.nv3;*.cl2|SDIF files (*.SD3)|*.sd3",
        "Reportable files (*.nv3,*.cl2)",
-       text::kToReport,
-       text::kNoteCl2Sd3},
+       "report.",
+       "Note that only *.cl2 and *.sd3 files will be displayed."},
   };
   for (const auto& c : cases) {
     TempHome t;
@@ -166,7 +172,10 @@ TEST(ExtractImportZip, AnNv3StandsAloneForImportButNotForAReport) {
     EXPECT_EQ(got->selected_filter, c.selected);
     ASSERT_EQ(t.io.shown.size(), 1u);
     const std::string& box = t.io.shown[0].text;
-    EXPECT_NE(box.find(std::string(text::kDoubleClick) + std::string(c.word)), std::string::npos);
+    EXPECT_NE(
+        box.find(std::string("After the list is displayed, double click on the file you wish to ") +
+                 std::string(c.word)),
+        std::string::npos);
     EXPECT_TRUE(box.ends_with(c.note)) << box;
   }
 }
@@ -182,7 +191,9 @@ TEST(ExtractImportZip, MemberNamesNeverLeaveTheFolder) {
   EXPECT_FALSE(fs::exists(t.Home() / "x.cl2"));
   EXPECT_FALSE(fs::exists(t.Root() / "y.nv3"));
   EXPECT_FALSE(fs::exists("/abs.sd3"));
-  EXPECT_TRUE(t.io.shown[0].text.ends_with(text::kNoteCl2Sd3)) << "the climbing .nv3 isn't seen";
+  EXPECT_TRUE(
+      t.io.shown[0].text.ends_with("Note that only *.cl2 and *.sd3 files will be displayed."))
+      << "the climbing .nv3 isn't seen";
 }
 
 TEST(ExtractImportZip, AZipWithoutImportFilesOrNoZipAtAllIsRefused) {
@@ -190,7 +201,7 @@ TEST(ExtractImportZip, AZipWithoutImportFilesOrNoZipAtAllIsRefused) {
   const fs::path none = MakeZip(t, "photos.zip", {"pool.jpg", "../x.cl2", "readme.txt"});
   EXPECT_FALSE(ExtractImportZip(t.state, none, false).has_value());
   ASSERT_EQ(t.io.shown.size(), 1u);
-  EXPECT_EQ(t.io.shown[0].text, text::kNoImportFilesInZip);
+  EXPECT_EQ(t.io.shown[0].text, "No import files found in the selected Zip file.");
 
   const fs::path fake = t.Root() / "fake.zip";
   WriteFileAtomically(fake, "this is no archive");

@@ -88,7 +88,8 @@ TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
     std::string text;
     std::string box;
   };
-  const std::string integrity(sdif::kFailedIntegrity);
+  const std::string integrity(
+      "This file failed the SDIF integrity test - please request another copy of the file.");
   const Case cases[] = {
       {"159 columns in a good .cl2", "a.cl2",
        SdifFile().Raw(Cl2(Sdif("C1", {{"team_code", "MUST"}})).substr(0, 159)).Text(),
@@ -101,12 +102,12 @@ TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
        "them to generate an SDIF .sd3 file if their software is not Norvan.\r\nOnly Norvan "
        "software is authorized to generate a .cl2 file."},
       {"other software", "e.cl2", SdifFile().A0({{"software_name", "Made Up Meet Co"}}).Text(),
-       std::string(sdif::kNotByNorvan)},
-      {"motivational times", "f.cl2", SdifFile().A0({{"content_code", "45"}}).Text(),
-       std::string(sdif::kHoldsMotivational)},
+       std::string("The Proprietary LUSKUGE File format was not produced by Norvan")},
       {"sd3 not results", "g.sd3", SdifFile(false).A0({{"file_code", "01"}}).Text(),
-       std::string(sdif::kNoResultsSd3)},
-      {"sd3 not A0", "h.SD3", SdifFile(false).Text().substr(162), std::string(sdif::kNotA0)},
+       std::string(
+           "Selected SD3 file does not contain Results and is not a candidate for import.")},
+      {"sd3 not A0", "h.SD3", SdifFile(false).Text().substr(162),
+       std::string("Invalid format.  First line is not an A0 record.")},
       {"nv3 129 columns", "i.nv3",
        testing::FileText({Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}}),
                           Nv3("B1", {{"meet_name", "Made Up"}}).substr(0, 129)}),
@@ -114,10 +115,13 @@ TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
       {"nv3 check sum", "j.nv3",
        testing::FileText({Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}}),
                           Nv3("B1", {{"meet_name", "Made Up"}}).substr(0, 128) + "00"}),
-       std::string(kNv3IntegrityCompromised)},
+       std::string("This file's Integrity has been compromised - please request another copy of "
+                   "the file.")},
       {"nv3 creator", "k.nv3", testing::FileText({Nv3("A1", {{"file_code", "09"}})}),
-       std::string(kNv3NotNorvan)},
-      {"psn header", "l.psn", "too short\r\n", std::string(kPsnCorrupted)},
+       std::string("Not a Norvan created .NV3 file !")},
+      {"psn header", "l.psn", "too short\r\n",
+       std::string("Error in import file.  The file is corrupted or was not produced by Norvan's "
+                   "CLUB STEWARD")},
       {"empty file", "m.cl2", "",
        "m.cl2 is empty: there is nothing in it to read. Download it again or ask for another "
        "copy."},
@@ -140,20 +144,11 @@ TEST_F(PrepareTest, AMissingFileIsReportedNotThrown) {
   EXPECT_FALSE(t_.io.shown.empty());
 }
 
-TEST_F(PrepareTest, CommlinkContentOtherThanRefusedPassesWithoutContact) {
-  const ImportFile f =
-      Prepare("x.cl2", SdifFile()
-                           .A0({{"content_code", "99"}, {"contact_name", ""}, {"file_date", ""}})
-                           .Swim()
-                           .Text());
-  EXPECT_TRUE(f.ready) << OnlyBox();
-}
-
 TEST_F(PrepareTest, EntriesAreReportedButNotImported) {
   const std::string text = SdifFile().A0({{"content_code", "41"}}).Swim().Text();
   EXPECT_TRUE(Prepare("e.cl2", text, ImportMode::kReport).ready) << OnlyBox();
   EXPECT_FALSE(Prepare("e.cl2", text, ImportMode::kImport).ready);
-  EXPECT_EQ(OnlyBox(), sdif::kHoldsEntries);
+  EXPECT_EQ(OnlyBox(), "This file contains Meet Entries and is not a candidate for import.");
 }
 
 TEST_F(PrepareTest, AForeignRosterIsNotForThisImport) {
@@ -165,16 +160,6 @@ TEST_F(PrepareTest, AForeignRosterIsNotForThisImport) {
   EXPECT_EQ(OnlyBox(),
             "This file is an Athlete Roster file.\r\nUse the Import Athlete Roster Menu Option "
             "for this file.");
-}
-
-TEST_F(PrepareTest, AnSd3IsCertifiedFieldByField) {
-  const ImportFile good = Prepare("g.sd3", SdifFile(false).Swim().Swim().Text());
-  EXPECT_TRUE(good.ready) << OnlyBox();
-  const ImportFile bad = Prepare("b.sd3", SdifFile(false).Swim({}, false).Swim({}, false).Text());
-  EXPECT_FALSE(bad.ready);
-  EXPECT_NE(OnlyBox().find("Problem: Invalid SD3 file.  Missing required D3 records for "
-                           "Athletes."),
-            std::string::npos);
 }
 
 TEST_F(PrepareTest, ImportModeTellsWhenTheSwimmerIsNotInTheFile) {

@@ -60,8 +60,9 @@ TEST(NV3AthleteCheck, FindsTheSwimmerByFirstOrPreferredName) {
         << c.what;
     EXPECT_TRUE(matcher.AnyMatch()) << c.what;
     EXPECT_TRUE(t.io.shown.empty()) << c.what;
-    EXPECT_EQ(monitor.statuses, (std::vector<std::string>{std::string(kNv3CheckingForAthletes),
-                                                          std::string(kNv3AthleteCheckSuccessful)}))
+    EXPECT_EQ(monitor.statuses,
+              (std::vector<std::string>{std::string(" Checking for Athletes... "),
+                                        std::string(" Athlete Check Successful ")}))
         << c.what;
   }
 }
@@ -77,9 +78,10 @@ TEST(NV3AthleteCheck, NoMatchTellsTheUserAndListsOthersOfTheLastName) {
   ASSERT_EQ(t.io.shown.size(), 2u);
   EXPECT_EQ(t.io.shown[0].text, NoResultsText(matcher));
   EXPECT_NE(t.io.shown[0].text.find("Alex Smith"), std::string::npos);
-  EXPECT_EQ(t.io.shown[1].text, std::string(kOthersWithLastName) +
-                                    "Smith\r\nJORDAN SMITH\r\nCASEY SMITH\r\nALEX SMITH");
-  EXPECT_EQ(monitor.statuses.back(), kNv3AthleteCheckSuccessful);
+  EXPECT_EQ(t.io.shown[1].text,
+            std::string("The file did contain the following athlete(s) with the last name of ") +
+                "Smith\r\nJORDAN SMITH\r\nCASEY SMITH\r\nALEX SMITH");
+  EXPECT_EQ(monitor.statuses.back(), " Athlete Check Successful ");
 
   // Nobody of the name at all: the first box only.
   test::TempHome t2;
@@ -110,7 +112,7 @@ TEST(NV3AthleteCheck, AnUnreadableSwimmerLineStopsWithTheTwoPartBox) {
               "File processing error for file: m.nv3\r\nThe error is on line: 4\r\nThe problem "
               "line is listed below in two parts: \r\n>>" +
                   c.line.substr(0, 80) + "<<\r\n>>" + c.line.substr(80) + "<<\r\n" + c.problem);
-    EXPECT_NE(monitor.statuses.back(), kNv3AthleteCheckSuccessful);
+    EXPECT_NE(monitor.statuses.back(), " Athlete Check Successful ");
   }
 }
 

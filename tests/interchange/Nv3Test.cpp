@@ -114,24 +114,38 @@ struct HeaderCase {
 
 TEST(Nv3Header, FileCodes) {
   const HeaderCase cases[] = {
-      {"01", "2.1DaKVL-R", false, false, "", false, kNv3MeetEntriesRefused},
+      {"01", "2.1DaKVL-R", false, false, "", false,
+       "This file contains Meet Entries and is not a candidate for import."},
       {"01", "2.1DaKVL-R", true, true, "CS", true, ""},
-      {"08", "2.1Da", false, false, "", false, kNv3MeetEntriesRefused},
+      {"08", "2.1Da", false, false, "", false,
+       "This file contains Meet Entries and is not a candidate for import."},
       {"08", "2.1Da", true, true, "CS", true, ""},
       {"02", "", false, true, "WB", false, ""},
       {"02", "", true, true, "CS", true, ""},
       {"12", "", false, true, "WB", false, ""},
       {"03", "2.1Da", false, true, "CS", false, ""},
       {"03", "4.0 GS", false, true, "GS", false, ""},
-      {"04", "", true, false, "", false, kNv3MergeResultsRefused},
-      {"05", "", false, false, "", false, kNv3MergeResultsRefused},
-      {"06", "", true, false, "", false, kNv3MergeResultsRefused},
+      {"04", "", true, false, "", false,
+       "This file contains GALA STEWARD specific Merge Results  and is not a candidate for "
+       "import."},
+      {"05", "", false, false, "", false,
+       "This file contains GALA STEWARD specific Merge Results  and is not a candidate for "
+       "import."},
+      {"06", "", true, false, "", false,
+       "This file contains GALA STEWARD specific Merge Results  and is not a candidate for "
+       "import."},
       {"07", "", false, true, "GS", false, ""},
       {"09", "GS", false, true, "CS", false, ""},
-      {"11", "", true, true, "", false, kNv3ProofOfTimeReview},
-      {"11", "", false, false, "", false, kNv3ProofOfTimeRefused},
-      {"10", "", true, false, "", false, kNv3UnknownRefused},
-      {"  ", "", true, false, "", false, kNv3UnknownRefused},
+      {"11", "", true, true, "", false,
+       "CLUB STEWARD Proof of Time for GALA STEWARD \r\nUse GALA STEWARD for Windows to review "
+       "this data."},
+      {"11", "", false, false, "", false,
+       "This file contains CLUB STEWARD Proof of Time for GALA STEWARD  and is not a candidate for "
+       "import."},
+      {"10", "", true, false, "", false,
+       "This file contains UNKNOWN contents  and is not a candidate for import."},
+      {"  ", "", true, false, "", false,
+       "This file contains UNKNOWN contents  and is not a candidate for import."},
   };
   for (const HeaderCase& c : cases) {
     const std::string line = LineMaker("A1")
@@ -156,7 +170,7 @@ TEST(Nv3Header, CreatorMustMatchExactly) {
     const std::string line = LineMaker("A1").Put(3, 4, "09").Put(30, 44, creator).Done();
     const Nv3HeaderCheck check = CheckNV3Header(line, true);
     EXPECT_FALSE(check.ok) << creator;
-    EXPECT_EQ(check.message, kNv3NotNorvan) << creator;
+    EXPECT_EQ(check.message, "Not a Norvan created .NV3 file !") << creator;
   }
   const std::string padded = LineMaker("A1").Put(3, 4, "09").Put(32, 44, "Norvan, Ltd").Done();
   EXPECT_TRUE(CheckNV3Header(padded, false).ok);

@@ -1,8 +1,4 @@
-# tests of the SDIF and Commlink records
+# tests of the SDIF and Commlink field conversions and record readers
 kvlr_add_test(sdif_test
-  SOURCES
-    SdifFieldsTest.cpp
-    SdifRecordsTest.cpp
-    SdifChecksTest.cpp
-    SdifRecordChecksTest.cpp
+  SOURCES SdifRecordsTest.cpp
   LIBS kvlr_interchange)

@@ -218,14 +218,14 @@ TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
   Child<QPushButton>(screen, "cmdImport")->click();
   ASSERT_TRUE(screen.Outcome().has_value());
   EXPECT_TRUE(screen.Outcome()->ok);
-  EXPECT_EQ(Child<QLabel>(screen, "lblStatus")->text().toStdString(), kImportSuccessful);
+  EXPECT_EQ(Child<QLabel>(screen, "lblStatus")->text().toStdString(), " Import Successful ");
   const ImportCounts& shown = screen.Statistics().Counts();
   EXPECT_EQ(shown.checked[2], 2) << "the checked column stays";
   EXPECT_EQ(shown.processed[2], 2);
   EXPECT_EQ(Caption(screen), "Close");
   EXPECT_FALSE(Child<QGroupBox>(screen, "fraCriteria")->isEnabled());
   EXPECT_TRUE(Child<QProgressBar>(screen, "prgImport")->isHidden());
-  EXPECT_FALSE(t_.io.Saw(kNotAllImportedAsk));
+  EXPECT_FALSE(t_.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
 
   Child<QPushButton>(screen, "cmdImport")->click();
   EXPECT_EQ(screen.result(), QDialog::Accepted);
@@ -237,7 +237,7 @@ TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
   Child<QPushButton>(again, "cmdImport")->click();
   ASSERT_TRUE(again.Outcome().has_value());
   EXPECT_TRUE(again.Outcome()->not_all_imported);
-  EXPECT_TRUE(t_.io.Saw(kNotAllImportedAsk));
+  EXPECT_TRUE(t_.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
 }
 
 TEST_F(ImportScreenTest, AChosenFileIsCheckedIntoThePanelAndImported) {
@@ -288,7 +288,7 @@ TEST_F(ImportScreenTest, DuringARunTheButtonAsksToStop) {
   Child<QPushButton>(screen, "cmdImport")->click();
   EXPECT_EQ(during, "Cancel");
   int asked = 0;
-  for (const auto& s : t_.io.shown) asked += s.text == kStopImportingAsk;
+  for (const auto& s : t_.io.shown) asked += s.text == "Do you want to stop importing this file?";
   EXPECT_EQ(asked, 2);
   ASSERT_TRUE(screen.Outcome().has_value());
   EXPECT_TRUE(screen.Outcome()->cancelled);
