@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <initializer_list>
 #include <map>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -40,174 +41,97 @@ inline void AddTimes(FieldTable& t, std::string_view stem, int count, int first)
   }
 }
 
+// A layout as words "name:first-last", "r" behind a right-aligned number's columns.
+inline FieldTable Layout(std::string_view spec) {
+  FieldTable t;
+  std::istringstream in{std::string(spec)};
+  std::string word;
+  while (in >> word) {
+    const size_t colon = word.find(':');
+    const bool right = word.back() == 'r';
+    const std::string range = word.substr(colon + 1, word.size() - colon - 1 - (right ? 1 : 0));
+    const size_t dash = range.find('-');
+    const int first = std::stoi(range.substr(0, dash));
+    const int last = dash == std::string::npos ? first : std::stoi(range.substr(dash + 1));
+    t[word.substr(0, colon)] = {first, last, right};
+  }
+  return t;
+}
+
 inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
   static const auto tables = [] {
     std::map<std::string, FieldTable, std::less<>> t;
-    t["A0"] = {
-        {"organization", {3, 3}},     {"version", {4, 11}},           {"file_code", {12, 13}},
-        {"software_name", {44, 63}},  {"software_version", {64, 73}}, {"contact_name", {74, 93}},
-        {"contact_phone", {94, 105}}, {"file_date", {106, 113}},      {"source_code", {150, 151}},
-        {"content_code", {152, 153}}, {"reserved", {156, 157}},       {"column158", {158, 158}},
-        {"check_sum", {159, 160}}};
-    t["B1"] = {{"organization", {3, 3}}, {"meet_name", {12, 41}}, {"address1", {42, 63}},
-               {"address2", {64, 85}},   {"location", {86, 120}}, {"meet_type", {121, 121}},
-               {"start", {122, 129}},    {"end", {130, 137}},     {"course", {150, 150}},
-               {"column158", {158, 158}}};
-    t["B2"] = {{"host_name", {12, 41}}, {"address1", {42, 63}}, {"address2", {64, 85}},
-               {"location", {86, 120}}, {"phone", {121, 132}},  {"column158", {158, 158}}};
-    t["C1"] = {{"organization", {3, 3}},    {"lsc", {12, 13}},        {"team_code", {14, 17}},
-               {"team_name", {18, 47}},     {"short_name", {48, 63}}, {"address1", {64, 85}},
-               {"address2", {86, 107}},     {"city", {108, 127}},     {"state", {128, 129}},
-               {"postal_code", {130, 139}}, {"country", {140, 142}},  {"region", {143, 143}},
-               {"team_code5", {150, 150}},  {"column158", {158, 158}}};
-    t["C2"] = {{"organization", {3, 3}}, {"lsc", {12, 13}},         {"team_code", {14, 17}},
-               {"coach_name", {18, 47}}, {"coach_phone", {48, 59}}, {"count1", {60, 65, R}},
-               {"count2", {66, 71, R}},  {"count3", {72, 76, R}},   {"count4", {77, 82, R}},
-               {"count5", {83, 88, R}},  {"reserved", {89, 104}},   {"reserved150", {150, 150}},
-               {"column158", {158, 158}}};
-    t["D0"] = {{"organization", {3, 3}},
-               {"swimmer_name", {12, 39}},
-               {"swimmer_number", {40, 51}},
-               {"attach", {52, 52}},
-               {"citizen", {53, 55}},
-               {"birth", {56, 63}},
-               {"age", {64, 65, R}},
-               {"sex", {66, 66}},
-               {"event_sex", {67, 67}},
-               {"distance", {68, 71, R}},
-               {"stroke", {72, 72}},
-               {"event_number", {73, 75, R}},
-               {"event_letter", {76, 76}},
-               {"event_age", {77, 80}},
-               {"swim_date", {81, 88}},
-               {"seed_time", {89, 96, R}},
-               {"seed_course", {97, 97}},
-               {"prelim_time", {98, 105, R}},
-               {"prelim_course", {106, 106}},
-               {"swim_off_time", {107, 114, R}},
-               {"swim_off_course", {115, 115}},
-               {"finals_time", {116, 123, R}},
-               {"finals_course", {124, 124}},
-               {"prelim_heat", {125, 126, R}},
-               {"prelim_lane", {127, 128, R}},
-               {"finals_heat", {129, 130, R}},
-               {"finals_lane", {131, 132, R}},
-               {"prelim_place", {133, 135, R}},
-               {"finals_place", {136, 138, R}},
-               {"points", {139, 142, R}},
-               {"lower_time_class", {143, 143}},
-               {"upper_time_class", {144, 144}},
-               {"flight", {145, 145}},
-               {"private_stroke", {150, 150}},
-               {"points_hundredths", {151, 152, R}},
-               {"exhibition", {156, 156}},
-               {"column158", {158, 158}}};
-    t["D1"] = {{"organization", {3, 3}},
-               {"lsc", {12, 13}},
-               {"team_code", {14, 17}},
-               {"team_code5", {18, 18}},
-               {"swimmer_name", {19, 46}},
-               {"swimmer_number", {48, 59}},
-               {"attach", {60, 60}},
-               {"citizen", {61, 63}},
-               {"birth", {64, 71}},
-               {"age", {72, 73, R}},
-               {"sex", {74, 74}},
-               {"admin1", {75, 104}},
-               {"admin2", {105, 124}},
-               {"day_phone", {125, 136}},
-               {"evening_phone", {137, 148}},
-               {"last_membership", {149, 156}},
-               {"member_code", {157, 157}},
-               {"column158", {158, 158}}};
-    t["D2"] = {{"organization", {3, 3}}, {"lsc", {12, 13}},          {"team_code", {14, 17}},
-               {"team_code5", {18, 18}}, {"swimmer_name", {19, 46}}, {"addressee", {47, 76}},
-               {"street", {77, 106}},    {"city", {107, 126}},       {"state", {127, 128}},
-               {"country", {129, 140}},  {"zip", {141, 150}},        {"country_code", {151, 153}},
-               {"region", {154, 154}},   {"answer", {155, 155}},     {"season", {156, 156}},
-               {"column158", {158, 158}}};
-    t["D3"] = {{"new_swimmer_number", {3, 16}},
-               {"preferred_first_name", {17, 31}},
-               {"ethnicity", {32, 33}},
-               {"flags", {34, 41}},
-               {"flags2", {43, 46}},
-               {"column158", {158, 158}}};
-    t["E0"] = {{"organization", {3, 3}},
-               {"team_letter", {12, 12}},
-               {"lsc", {13, 14}},
-               {"team_code", {15, 18}},
-               {"f0_count", {19, 20, R}},
-               {"event_sex", {21, 21}},
-               {"distance", {22, 25, R}},
-               {"stroke", {26, 26}},
-               {"event_number", {27, 29, R}},
-               {"event_letter", {30, 30}},
-               {"event_age", {31, 34}},
-               {"total_age", {35, 37, R}},
-               {"swim_date", {38, 45}},
-               {"seed_time", {46, 53, R}},
-               {"seed_course", {54, 54}},
-               {"prelim_time", {55, 62, R}},
-               {"prelim_course", {63, 63}},
-               {"swim_off_time", {64, 71, R}},
-               {"swim_off_course", {72, 72}},
-               {"finals_time", {73, 80, R}},
-               {"finals_course", {81, 81}},
-               {"prelim_heat", {82, 83, R}},
-               {"prelim_lane", {84, 85, R}},
-               {"finals_heat", {86, 87, R}},
-               {"finals_lane", {88, 89, R}},
-               {"prelim_place", {90, 92, R}},
-               {"finals_place", {93, 95, R}},
-               {"points", {96, 99, R}},
-               {"lower_time_class", {100, 100}},
-               {"upper_time_class", {101, 101}},
-               {"private_stroke", {150, 150}},
-               {"points_hundredths", {151, 152, R}},
-               {"exhibition", {156, 156}},
-               {"column158", {158, 158}}};
-    t["F0"] = {{"organization", {3, 3}},
-               {"lsc", {16, 17}},
-               {"team_code", {18, 21}},
-               {"team_code5", {22, 22}},
-               {"swimmer_name", {23, 45}},
-               {"swimmer_number", {51, 62}},
-               {"citizen", {63, 65}},
-               {"birth", {66, 73}},
-               {"age", {74, 75, R}},
-               {"sex", {76, 76}},
-               {"prelim_order", {77, 77}},
-               {"swim_off_order", {78, 78}},
-               {"finals_order", {79, 79}},
-               {"leg_time", {80, 87, R}},
-               {"leg_course", {88, 88}},
-               {"take_off", {89, 92, R}},
-               {"new_swimmer_number", {93, 106}},
-               {"column158", {158, 158}}};
-    FieldTable g0 = {
-        {"organization", {3, 3}},  {"swimmer_name", {16, 43}},    {"swimmer_number", {44, 55}},
-        {"sequence", {56, 56, R}}, {"total_splits", {57, 58, R}}, {"split_distance", {59, 62, R}},
-        {"split_code", {63, 63}},  {"prelim_final", {144, 144}},  {"column158", {158, 158}}};
-    AddTimes(g0, "split", 10, 64);
-    t["G0"] = std::move(g0);
-    FieldTable j0 = {{"meet_code", {11, 11}},  {"event_sex", {17, 17}},  {"distance", {18, 21, R}},
-                     {"stroke", {22, 22}},     {"event_age", {47, 50}},  {"reserved51", {51, 51}},
-                     {"reserved52", {52, 53}}, {"reserved54", {54, 55}}, {"date", {66, 73}},
-                     {"column158", {158, 158}}};
-    AddTimes(j0, "time", 3, 23);
-    t["J0"] = std::move(j0);
-    FieldTable j2 = {{"event_sex", {3, 3}}, {"distance", {4, 7, R}}, {"stroke", {8, 8}},
-                     {"color", {9, 12}},    {"date", {66, 73}},      {"column158", {158, 158}}};
-    AddTimes(j2, "time", 6, 13);
-    t["J1"] = j2;  // a J1 line is cut like a J2
-    t["J2"] = std::move(j2);
-    t["Z0"] = {
-        {"organization", {3, 3}},    {"file_code", {12, 13}},     {"notes", {14, 43}},
-        {"b1_count", {44, 46, R}},   {"meet_count", {47, 49, R}}, {"c1_count", {50, 53, R}},
-        {"team_count", {54, 57, R}}, {"d0_count", {58, 63, R}},   {"swimmer_count", {64, 69, R}},
-        {"e0_count", {70, 74, R}},   {"f0_count", {75, 80, R}},   {"g0_count", {81, 86, R}},
-        {"batch1", {87, 91, R}},     {"batch2", {92, 94, R}},     {"batch3", {98, 100, R}},
-        {"batch4", {101, 103, R}},   {"column158", {158, 158}}};
+    // Column 158 stands in every layout: a plain SDIF file must leave it blank.
+    auto add = [&](const char* code, std::string spec) {
+      t[code] = Layout(spec + " column158:158");
+    };
+    add("A0",
+        "organization:3 version:4-11 file_code:12-13 software_name:44-63 software_version:64-73 "
+        "contact_name:74-93 contact_phone:94-105 file_date:106-113 source_code:150-151 "
+        "content_code:152-153 reserved:156-157 check_sum:159-160");
+    add("B1",
+        "organization:3 meet_name:12-41 address1:42-63 address2:64-85 location:86-120 "
+        "meet_type:121 start:122-129 end:130-137 course:150");
+    add("B2", "host_name:12-41 address1:42-63 address2:64-85 location:86-120 phone:121-132");
+    add("C1",
+        "organization:3 lsc:12-13 team_code:14-17 team_name:18-47 short_name:48-63 "
+        "address1:64-85 address2:86-107 city:108-127 state:128-129 postal_code:130-139 "
+        "country:140-142 region:143 team_code5:150");
+    add("C2",
+        "organization:3 lsc:12-13 team_code:14-17 coach_name:18-47 coach_phone:48-59 "
+        "count1:60-65r count2:66-71r count3:72-76r count4:77-82r count5:83-88r reserved:89-104 "
+        "reserved150:150");
+    add("D0",
+        "organization:3 swimmer_name:12-39 swimmer_number:40-51 attach:52 citizen:53-55 "
+        "birth:56-63 age:64-65r sex:66 event_sex:67 distance:68-71r stroke:72 "
+        "event_number:73-75r event_letter:76 event_age:77-80 swim_date:81-88 seed_time:89-96r "
+        "seed_course:97 prelim_time:98-105r prelim_course:106 swim_off_time:107-114r "
+        "swim_off_course:115 finals_time:116-123r finals_course:124 prelim_heat:125-126r "
+        "prelim_lane:127-128r finals_heat:129-130r finals_lane:131-132r prelim_place:133-135r "
+        "finals_place:136-138r points:139-142r lower_time_class:143 upper_time_class:144 "
+        "flight:145 private_stroke:150 points_hundredths:151-152r exhibition:156");
+    add("D1",
+        "organization:3 lsc:12-13 team_code:14-17 team_code5:18 swimmer_name:19-46 "
+        "swimmer_number:48-59 attach:60 citizen:61-63 birth:64-71 age:72-73r sex:74 "
+        "admin1:75-104 admin2:105-124 day_phone:125-136 evening_phone:137-148 "
+        "last_membership:149-156 member_code:157");
+    add("D2",
+        "organization:3 lsc:12-13 team_code:14-17 team_code5:18 swimmer_name:19-46 "
+        "addressee:47-76 street:77-106 city:107-126 state:127-128 country:129-140 zip:141-150 "
+        "country_code:151-153 region:154 answer:155 season:156");
+    add("D3",
+        "new_swimmer_number:3-16 preferred_first_name:17-31 ethnicity:32-33 flags:34-41 "
+        "flags2:43-46");
+    add("E0",
+        "organization:3 team_letter:12 lsc:13-14 team_code:15-18 f0_count:19-20r event_sex:21 "
+        "distance:22-25r stroke:26 event_number:27-29r event_letter:30 event_age:31-34 "
+        "total_age:35-37r swim_date:38-45 seed_time:46-53r seed_course:54 prelim_time:55-62r "
+        "prelim_course:63 swim_off_time:64-71r swim_off_course:72 finals_time:73-80r "
+        "finals_course:81 prelim_heat:82-83r prelim_lane:84-85r finals_heat:86-87r "
+        "finals_lane:88-89r prelim_place:90-92r finals_place:93-95r points:96-99r "
+        "lower_time_class:100 upper_time_class:101 private_stroke:150 points_hundredths:151-152r "
+        "exhibition:156");
+    add("F0",
+        "organization:3 lsc:16-17 team_code:18-21 team_code5:22 swimmer_name:23-45 "
+        "swimmer_number:51-62 citizen:63-65 birth:66-73 age:74-75r sex:76 prelim_order:77 "
+        "swim_off_order:78 finals_order:79 leg_time:80-87r leg_course:88 take_off:89-92r "
+        "new_swimmer_number:93-106");
+    add("G0",
+        "organization:3 swimmer_name:16-43 swimmer_number:44-55 sequence:56r total_splits:57-58r "
+        "split_distance:59-62r split_code:63 prelim_final:144");
+    add("J0",
+        "meet_code:11 event_sex:17 distance:18-21r stroke:22 event_age:47-50 reserved51:51 "
+        "reserved52:52-53 reserved54:54-55 date:66-73");
+    add("J2", "event_sex:3 distance:4-7r stroke:8 color:9-12 date:66-73");
+    add("Z0",
+        "organization:3 file_code:12-13 notes:14-43 b1_count:44-46r meet_count:47-49r "
+        "c1_count:50-53r team_count:54-57r d0_count:58-63r swimmer_count:64-69r e0_count:70-74r "
+        "f0_count:75-80r g0_count:81-86r batch1:87-91r batch2:92-94r batch3:98-100r "
+        "batch4:101-103r");
+    AddTimes(t["G0"], "split", 10, 64);
+    AddTimes(t["J0"], "time", 3, 23);
+    AddTimes(t["J2"], "time", 6, 13);
+    t["J1"] = t["J2"];  // a J1 line is cut like a J2
     return t;
   }();
   return tables;
@@ -216,57 +140,28 @@ inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
 inline const std::map<std::string, FieldTable, std::less<>>& Nv3Tables() {
   static const auto tables = [] {
     std::map<std::string, FieldTable, std::less<>> t;
-    t["A1"] = {{"file_code", {3, 4}}, {"kind", {5, 29}},       {"creator", {30, 44}},
-               {"version", {45, 58}}, {"date_time", {59, 75}}, {"name", {76, 120}}};
-    t["B1"] = {{"meet_name", {3, 47}},
-               {"location", {48, 92}},
-               {"start", {93, 100}},
-               {"end", {101, 108}},
-               {"age_up", {109, 116}}};
-    t["B2"] = {{"meet_type", {97, 98}}, {"course_letter", {99, 99}}, {"course", {107, 108}}};
-    t["C1"] = {{"team_code", {3, 7}}, {"team_name", {8, 37}}, {"short_name", {38, 53}},
-               {"lsc", {54, 55}},     {"code1", {117, 119}},  {"code2", {120, 122}}};
-    t["D1"] = {{"sex", {3, 3}},     {"athlete", {4, 8, R}}, {"last", {9, 28}},
-               {"first", {29, 48}}, {"pref", {49, 68}},     {"initial", {69, 69}},
-               {"id_no", {70, 83}}, {"birth", {89, 96}},    {"age", {97, 99, R}}};
-    t["E1"] = {{"sex", {3, 3}},
-               {"athlete", {4, 8, R}},
-               {"last5", {9, 13}},
-               {"sex2", {14, 14}},
-               {"event_sex", {15, 15}},
-               {"distance", {16, 21, R}},
-               {"stroke_letter", {22, 22}},
-               {"age_group", {23, 28}},
-               {"col29", {29, 31}},
-               {"fee", {33, 38, R}},
-               {"event_number", {39, 41, R}},
-               {"event_letter", {42, 42}},
-               {"entry_zero", {43, 50, R}},
-               {"seed_time", {52, 59, R}},
-               {"seed_course", {60, 60}},
-               {"points", {61, 68, R}},
-               {"exhibition", {81, 81}},
-               {"col84", {84, 84}},
-               {"age", {86, 88, R}},
-               {"age2", {89, 91, R}},
-               {"col92", {92, 92}},
-               {"lead_off", {95, 95}},
-               {"gs_mark", {96, 96}}};
-    const FieldTable result = {
-        {"f_p", {3, 3}},         {"score", {4, 11, R}},    {"course", {12, 12}},
-        {"nt_letter", {13, 13}}, {"exhibition", {16, 16}}, {"place", {30, 33, R}},
-        {"number", {61, 63, R}}, {"f_p2", {64, 64}},       {"score2", {65, 72, R}},
-        {"course2", {73, 73}},   {"nt_letter2", {74, 74}}, {"exhibition2", {77, 77}},
-        {"place2", {91, 94, R}}};
-    t["E2"] = result;
-    t["F2"] = result;
-    t["F1"] = {
-        {"team_code", {3, 7}},      {"relay_letter", {8, 8}},      {"col9", {9, 12}},
-        {"col13", {13, 13}},        {"col14", {14, 14}},           {"event_sex", {15, 15}},
-        {"distance", {16, 21, R}},  {"stroke_letter", {22, 22}},   {"age_group", {23, 28}},
-        {"col29", {29, 31}},        {"event_number", {39, 41, R}}, {"event_letter", {42, 42}},
-        {"seed_time", {52, 59, R}}, {"seed_course", {60, 60}},     {"col84", {84, 84}}};
-    FieldTable g1;
+    t["A1"] =
+        Layout("file_code:3-4 kind:5-29 creator:30-44 version:45-58 date_time:59-75 name:76-120");
+    t["B1"] = Layout("meet_name:3-47 location:48-92 start:93-100 end:101-108 age_up:109-116");
+    t["B2"] = Layout("meet_type:97-98 course_letter:99 course:107-108");
+    t["C1"] = Layout(
+        "team_code:3-7 team_name:8-37 short_name:38-53 lsc:54-55 code1:117-119 code2:120-122");
+    t["D1"] = Layout(
+        "sex:3 athlete:4-8r last:9-28 first:29-48 pref:49-68 initial:69 id_no:70-83 birth:89-96 "
+        "age:97-99r");
+    t["E1"] = Layout(
+        "sex:3 athlete:4-8r last5:9-13 sex2:14 event_sex:15 distance:16-21r stroke_letter:22 "
+        "age_group:23-28 col29:29-31 fee:33-38r event_number:39-41r event_letter:42 "
+        "entry_zero:43-50r seed_time:52-59r seed_course:60 points:61-68r exhibition:81 col84:84 "
+        "age:86-88r age2:89-91r col92:92 lead_off:95 gs_mark:96");
+    t["E2"] = t["F2"] = Layout(
+        "f_p:3 score:4-11r course:12 nt_letter:13 exhibition:16 place:30-33r number:61-63r "
+        "f_p2:64 score2:65-72r course2:73 nt_letter2:74 exhibition2:77 place2:91-94r");
+    t["F1"] = Layout(
+        "team_code:3-7 relay_letter:8 col9:9-12 col13:13 col14:14 event_sex:15 distance:16-21r "
+        "stroke_letter:22 age_group:23-28 col29:29-31 event_number:39-41r event_letter:42 "
+        "seed_time:52-59r seed_course:60 col84:84");
+    FieldTable& g1 = t["G1"];
     for (int i = 0; i < 11; ++i) {
       const int at = 3 + 11 * i;
       const std::string n = std::to_string(i + 1);
@@ -274,7 +169,6 @@ inline const std::map<std::string, FieldTable, std::less<>>& Nv3Tables() {
       g1["split_number" + n] = {at + 1, at + 2, R};
       g1["value" + n] = {at + 3, at + 10, R};
     }
-    t["G1"] = std::move(g1);
     return t;
   }();
   return tables;
