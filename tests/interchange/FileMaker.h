@@ -303,13 +303,10 @@ class SdifFile {
 
   // `commlink`: a .cl2 (software "Norvan, Ltd", check sums); else a plain .sd3.
   explicit SdifFile(bool commlink = true) : commlink_(commlink) {
-    a0_ = {{"version", "V3"},
-           {"file_code", "02"},
-           {"software_name", commlink ? "Norvan, Ltd" : "Made Up Meet Manager"},
-           {"software_version", "1.0"},
-           {"contact_name", "Pat Example"},
-           {"contact_phone", "555-0100"},
-           {"file_date", "11222026"}};
+    a0_ = Spec(
+        "version=V3|file_code=02|software_version=1.0|contact_name=Pat Example|"
+        "contact_phone=555-0100|file_date=11222026");
+    Set(a0_, "software_name", commlink ? "Norvan, Ltd" : "Made Up Meet Manager");
   }
 
   SdifFile& A0(FieldValues fields) {
@@ -319,69 +316,38 @@ class SdifFile {
   // A B1 (meet); the first call replaces the default meet.
   SdifFile& Meet(FieldValues fields = {}) {
     return Add("B1",
-               {{"meet_name", "Autumn Made-Up Invite"},
-                {"location", "Springfield"},
-                {"start", "11012026"},
-                {"end", "11022026"},
-                {"course", "Y"}},
+               Spec("meet_name=Autumn Made-Up Invite|location=Springfield|start=11012026|"
+                    "end=11022026|course=Y"),
                fields);
   }
   SdifFile& Team(FieldValues fields = {}) {
-    return Add("C1", {{"lsc", "ZZ"}, {"team_code", "MUST"}, {"team_name", "Made Up Swim Team"}},
-               fields);
+    return Add("C1", Spec("lsc=ZZ|team_code=MUST|team_name=Made Up Swim Team"), fields);
   }
   // A D0 and, with `with_d3`, the D3 behind it.
   SdifFile& Swim(FieldValues fields = {}, bool with_d3 = true) {
     Add("D0",
-        {{"swimmer_name", "DOE, JANE A"},
-         {"birth", "01022014"},
-         {"age", "12"},
-         {"sex", "F"},
-         {"event_sex", "F"},
-         {"distance", "100"},
-         {"stroke", "1"},
-         {"event_number", "12"},
-         {"event_age", "1112"},
-         {"swim_date", "11012026"},
-         {"seed_time", "1:07.00"},
-         {"seed_course", "Y"},
-         {"finals_time", "1:05.32"},
-         {"finals_course", "Y"},
-         {"finals_place", "3"}},
+        Spec("swimmer_name=DOE, JANE A|birth=01022014|age=12|sex=F|event_sex=F|distance=100|"
+             "stroke=1|event_number=12|event_age=1112|swim_date=11012026|seed_time=1:07.00|"
+             "seed_course=Y|finals_time=1:05.32|finals_course=Y|finals_place=3"),
         fields);
-    if (with_d3) Add("D3", {{"new_swimmer_number", "MADEUP000001"}}, {});
+    if (with_d3) Add("D3", Spec("new_swimmer_number=MADEUP000001"), {});
     return *this;
   }
   // An E0 with `legs` F0 lines.
   SdifFile& Relay(FieldValues fields = {}, int legs = 4) {
-    Add("E0",
-        {{"team_letter", "A"},
-         {"lsc", "ZZ"},
-         {"team_code", "MUST"},
-         {"f0_count", std::to_string(legs)},
-         {"event_sex", "F"},
-         {"distance", "200"},
-         {"stroke", "6"},
-         {"event_number", "20"},
-         {"event_age", "1112"},
-         {"swim_date", "11012026"},
-         {"finals_time", "2:10.00"},
-         {"finals_course", "Y"}},
-        fields);
+    Fields e0 = Spec(
+        "team_letter=A|lsc=ZZ|team_code=MUST|event_sex=F|distance=200|stroke=6|event_number=20|"
+        "event_age=1112|swim_date=11012026|finals_time=2:10.00|finals_course=Y");
+    Set(e0, "f0_count", std::to_string(legs));
+    Add("E0", std::move(e0), fields);
     static const char* const kNames[] = {"DOE, JANE A", "ROE, ANN", "POE, EVE", "LOE, MAY"};
     for (int i = 0; i < legs; ++i) {
-      Add("F0",
-          {{"team_code", "MUST"},
-           {"swimmer_name", kNames[i % 4]},
-           {"birth", "01022014"},
-           {"age", "12"},
-           {"sex", "F"},
-           {"prelim_order", "0"},
-           {"swim_off_order", "0"},
-           {"finals_order", std::to_string(i % 4 + 1)},
-           {"leg_time", "32.50"},
-           {"leg_course", "Y"}},
-          {});
+      Fields f0 = Spec(
+          "team_code=MUST|birth=01022014|age=12|sex=F|prelim_order=0|swim_off_order=0|"
+          "leg_time=32.50|leg_course=Y");
+      Set(f0, "swimmer_name", kNames[i % 4]);
+      Set(f0, "finals_order", std::to_string(i % 4 + 1));
+      Add("F0", std::move(f0), {});
     }
     return *this;
   }
@@ -453,6 +419,17 @@ class SdifFile {
     std::string raw;
   };
 
+  // "name=value|name=value".
+  static Fields Spec(std::string_view text) {
+    Fields fields;
+    while (!text.empty()) {
+      const std::string_view item = text.substr(0, text.find('|'));
+      const size_t eq = item.find('=');
+      fields.emplace_back(item.substr(0, eq), item.substr(eq + 1));
+      text.remove_prefix(std::min(text.size(), item.size() + 1));
+    }
+    return fields;
+  }
   static void Set(Fields& fields, std::string_view name, std::string_view value) {
     for (auto& [n, v] : fields) {
       if (n == name) {
