@@ -68,14 +68,8 @@ TEST_F(ImportCli, ImportsOnceThenListsTheRefusedLines) {
 
 TEST_F(ImportCli, ARosterFileFillsTheSwimmersCardAndSaysHowMany) {
   testing::SdifFile roster;
-  roster.A0({{"file_code", "20"},
-             {"source_code", "CS"},
-             {"software_version", "2.0"},
-             {"content_code", "43"}});
-  roster.Line("D1", {{"swimmer_name", "DOE, JANE A"},
-                     {"sex", "F"},
-                     {"birth", "01022014"},
-                     {"day_phone", "555-0101"}});
+  roster.A0("file_code=20|source_code=CS|software_version=2.0|content_code=43");
+  roster.Line("D1", "swimmer_name=DOE, JANE A|sex=F|birth=01022014|day_phone=555-0101");
   const Outcome out = Kvlr({"import", File("roster.cl2", roster.Text()), "--db", db_});
   ASSERT_EQ(out.code, 0) << out.err;
   EXPECT_NE(out.err.find("1 Athletes Imported\n"), std::string::npos) << out.err;

@@ -29,7 +29,30 @@ struct FieldSpot {
 };
 
 using FieldTable = std::map<std::string, FieldSpot, std::less<>>;
-using FieldValues = std::initializer_list<std::pair<std::string_view, std::string_view>>;
+using FieldList = std::vector<std::pair<std::string, std::string>>;
+
+// Fields by name: {{"name", "value"}, ...}, or "name=value|name=value" in one text.
+class FieldValues {
+ public:
+  FieldValues() = default;
+  FieldValues(std::initializer_list<std::pair<std::string_view, std::string_view>> list) {
+    for (const auto& [name, value] : list) list_.emplace_back(name, value);
+  }
+  FieldValues(const FieldList& list) : list_(list) {}
+  FieldValues(const char* spec) {
+    for (std::string_view text = spec; !text.empty();) {
+      const std::string_view item = text.substr(0, text.find('|'));
+      const size_t eq = item.find('=');
+      list_.emplace_back(item.substr(0, eq), item.substr(eq + 1));
+      text.remove_prefix(std::min(text.size(), item.size() + 1));
+    }
+  }
+  FieldList::const_iterator begin() const { return list_.begin(); }
+  FieldList::const_iterator end() const { return list_.end(); }
+
+ private:
+  FieldList list_;
+};
 
 namespace file_maker_detail {
 
@@ -235,10 +258,17 @@ inline std::string SdifLine(std::string_view code, std::initializer_list<Put> pu
   return line;
 }
 
-// The same from fields gathered at run time.
-inline std::string Sdif(std::string_view code,
-                        const std::vector<std::pair<std::string, std::string>>& fields) {
-  return file_maker_detail::Place(file_maker_detail::SdifTables(), code, fields, kSdifWidth);
+// The same from "column=text|column=text".
+inline std::string SdifLine(std::string_view code, std::string_view spec) {
+  std::string line = SdifLine(code, std::initializer_list<Put>{});
+  while (!spec.empty()) {
+    const std::string_view item = spec.substr(0, spec.find('|'));
+    const size_t eq = item.find('=');
+    const int col = std::stoi(std::string(item.substr(0, eq)));
+    line.replace(static_cast<size_t>(col - 1), item.size() - eq - 1, item.substr(eq + 1));
+    spec.remove_prefix(std::min(spec.size(), item.size() + 1));
+  }
+  return line;
 }
 
 // Sum of the bytes of columns 1-156, /19 floored, +211, low digits reversed.
@@ -299,7 +329,7 @@ inline std::string FileText(const std::vector<std::string>& lines) {
 // up people); every call's fields override the defaults by name.
 class SdifFile {
  public:
-  using Fields = std::vector<std::pair<std::string, std::string>>;
+  using Fields = FieldList;
 
   // `commlink`: a .cl2 (software "Norvan, Ltd", check sums); else a plain .sd3.
   explicit SdifFile(bool commlink = true) : commlink_(commlink) {
@@ -419,17 +449,11 @@ class SdifFile {
     std::string raw;
   };
 
-  // "name=value|name=value".
-  static Fields Spec(std::string_view text) {
-    Fields fields;
-    while (!text.empty()) {
-      const std::string_view item = text.substr(0, text.find('|'));
-      const size_t eq = item.find('=');
-      fields.emplace_back(item.substr(0, eq), item.substr(eq + 1));
-      text.remove_prefix(std::min(text.size(), item.size() + 1));
-    }
-    return fields;
+  static Fields Spec(const char* text) {
+    const FieldValues values(text);
+    return Fields(values.begin(), values.end());
   }
+
   static void Set(Fields& fields, std::string_view name, std::string_view value) {
     for (auto& [n, v] : fields) {
       if (n == name) {

@@ -17,15 +17,14 @@ using testing::Sdif;
 TEST(FileMakerTest, CheckSumsAgreeWithWorkedExamplesAndProgram) {
   EXPECT_EQ(testing::Cl2Sum(std::string(156, ' ')), "37");
   EXPECT_EQ(testing::Nv3Sum(std::string(128, ' ')), "79");
-  const std::string b1 = Cl2(Sdif("B1", {{"meet_name", "Autumn Invite"}, {"start", "11012026"}}));
+  const std::string b1 = Cl2(Sdif("B1", "meet_name=Autumn Invite|start=11012026"));
   EXPECT_EQ(CheckCL2Line(b1), Cl2Line::kGood);
-  const std::string d1 = Nv3("D1", {{"sex", "F"}, {"athlete", "17"}, {"last", "DOE"}});
+  const std::string d1 = Nv3("D1", "sex=F|athlete=17|last=DOE");
   EXPECT_TRUE(CheckNV3Line(d1));
 }
 
 TEST(FileMakerTest, FieldsLandInTheirColumns) {
-  const std::string d0 =
-      Sdif("D0", {{"swimmer_name", "DOE, JANE"}, {"distance", "100"}, {"finals_time", "1:05.32"}});
+  const std::string d0 = Sdif("D0", "swimmer_name=DOE, JANE|distance=100|finals_time=1:05.32");
   ASSERT_EQ(d0.size(), 160u);
   EXPECT_EQ(d0.substr(0, 2), "D0");
   EXPECT_EQ(d0.substr(11, 9), "DOE, JANE");

@@ -79,7 +79,7 @@ TEST_F(PrepareTest, AGoodCommlinkFileIsReadToItsZ0AndCertified) {
 TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
   std::string bad_sum = SdifFile().Swim().Lines()[3];
   bad_sum[20] = 'Z';
-  std::string not_norvan = Sdif("D0", {{"swimmer_name", "DOE, JANE"}, {"seed_time", "  :31.00"}});
+  std::string not_norvan = Sdif("D0", "swimmer_name=DOE, JANE|seed_time=  :31.00");
   struct Case {
     std::string name;
     std::string file_name;
@@ -107,11 +107,11 @@ TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
       {"sd3 not A0", "h.SD3", SdifFile(false).Text().substr(162),
        std::string("Invalid format.  First line is not an A0 record.")},
       {"nv3 129 columns", "i.nv3",
-       testing::FileText({Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}}),
+       testing::FileText({Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
                           Nv3("B1", {{"meet_name", "Made Up"}}).substr(0, 129)}),
        "Line length error. Line length should be 130. Found 129"},
       {"nv3 check sum", "j.nv3",
-       testing::FileText({Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}}),
+       testing::FileText({Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
                           Nv3("B1", {{"meet_name", "Made Up"}}).substr(0, 128) + "00"}),
        std::string("This file's Integrity has been compromised - please request another copy of "
                    "the file.")},
@@ -151,8 +151,7 @@ TEST_F(PrepareTest, EntriesAreReportedButNotImported) {
 
 TEST_F(PrepareTest, AForeignRosterIsNotForThisImport) {
   const ImportFile f =
-      Prepare("r.cl2", SdifFile().A0({{"file_code", "20"}, {"content_code", "43"}}).Text(),
-              ImportMode::kImport);
+      Prepare("r.cl2", SdifFile().A0("file_code=20|content_code=43").Text(), ImportMode::kImport);
   EXPECT_FALSE(f.ready);
   EXPECT_EQ(f.panel.file_type, "No Valid for Import");
   EXPECT_EQ(OnlyBox(),
@@ -173,16 +172,9 @@ TEST_F(PrepareTest, ImportModeTellsWhenTheSwimmerIsNotInTheFile) {
 }
 
 std::vector<std::string> Nv3File() {
-  return {Nv3("A1", {{"file_code", "09"},
-                     {"kind", "Exported Results"},
-                     {"creator", "Norvan, Ltd"},
-                     {"version", "2.1Da"}}),
-          Nv3("B1", {{"meet_name", "Made Up Winter Meet"}, {"start", "12052026"}}),
-          Nv3("D1", {{"sex", "F"},
-                     {"athlete", "1"},
-                     {"last", "DOE"},
-                     {"first", "JANE"},
-                     {"birth", "01022014"}})};
+  return {Nv3("A1", "file_code=09|kind=Exported Results|creator=Norvan, Ltd|version=2.1Da"),
+          Nv3("B1", "meet_name=Made Up Winter Meet|start=12052026"),
+          Nv3("D1", "sex=F|athlete=1|last=DOE|first=JANE|birth=01022014")};
 }
 
 TEST_F(PrepareTest, AnNv3FillsThePanelFromItsFirstTwoLines) {

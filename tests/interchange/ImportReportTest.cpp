@@ -93,20 +93,13 @@ TEST(ImportReportTexts, DistancesStrokesAndDates) {
 TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
   SdifFile file;
   file.Swim()
-      .Swim({{"swimmer_name", "ROE, ANN"},
-             {"swimmer_number", "ROE-NUMBER"},
-             {"stroke", "H"},
-             {"private_stroke", "6"},
-             {"distance", ""},
-             {"event_age", "UN10"},
-             {"finals_time", "245.50"},
-             {"finals_course", ""}},
-            false)
-      .Swim({{"swimmer_name", "POE, EVE"},
-             {"event_age", "15OV"},
-             {"prelim_time", "DQ"},
-             {"prelim_course", "Y"},
-             {"finals_time", ""}})
+      .Swim(
+          "swimmer_name=ROE, ANN|swimmer_number=ROE-NUMBER|stroke=H|private_stroke=6|"
+          "distance=|event_age=UN10|finals_time=245.50|finals_course=",
+          false)
+      .Swim(
+          "swimmer_name=POE, EVE|event_age=15OV|prelim_time=DQ|prelim_course=Y|"
+          "finals_time=")
       .Relay({}, 2)
       .Line("G0", {{"swimmer_name", "DOE, JANE A"}});
   const ImportOutcome outcome = Report(file.Lines(), ".CL2");
@@ -188,13 +181,9 @@ TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
 
 TEST_F(ImportReportTest, RosterLinesAreSwimmerOnlyRowsWithTheirD3Number) {
   SdifFile file;
-  file.Line("D1", {{"lsc", "ZZ"},
-                   {"team_code", "MUST"},
-                   {"swimmer_name", "DOE, JANE A"},
-                   {"swimmer_number", "OLDNUMBER"},
-                   {"birth", "01022014"},
-                   {"age", "12"},
-                   {"sex", "F"}})
+  file.Line("D1",
+            "lsc=ZZ|team_code=MUST|swimmer_name=DOE, JANE A|swimmer_number=OLDNUMBER|"
+            "birth=01022014|age=12|sex=F")
       .Line("D2", {{"swimmer_name", "DOE, JANE A"}})
       .Line("D3", {{"new_swimmer_number", "NEWNUMBER"}});
   ASSERT_TRUE(Report(file.Lines(), ".SD3").ok);
@@ -210,57 +199,24 @@ TEST_F(ImportReportTest, Nv3FileReportsSwimsUnderTheSwimmerOfTheirNumber) {
   // The database knows Alex by name only; the file leaves Alex's number out.
   AddAthlete("Smith", "Alex", "B", "DB-ALEX", "2014-01-02");
   const std::vector<std::string> lines = {
-      Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}}),
-      Nv3("B1", {{"meet_name", "Winter Made-Up Open"}, {"start", "12052026"}, {"end", "12062026"}}),
-      Nv3("C1", {{"team_code", "MUST"}, {"team_name", "Made Up Swim Team"}, {"lsc", "ZZ"}}),
-      Nv3("D1", {{"sex", "F"},
-                 {"athlete", "7"},
-                 {"last", "SMITH"},
-                 {"first", "ALEX"},
-                 {"initial", "B"},
-                 {"birth", "01022014"},
-                 {"age", "12"}}),
-      Nv3("D1", {{"sex", "F"},
-                 {"athlete", "8"},
-                 {"last", "JONES"},
-                 {"first", "KIM"},
-                 {"id_no", "FILE-KIM"}}),
-      Nv3("E1", {{"sex", "F"},
-                 {"athlete", "7"},
-                 {"event_sex", "F"},
-                 {"distance", "100"},
-                 {"stroke_letter", "A"},
-                 {"age_group", " 11 12"},
-                 {"event_number", "12"},
-                 {"age", "12"}}),
-      Nv3("E2", {{"f_p", "F"},
-                 {"score", "65.32"},
-                 {"course", "Y"},
-                 {"f_p2", "P"},
-                 {"score2", "66.01"},
-                 {"course2", "Y"}}),
+      Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
+      Nv3("B1", "meet_name=Winter Made-Up Open|start=12052026|end=12062026"),
+      Nv3("C1", "team_code=MUST|team_name=Made Up Swim Team|lsc=ZZ"),
+      Nv3("D1", "sex=F|athlete=7|last=SMITH|first=ALEX|initial=B|birth=01022014|age=12"),
+      Nv3("D1", "sex=F|athlete=8|last=JONES|first=KIM|id_no=FILE-KIM"),
+      Nv3("E1",
+          "sex=F|athlete=7|event_sex=F|distance=100|stroke_letter=A|age_group= 11 12|"
+          "event_number=12|age=12"),
+      Nv3("E2", "f_p=F|score=65.32|course=Y|f_p2=P|score2=66.01|course2=Y"),
       testing::Nv3Resum("E3"),
-      Nv3("E1", {{"sex", "F"},
-                 {"athlete", "8"},
-                 {"event_sex", "F"},
-                 {"distance", "1"},
-                 {"stroke_letter", "H"},
-                 {"age_group", "  0109"}}),
-      Nv3("E2", {{"f_p", "F"}, {"score", "245.50"}}),
-      Nv3("E1", {{"sex", "F"},
-                 {"athlete", "7"},
-                 {"event_sex", "F"},
-                 {"distance", "50"},
-                 {"stroke_letter", "B"},
-                 {"age_group", "  0 10"}}),
-      Nv3("E2", {{"f_p", "P"}, {"nt_letter", "Q"}}),
-      Nv3("F1", {{"team_code", "MUST"},
-                 {"relay_letter", "B"},
-                 {"event_sex", "F"},
-                 {"distance", "200"},
-                 {"stroke_letter", "E"},
-                 {"age_group", " 11 12"}}),
-      Nv3("F2", {{"f_p", "F"}, {"score", "150.00"}, {"course", "Y"}}),
+      Nv3("E1", "sex=F|athlete=8|event_sex=F|distance=1|stroke_letter=H|age_group=  0109"),
+      Nv3("E2", "f_p=F|score=245.50"),
+      Nv3("E1", "sex=F|athlete=7|event_sex=F|distance=50|stroke_letter=B|age_group=  0 10"),
+      Nv3("E2", "f_p=P|nt_letter=Q"),
+      Nv3("F1",
+          "team_code=MUST|relay_letter=B|event_sex=F|distance=200|stroke_letter=E|"
+          "age_group= 11 12"),
+      Nv3("F2", "f_p=F|score=150.00|course=Y"),
   };
   ASSERT_TRUE(Report(lines, ".NV3").ok);
   const auto rows = Rows(false);

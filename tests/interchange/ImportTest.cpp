@@ -87,13 +87,10 @@ TEST(ImportRules, NonTimeCodesCoursesAndPrivateNumbers) {
 
 TEST_F(ImportTest, TakesOnlyTheFamilysSwimsAndRanksThem) {
   SdifFile file;
-  file.Swim().Swim({{"swimmer_name", "ROE, ANN"}, {"finals_time", "1:01.00"}});
-  file.Swim({{"event_number", "14"},
-             {"distance", "50"},
-             {"finals_time", "29.10"},
-             {"prelim_time", "29.50"},
-             {"prelim_course", "Y"},
-             {"prelim_place", "5"}});
+  file.Swim().Swim("swimmer_name=ROE, ANN|finals_time=1:01.00");
+  file.Swim(
+      "event_number=14|distance=50|finals_time=29.10|prelim_time=29.50|"
+      "prelim_course=Y|prelim_place=5");
   const ImportOutcome out = Run(file.Lines());
   EXPECT_TRUE(out.ok);
   EXPECT_EQ(out.status, " Import Successful ");
@@ -119,7 +116,7 @@ TEST_F(ImportTest, DuplicatesAreSkippedUnlessOverlaid) {
   first.Swim();
   ASSERT_TRUE(Run(first.Lines()).ok);
   SdifFile again;
-  again.Swim({{"finals_time", "1:04.00"}, {"swimmer_number", "OLD-NUMBER"}});
+  again.Swim("finals_time=1:04.00|swimmer_number=OLD-NUMBER");
   const ImportOutcome skipped = Run(again.Lines());
   EXPECT_TRUE(skipped.not_all_imported);
   EXPECT_EQ(skipped.counts.Processed(ImportRow::kIndividual), 0);
@@ -141,13 +138,11 @@ TEST_F(ImportTest, DuplicatesAreSkippedUnlessOverlaid) {
 
 TEST_F(ImportTest, EventNumbersFoldLettersAndMakePrivateNumbersOnCollision) {
   SdifFile file;
-  file.Swim({{"event_number", "12"}, {"event_letter", "3"}});
-  file.Swim({{"event_number", "12"}, {"distance", "200"}, {"finals_time", "2:20.00"}});
-  file.Swim({{"event_number", "12"},
-             {"distance", "200"},
-             {"finals_time", "2:21.00"},
-             {"prelim_time", "2:22.00"},
-             {"prelim_course", "Y"}});
+  file.Swim("event_number=12|event_letter=3");
+  file.Swim("event_number=12|distance=200|finals_time=2:20.00");
+  file.Swim(
+      "event_number=12|distance=200|finals_time=2:21.00|prelim_time=2:22.00|"
+      "prelim_course=Y");
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 123"), 100);
   EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 12"), 200);
@@ -155,7 +150,7 @@ TEST_F(ImportTest, EventNumbersFoldLettersAndMakePrivateNumbersOnCollision) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT"), 2);
 
   SdifFile other;
-  other.Swim({{"event_number", "123"}, {"distance", "200"}, {"finals_time", "2:19.00"}});
+  other.Swim("event_number=123|distance=200|finals_time=2:19.00");
   ASSERT_TRUE(Run(other.Lines()).ok);
   // 200 free for 11-12 collides with 123 (a 100): 25 + 1 = 26, letter "C".
   EXPECT_EQ(Count("SELECT Distance FROM MTEVENT WHERE MtEv = 26 AND MtEvX = 'C'"), 200);
@@ -164,11 +159,7 @@ TEST_F(ImportTest, EventNumbersFoldLettersAndMakePrivateNumbersOnCollision) {
 TEST_F(ImportTest, EventWithoutNumberIsFoundOrNumberedAfterTheLast) {
   SdifFile file;
   file.Swim({{"event_number", "7"}});
-  file.Swim({{"event_number", ""},
-             {"event_letter", ""},
-             {"distance", "50"},
-             {"stroke", "2"},
-             {"event_sex", "F"}});
+  file.Swim("event_number=|event_letter=|distance=50|stroke=2|event_sex=F");
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Distance = 50"), 8);
 }
@@ -181,7 +172,7 @@ TEST_F(ImportTest, SameStartUnderAnotherNameAsksWhetherItIsTheSameMeet) {
   SdifFile renamed;
   renamed.Meet({{"meet_name", "Made-Up Fall Classic"}});
   renamed.Line("B2", {{"location", "Shelbyville Pool"}});
-  renamed.Swim({{"event_number", "14"}, {"distance", "50"}, {"finals_time", "30.00"}});
+  renamed.Swim("event_number=14|distance=50|finals_time=30.00");
   t_.io.Script({Answer::kNo});
   ASSERT_TRUE(Run(renamed.Lines()).ok);
   EXPECT_TRUE(t_.io.Saw("Would you like to treat this meet, Made-Up Fall Classic and Autumn"));
@@ -190,7 +181,7 @@ TEST_F(ImportTest, SameStartUnderAnotherNameAsksWhetherItIsTheSameMeet) {
   SdifFile same;
   same.Meet({{"meet_name", "Made-Up Winter Classic"}});
   same.Line("B2", {{"location", "Shelbyville Pool"}});
-  same.Swim({{"event_number", "16"}, {"distance", "25"}, {"finals_time", "14.00"}});
+  same.Swim("event_number=16|distance=25|finals_time=14.00");
   t_.io.Script({Answer::kYes});
   ASSERT_TRUE(Run(same.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-01'"), 2);
@@ -201,7 +192,7 @@ TEST_F(ImportTest, SameStartUnderAnotherNameAsksWhetherItIsTheSameMeet) {
 
 TEST_F(ImportTest, NamelessMeetAndBadStartDate) {
   SdifFile file;
-  file.Meet({{"meet_name", ""}, {"start", "13312026"}});
+  file.Meet("meet_name=|start=13312026");
   file.Swim();
   const ImportOutcome out = Run(file.Lines());
   ASSERT_TRUE(out.ok);
@@ -217,8 +208,8 @@ TEST_F(ImportTest, NamelessMeetAndBadStartDate) {
 TEST_F(ImportTest, AllFamilyTakesEverySwimmerOfTheFamily) {
   const int32_t ann = AddAthlete("Doe", "Annabel", "F", "Ann");
   SdifFile file;
-  file.Swim().Swim({{"swimmer_name", "DOE, ANN"}, {"finals_time", "1:09.00"}});
-  file.Swim({{"swimmer_name", "DOE, JOHN"}, {"sex", "M"}, {"finals_time", "1:02.00"}});
+  file.Swim().Swim("swimmer_name=DOE, ANN|finals_time=1:09.00");
+  file.Swim("swimmer_name=DOE, JOHN|sex=M|finals_time=1:02.00");
 
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
@@ -234,17 +225,12 @@ TEST_F(ImportTest, AllFamilyTakesEverySwimmerOfTheFamily) {
 
 TEST_F(ImportTest, SwimmerLinesFillTheSwimmersAddressCard) {
   SdifFile file;
-  file.Line("D1", {{"swimmer_name", "DOE, JANE A"},
-                   {"sex", "F"},
-                   {"citizen", "USA"},
-                   {"day_phone", "555-0101"},
-                   {"evening_phone", "555-0102"}});
-  file.Line("D2", {{"swimmer_name", "DOE, JANE A"},
-                   {"addressee", "Pat Doe"},
-                   {"street", "1 O'Brien Lane"},
-                   {"city", "Springfield"},
-                   {"state", "ZZ"},
-                   {"zip", "00001"}});
+  file.Line("D1",
+            "swimmer_name=DOE, JANE A|sex=F|citizen=USA|day_phone=555-0101|"
+            "evening_phone=555-0102");
+  file.Line("D2",
+            "swimmer_name=DOE, JANE A|addressee=Pat Doe|street=1 O'Brien Lane|"
+            "city=Springfield|state=ZZ|zip=00001");
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo"), 0);  // no card is made outside a roster
 
@@ -274,9 +260,9 @@ TEST(SwimmerMatch, OthersOfTheFamilyNameAreListedOnce) {
 
 TEST_F(ImportTest, RelayLeadOffsBecomeResults) {
   SdifFile file;
-  file.Relay();                                           // free relay: leg is freestyle
-  file.Relay({{"stroke", "7"}, {"event_number", "22"}});  // medley: leg is backstroke
-  file.Relay({{"event_number", "24"}, {"distance", "400"}});
+  file.Relay();                            // free relay: leg is freestyle
+  file.Relay("stroke=7|event_number=22");  // medley: leg is backstroke
+  file.Relay("event_number=24|distance=400");
   std::vector<std::string> lines = file.Lines();
   // The third relay's lead-off has no leg time.
   int relays = 0;
@@ -355,7 +341,7 @@ TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
   for (const char* code : {"C", "I"}) {
     SCOPED_TRACE(code);
     SdifFile file;
-    file.Swim({{"distance", "300"}, {"finals_time", "3:30.00"}});
+    file.Swim("distance=300|finals_time=3:30.00");
     auto g0 = [&](const char* seq, std::vector<std::string> values) {
       std::vector<std::pair<std::string, std::string>> f = {
           {"swimmer_name", "DOE, JANE A"}, {"sequence", seq},    {"total_splits", "12"},
@@ -388,14 +374,9 @@ TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
 TEST_F(ImportTest, SplitsNeedTheirBox) {
   SdifFile file;
   file.Swim();
-  file.Line("G0", {{"swimmer_name", "DOE, JANE A"},
-                   {"sequence", "1"},
-                   {"total_splits", "2"},
-                   {"split_distance", "50"},
-                   {"split_code", "C"},
-                   {"prelim_final", "F"},
-                   {"split1", "31.00"},
-                   {"split2", "1:05.32"}});
+  file.Line("G0",
+            "swimmer_name=DOE, JANE A|sequence=1|total_splits=2|split_distance=50|"
+            "split_code=C|prelim_final=F|split1=31.00|split2=1:05.32");
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), 0);
   ImportCriteria splits;
@@ -423,7 +404,7 @@ TEST_F(ImportTest, ABadLineStopsTheRunWithTheTwoPartBox) {
   SdifFile file;
   file.Swim();
   file.Raw(testing::Cl2(testing::Sdif("D0", {}).replace(0, 2, "Q9")));
-  file.Swim({{"event_number", "14"}, {"distance", "50"}});
+  file.Swim("event_number=14|distance=50");
   const ImportOutcome out = Run(file.Lines());
   EXPECT_FALSE(out.ok);
   EXPECT_EQ(out.status, " Import Incomplete ");
@@ -437,13 +418,9 @@ TEST_F(ImportTest, AStoreFailureLeavesTheDatabaseAsItWas) {
   Db().exec("DROP TABLE SPLITS");  // the first split written fails
   SdifFile file;
   file.Swim();
-  file.Line("G0", {{"swimmer_name", "DOE, JANE A"},
-                   {"sequence", "1"},
-                   {"total_splits", "1"},
-                   {"split_distance", "50"},
-                   {"split_code", "C"},
-                   {"prelim_final", "F"},
-                   {"split1", "31.00"}});
+  file.Line("G0",
+            "swimmer_name=DOE, JANE A|sequence=1|total_splits=1|split_distance=50|"
+            "split_code=C|prelim_final=F|split1=31.00");
   ImportCriteria splits;
   splits.import_splits = true;
   const ImportOutcome out = Run(file.Lines(), ".CL2", splits);
@@ -461,11 +438,11 @@ std::string Nv3Bare(const char* code) {
 std::vector<std::string> Nv3File(std::vector<std::string> swims, const char* file_code = "09") {
   std::vector<std::string> lines = {
       Nv3("A1", {{"file_code", file_code}, {"creator", "Norvan, Ltd"}, {"version", "2.1Da"}}),
-      Nv3("B1", {{"meet_name", "Made-Up Sprint Meet"}, {"start", "10102026"}, {"end", "10112026"}}),
+      Nv3("B1", "meet_name=Made-Up Sprint Meet|start=10102026|end=10112026"),
       Nv3("B2", {{"course_letter", "L"}}),
-      Nv3("C1", {{"team_code", "MUST"}, {"team_name", "Made Up Swim Team"}}),
+      Nv3("C1", "team_code=MUST|team_name=Made Up Swim Team"),
       Nv3Bare("C2"),
-      Nv3("D1", {{"sex", "F"}, {"athlete", "7"}, {"last", "Doe"}, {"first", "Jane"}}),
+      Nv3("D1", "sex=F|athlete=7|last=Doe|first=Jane"),
       Nv3Bare("D2"),
       Nv3Bare("D3")};
   for (std::string& s : swims) lines.push_back(std::move(s));
@@ -485,27 +462,14 @@ TEST_F(ImportTest, Nv3ResultsLeadOffsNonTimesAndSplits) {
                       {"age", "12"},
                       {"lead_off", lead_off}});
   };
-  const auto lines =
-      Nv3File({e1("5", ""),
-               Nv3("E2", {{"f_p", "P"},
-                          {"score", "62.10"},
-                          {"course", "L"},
-                          {"place", "4"},
-                          {"f_p2", "F"},
-                          {"score2", "61.50"},
-                          {"course2", "L"},
-                          {"place2", "2"}}),
-               Nv3("G1", {{"f_p1", "F"},
-                          {"split_number1", "2"},
-                          {"value1", "29.90"},
-                          {"f_p2", "F"},
-                          {"split_number2", "4"},
-                          {"value2", "61.50"},
-                          {"f_p3", "P"},
-                          {"split_number3", "4"},
-                          {"value3", "62.10"}}),
-               e1("6", "L"), Nv3("E2", {{"f_p", "F"}, {"score", "30.00"}, {"course", "L"}}),
-               e1("7", ""), Nv3("E2", {{"f_p", "F"}, {"score", "0.00"}, {"nt_letter", "Q"}})});
+  const auto lines = Nv3File(
+      {e1("5", ""),
+       Nv3("E2", "f_p=P|score=62.10|course=L|place=4|f_p2=F|score2=61.50|course2=L|place2=2"),
+       Nv3("G1",
+           "f_p1=F|split_number1=2|value1=29.90|f_p2=F|split_number2=4|value2=61.50|"
+           "f_p3=P|split_number3=4|value3=62.10"),
+       e1("6", "L"), Nv3("E2", "f_p=F|score=30.00|course=L"), e1("7", ""),
+       Nv3("E2", "f_p=F|score=0.00|nt_letter=Q")});
   ImportCriteria splits;
   splits.import_splits = true;
   const ImportOutcome out = Run(lines, ".NV3", splits);
@@ -538,11 +502,9 @@ TEST_F(ImportTest, Nv3OfTheMeetProgramKeepsItsPhasesAndTakesTheNumberFromE2) {
                       {"age", "12"},
                       {"gs_mark", mark}});
   };
-  const auto lines =
-      Nv3File({e1("", "T"),
-               Nv3("E2", {{"f_p", "F"}, {"score", "60.00"}, {"course", "L"}, {"number", "44"}}),
-               e1("5", ""), Nv3("E2", {{"f_p", "S"}, {"score", "61.00"}, {"course", "L"}})},
-              "07");
+  const auto lines = Nv3File({e1("", "T"), Nv3("E2", "f_p=F|score=60.00|course=L|number=44"),
+                              e1("5", ""), Nv3("E2", "f_p=S|score=61.00|course=L")},
+                             "07");
   ASSERT_TRUE(Run(lines, ".NV3").ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT r JOIN MTEVENT e ON e.MtEvent = r.MtEvent WHERE "
                   "r.F_P = 'T' AND e.MtEv = 44"),
@@ -566,7 +528,7 @@ TEST_F(ImportTest, Nv3LinesOutOfPlaceStopTheRun) {
 
 TEST_F(ImportTest, Nv3WithoutTheSwimmerSaysSo) {
   auto lines = Nv3File({});
-  lines[5] = Nv3("D1", {{"sex", "F"}, {"athlete", "7"}, {"last", "Doe"}, {"first", "Mary"}});
+  lines[5] = Nv3("D1", "sex=F|athlete=7|last=Doe|first=Mary");
   const ImportOutcome out = Run(lines, ".NV3");
   EXPECT_EQ(out.status, " Import Successful ");  // the meet and team came in
   EXPECT_TRUE(t_.io.Saw("This file did not contain any results for JANE DOE"));

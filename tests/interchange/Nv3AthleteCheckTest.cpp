@@ -30,7 +30,7 @@ std::string D1(const char* last, const char* first, const char* pref = "",
 }
 
 std::vector<std::string> FileOf(std::vector<std::string> swimmers) {
-  std::vector<std::string> lines = {Nv3("A1", {{"file_code", "09"}, {"creator", "Norvan, Ltd"}}),
+  std::vector<std::string> lines = {Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
                                     Nv3("B1", {{"meet_name", "Made-Up Meet"}})};
   lines.insert(lines.end(), swimmers.begin(), swimmers.end());
   return lines;

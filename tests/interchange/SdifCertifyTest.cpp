@@ -112,7 +112,7 @@ TEST(Cl2CheckSumTest, WorkedExamples) {
 }
 
 TEST(Cl2CheckSumTest, LinesAreJudged) {
-  const std::string good = Cl2(SdifLine("B1", {{12, "Autumn Invite"}}));
+  const std::string good = Cl2(SdifLine("B1", "12=Autumn Invite"));
   EXPECT_EQ(CheckCL2Line(good), Cl2Line::kGood);
 
   std::string changed = good;
@@ -124,9 +124,9 @@ TEST(Cl2CheckSumTest, LinesAreJudged) {
   EXPECT_EQ(CheckCL2Line(good.substr(0, 159)), Cl2Line::kBadCheckSum);
   EXPECT_EQ(CheckCL2Line(""), Cl2Line::kBadCheckSum);
 
-  EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("D0", {{89, "  :10.00"}}))), Cl2Line::kNotNorvan);
-  EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("D0", {{89, " 1:10.00"}}))), Cl2Line::kGood);
-  EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("E0", {{89, "  :10.00"}}))), Cl2Line::kGood);
+  EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("D0", "89=  :10.00"))), Cl2Line::kNotNorvan);
+  EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("D0", "89= 1:10.00"))), Cl2Line::kGood);
+  EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("E0", "89=  :10.00"))), Cl2Line::kGood);
 }
 
 TEST(CheckCodeTest, SubstringRule) {
@@ -185,9 +185,9 @@ std::string Join(const std::vector<std::string>& lines, std::string_view end) {
 }
 
 TEST(ReadInterchangeTest, StopsBehindFirstZ0WithEitherLineEnd) {
-  const std::vector<std::string> lines = {
-      Cl2(SdifLine("A0", {{12, "02"}})), Cl2(SdifLine("B1", {})), Cl2(SdifLine("Z0", {{12, "02"}})),
-      "anything at all", SdifLine("Z0", {})};
+  const std::vector<std::string> lines = {Cl2(SdifLine("A0", "12=02")), Cl2(SdifLine("B1", "")),
+                                          Cl2(SdifLine("Z0", "12=02")), "anything at all",
+                                          SdifLine("Z0", "")};
   for (std::string_view end : {"\r\n", "\n"}) {
     const InterchangeLines read = ReadInterchangeText(Join(lines, end), ".cl2");
     EXPECT_TRUE(read.ok()) << read.problem;
@@ -203,9 +203,9 @@ TEST(ReadInterchangeTest, StopsBehindFirstZ0WithEitherLineEnd) {
 
 TEST(ReadInterchangeTest, WrongLengthStopsTheReading) {
   // The first line is not measured; a good check sum does not save a short line.
-  const std::string short_b1 = Cl2(SdifLine("B1", {})).substr(0, 159);
+  const std::string short_b1 = Cl2(SdifLine("B1", "")).substr(0, 159);
   const InterchangeLines read = ReadInterchangeText(
-      Join({"A0 short", SdifLine("B1", {}), short_b1, SdifLine("Z0", {})}, "\r\n"), ".CL2");
+      Join({"A0 short", SdifLine("B1", ""), short_b1, SdifLine("Z0", "")}, "\r\n"), ".CL2");
   EXPECT_EQ(read.problem, "Line length error. Line length should be 160. Found 159");
   EXPECT_EQ(read.bad_line, 3u);
   EXPECT_EQ(read.lines.size(), 3u);
@@ -243,11 +243,10 @@ TEST(CheckA0Test, EveryRefusalHasItsWords) {
       {0, Good("A0", {{"content_code", "48"}}), true,
        "This file contains GALA STEWARD specific information and is not a candidate for import."},
       // Entries let in still have their fields tested.
-      {0, Good("A0", {{"content_code", "41"}, {"contact_name", ""}}), true,
-       "Required fields missing"},
-      {0, Good("A0", {{"content_code", "44"}, {"file_code", "11"}}), true, "File Code"},
+      {0, Good("A0", "content_code=41|contact_name="), true, "Required fields missing"},
+      {0, Good("A0", "content_code=44|file_code=11"), true, "File Code"},
       // Any other content ends the Commlink test before the fields are looked at.
-      {0, Good("A0", {{"content_code", "99"}, {"contact_name", ""}, {"file_date", ""}}), false, ""},
+      {0, Good("A0", "content_code=99|contact_name=|file_date="), false, ""},
       {1, Good("A0", {{"file_code", "11"}}), false, "File Code"},
       {1, Good("A0", {{"contact_name", ""}}), false, "Required fields missing"},
       {1, Good("A0", {{"contact_phone", ""}}), false, "Required fields missing"},
@@ -336,7 +335,7 @@ TEST(RecordChecksTest, EveryFailureWordInSdifModeAndNoneInCommlinkMode) {
       {Good("D0", {{"stroke", "9"}}), "Stroke Code"},
       {Good("D0", {{"finals_course", "Q"}}), "Course Code"},
       {Good("D0", {{"prelim_time", "XX"}}), "Course Code"},
-      {Good("D0", {{"swim_off_time", "NT"}, {"swim_off_course", "Q"}}), "Course Code"},
+      {Good("D0", "swim_off_time=NT|swim_off_course=Q"), "Course Code"},
       {Good("D0", {{"distance", ""}}), "Required fields missing"},
       {Good("D0", {{"event_age", "  10"}}), "Required fields missing"},
       {Good("D0", {{"birth", "13312004"}}), "Date"},
@@ -373,7 +372,7 @@ TEST(RecordChecksTest, EveryFailureWordInSdifModeAndNoneInCommlinkMode) {
       {Good("F0", {{"swim_off_order", "B"}}), "Order Code"},
       {Good("F0", {{"finals_order", "5"}}), "Order Code"},
       {Good("F0", {{"leg_course", "Q"}}), "Course Code"},
-      {Good("F0", {{"leg_time", "XX"}, {"leg_course", ""}}), "Course Code"},
+      {Good("F0", "leg_time=XX|leg_course="), "Course Code"},
       {Good("G0", {{"organization", "A"}}), "Organization Code"},
       {Good("G0", {{"swimmer_name", "DOE"}}), "Swimmer's Name"},
       {Good("G0", {{"sequence", "0"}}), "Required fields missing"},
@@ -407,16 +406,16 @@ TEST(RecordChecksTest, GoodLinesAndTheListRulesPass) {
   EXPECT_EQ(ProblemOf(1, Good("D0", {{"finals_course", ""}})), "");
   EXPECT_EQ(ProblemOf(1, Good("D0", {{"finals_course", "M"}})), "");
   EXPECT_EQ(ProblemOf(1, Good("D0", {{"swim_off_time", "DQ"}})), "");
-  EXPECT_EQ(ProblemOf(1, Good("D0", {{"swim_off_time", "SCR"}, {"swim_off_course", "S"}})), "");
+  EXPECT_EQ(ProblemOf(1, Good("D0", "swim_off_time=SCR|swim_off_course=S")), "");
   EXPECT_EQ(ProblemOf(1, Good("D0", {{"birth", ""}})), "");
   // A D0 with no event at all is passed over, whatever else it holds.
-  EXPECT_EQ(ProblemOf(1, Good("D0", {{"event_sex", ""}, {"stroke", ""}, {"sex", "?"}})), "");
+  EXPECT_EQ(ProblemOf(1, Good("D0", "event_sex=|stroke=|sex=?")), "");
   EXPECT_EQ(ProblemOf(1, Good("E0", {{"stroke", "6"}})), "");
-  EXPECT_EQ(ProblemOf(1, Good("E0", {{"event_number", ""}, {"event_letter", "A"}})), "");
+  EXPECT_EQ(ProblemOf(1, Good("E0", "event_number=|event_letter=A")), "");
   // Blank is allowed where the list allows it, and a leg course counts only with a time.
-  EXPECT_EQ(ProblemOf(1, Good("D1", {{"member_code", ""}, {"organization", ""}})), "");
-  EXPECT_EQ(ProblemOf(1, Good("F0", {{"leg_time", ""}, {"leg_course", "Q"}})), "");
-  EXPECT_EQ(ProblemOf(1, Good("F0", {{"leg_time", "DQ"}, {"leg_course", ""}})), "");
+  EXPECT_EQ(ProblemOf(1, Good("D1", "member_code=|organization=")), "");
+  EXPECT_EQ(ProblemOf(1, Good("F0", "leg_time=|leg_course=Q")), "");
+  EXPECT_EQ(ProblemOf(1, Good("F0", "leg_time=DQ|leg_course=")), "");
   EXPECT_EQ(ProblemOf(1, Good("J2", {{"color", "RED"}})), "") << "\"RED \" in the list";
   EXPECT_EQ(ProblemOf(1, Good("B1", {{"course", "M"}})), "");
   // Eight blanks are the blank date, which is a date.
@@ -498,7 +497,7 @@ TEST(ShowFileStatisticsTest, KindFollowsFileCodeThenContent) {
 TEST(ShowFileStatisticsTest, PanelNamesCreatorAndFirstMeet) {
   SdifFile file;
   file.A0({{"software_version", "3.2"}})
-      .Meet({{"meet_name", "First Made Up Meet"}, {"start", "03142026"}})
+      .Meet("meet_name=First Made Up Meet|start=03142026")
       .Meet({{"meet_name", "Second Meet"}});
   const FilePanel panel =
       ShowFileStatistics(file.Lines(), "/tmp/some/meet.cl2", /*day first*/ 1, nullptr);
@@ -543,14 +542,9 @@ TEST(SdifCheckTest, AGoodFileIsCountedAndSaysWhatComesNext) {
         .Swim()
         .Swim({{"swimmer_name", "ROE, ANN"}})
         .Relay()
-        .Line("G0", {{"swimmer_name", "ROE, ANN"},
-                     {"sequence", "1"},
-                     {"total_splits", "2"},
-                     {"split_distance", "50"},
-                     {"split_code", "C"},
-                     {"split1", "31.00"},
-                     {"split2", "1:05.32"},
-                     {"prelim_final", "F"}});
+        .Line("G0",
+              "swimmer_name=ROE, ANN|sequence=1|total_splits=2|split_distance=50|"
+              "split_code=C|split1=31.00|split2=1:05.32|prelim_final=F");
     auto run = Check(file.Lines(), commlink ? ".CL2" : ".SD3");
     ASSERT_TRUE(run->result.ok) << run->result.problem;
     EXPECT_EQ(run->result.counts.checked, (std::array<int, 5>{2, 1, 2, 1, 1}))
@@ -647,10 +641,10 @@ TEST(SdifCheckTest, CommlinkContentAndCountsAreTrusted) {
 
 TEST(SdifCheckTest, ARosterCountsItsSwimmers) {
   SdifFile file(false);
-  file.A0({{"content_code", "43"}, {"source_code", "LS"}})
+  file.A0("content_code=43|source_code=LS")
       .Team()
-      .Line("D1", {{"swimmer_name", "DOE, JANE A"}, {"sex", "F"}})
-      .Line("D1", {{"swimmer_name", "ROE, ANN"}, {"sex", "F"}});
+      .Line("D1", "swimmer_name=DOE, JANE A|sex=F")
+      .Line("D1", "swimmer_name=ROE, ANN|sex=F");
   auto run = Check(file.Lines(), ".SD3");
   ASSERT_TRUE(run->result.ok) << run->result.problem;
   EXPECT_EQ(run->result.counts.Checked(ImportRow::kIndividual), 2);
@@ -668,7 +662,7 @@ TEST(SdifCheckTest, CancelStopsBetweenLinesWithoutABox) {
 
 TEST(SdifCheckTest, NoResultsForTheSwimmerIsToldOutsideReports) {
   const auto lines = SdifFile()
-                         .Swim({{"swimmer_name", "DOE, JOHN"}, {"sex", "M"}})
+                         .Swim("swimmer_name=DOE, JOHN|sex=M")
                          .Swim({{"swimmer_name", "DOE, MARY B"}})
                          .Lines();
   {

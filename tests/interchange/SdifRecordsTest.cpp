@@ -86,17 +86,10 @@ TEST(SdifFieldsTest, AgeRanges) {
 }
 
 TEST(SdifRecordsTest, A0) {
-  const std::string line = SdifLine("A0", {{3, "1"},
-                                           {4, "V3"},
-                                           {12, "02"},
-                                           {44, "Norvan, Ltd Writer"},
-                                           {64, "4.0"},
-                                           {74, "Pat Example"},
-                                           {94, "555-0100"},
-                                           {106, "11022026"},
-                                           {150, "PL42"},
-                                           {156, "ZZ"},
-                                           {159, "37"}});
+  const std::string line =
+      SdifLine("A0",
+               "3=1|4=V3|12=02|44=Norvan, Ltd Writer|64=4.0|74=Pat Example|94=555-0100|"
+               "106=11022026|150=PL42|156=ZZ|159=37");
   SdifA0 a;
   ASSERT_TRUE(LoadA0Rec(line, 1, a));
   EXPECT_EQ(a.record_code, "A0");
@@ -114,12 +107,9 @@ TEST(SdifRecordsTest, A0) {
 
 TEST(SdifRecordsTest, B1AndB2) {
   SdifB1 b;
-  LoadB1Rec(SdifLine("B1", {{12, "Autumn Invite"},
-                            {86, "Riverton ST 12345 USA"},
-                            {121, "1"},
-                            {122, "10302026"},
-                            {130, "        "},
-                            {150, "Y"}}),
+  LoadB1Rec(SdifLine("B1",
+                     "12=Autumn Invite|86=Riverton ST 12345 USA|121=1|122=10302026|130=        |"
+                     "150=Y"),
             0, b);
   EXPECT_EQ(b.meet_name, "Autumn Invite                 ");
   EXPECT_EQ(b.location.substr(0, 21), "Riverton ST 12345 USA");
@@ -129,15 +119,14 @@ TEST(SdifRecordsTest, B1AndB2) {
   EXPECT_EQ(b.course, "Y");
 
   SdifB2 h;
-  LoadB2Rec(SdifLine("B2", {{12, "Host Club"}, {86, "Lakeside"}, {121, "555-0199"}}), h);
+  LoadB2Rec(SdifLine("B2", "12=Host Club|86=Lakeside|121=555-0199"), h);
   EXPECT_EQ(h.location.substr(0, 8), "Lakeside");
   EXPECT_EQ(h.phone, "555-0199    ");
 }
 
 TEST(SdifRecordsTest, C1TrimsLscAndTeamC2ReadsCounts) {
   SdifC1 c;
-  LoadC1Rec(SdifLine("C1", {{12, "X "}, {14, "AB  "}, {18, "Aqua Otters"}, {143, "3"}, {150, "Q"}}),
-            c);
+  LoadC1Rec(SdifLine("C1", "12=X |14=AB  |18=Aqua Otters|143=3|150=Q"), c);
   EXPECT_EQ(c.lsc, "X");
   EXPECT_EQ(c.team_code, "AB");
   EXPECT_EQ(c.team_name.size(), 30u);
@@ -145,13 +134,7 @@ TEST(SdifRecordsTest, C1TrimsLscAndTeamC2ReadsCounts) {
   EXPECT_EQ(c.team_code5, "Q");
 
   SdifC2 k;
-  LoadC2Rec(SdifLine("C2", {{14, "AB  "},
-                            {18, "Coach Kay"},
-                            {60, "000012"},
-                            {66, "     7"},
-                            {72, "00003"},
-                            {77, "000004"},
-                            {83, "000005"}}),
+  LoadC2Rec(SdifLine("C2", "14=AB  |18=Coach Kay|60=000012|66=     7|72=00003|77=000004|83=000005"),
             k);
   EXPECT_EQ(k.team_code, "AB  ");
   EXPECT_EQ(k.counts, (std::array<int16_t, 5>{12, 7, 3, 4, 5}));
@@ -220,19 +203,9 @@ TEST(SdifRecordsTest, D0DivingTakesStrokeFrom150AndPoints) {
 
 TEST(SdifRecordsTest, D1D2D3) {
   SdifD1 s;
-  LoadD1Rec(SdifLine("D1", {{12, "XY"},
-                            {14, "AB  "},
-                            {18, "Z"},
-                            {19, "Sample, Jamie"},
-                            {48, "ABC123"},
-                            {61, "CAN"},
-                            {64, "04152012"},
-                            {72, "14"},
-                            {74, "F"},
-                            {125, "555-0101"},
-                            {137, "555-0102"},
-                            {149, "13452026"},
-                            {157, "R"}}),
+  LoadD1Rec(SdifLine("D1",
+                     "12=XY|14=AB  |18=Z|19=Sample, Jamie|48=ABC123|61=CAN|64=04152012|72=14|74=F|"
+                     "125=555-0101|137=555-0102|149=13452026|157=R"),
             1, s);
   EXPECT_EQ(s.team_code, "AB");
   EXPECT_EQ(s.citizen, "CAN");
@@ -243,16 +216,9 @@ TEST(SdifRecordsTest, D1D2D3) {
   EXPECT_EQ(s.member_code, "R");
 
   SdifD2 a;
-  LoadD2Rec(SdifLine("D2", {{19, "Sample, Jamie"},
-                            {47, "The Samples"},
-                            {77, "1 Pond Rd"},
-                            {107, "Riverton"},
-                            {127, "ST"},
-                            {129, "Freedonia"},
-                            {141, "12345"},
-                            {151, "FRE"},
-                            {154, "C"},
-                            {156, "N"}}),
+  LoadD2Rec(SdifLine("D2",
+                     "19=Sample, Jamie|47=The Samples|77=1 Pond Rd|107=Riverton|127=ST|"
+                     "129=Freedonia|141=12345|151=FRE|154=C|156=N"),
             a);
   EXPECT_EQ(a.addressee.size(), 30u);
   EXPECT_EQ(a.street, "1 Pond Rd");
@@ -263,11 +229,7 @@ TEST(SdifRecordsTest, D1D2D3) {
   EXPECT_EQ(a.season, "N");
 
   SdifD3 x;
-  LoadD3Rec(
-      SdifLine(
-          "D3",
-          {{3, "  NEW123"}, {17, "Jay"}, {32, "Q1"}, {34, "ABCDEFGH"}, {42, "!"}, {43, "WXYZ"}}),
-      x);
+  LoadD3Rec(SdifLine("D3", "3=  NEW123|17=Jay|32=Q1|34=ABCDEFGH|42=!|43=WXYZ"), x);
   EXPECT_EQ(x.new_swimmer_number, "NEW123");
   EXPECT_EQ(x.preferred_first_name, "Jay            ");
   EXPECT_EQ(x.ethnicity, "Q1");
@@ -314,18 +276,9 @@ TEST(SdifRecordsTest, E0RelayStrokesAndNoFinals) {
 
 TEST(SdifRecordsTest, F0AndG0) {
   SdifF0 f;
-  LoadF0Rec(SdifLine("F0", {{16, "XY"},
-                            {18, "AB  "},
-                            {23, "Sample, Jamie Quentin Xavier"},
-                            {66, "04152012"},
-                            {74, "14"},
-                            {76, "F"},
-                            {77, "1"},
-                            {78, "0"},
-                            {79, "A"},
-                            {80, "   59.87"},
-                            {88, "Y"},
-                            {89, "0.21"}}),
+  LoadF0Rec(SdifLine("F0",
+                     "16=XY|18=AB  |23=Sample, Jamie Quentin Xavier|66=04152012|74=14|76=F|77=1|"
+                     "78=0|79=A|80=   59.87|88=Y|89=0.21"),
             0, f);
   EXPECT_EQ(f.swimmer_name, "Sample, Jamie Quentin X");
   EXPECT_EQ(f.swimmer_number, std::string(12, ' ')) << "columns 46-50 are dropped";
@@ -356,41 +309,23 @@ TEST(SdifRecordsTest, F0AndG0) {
 
 TEST(SdifRecordsTest, J0J2Z0) {
   SdifJ0 j;
-  LoadJ0Rec(SdifLine("J0", {{11, "A"},
-                            {17, "F"},
-                            {18, "  50"},
-                            {22, "1"},
-                            {23, "   25.10"},
-                            {39, "   26.00"},
-                            {47, "11OV"},
-                            {66, "07042026"}}),
-            0, j);
+  LoadJ0Rec(SdifLine("J0", "11=A|17=F|18=  50|22=1|23=   25.10|39=   26.00|47=11OV|66=07042026"), 0,
+            j);
   EXPECT_EQ(j.times, (std::array<int32_t, 3>{2510, 0, 2600}));
   EXPECT_EQ(j.event_age, 1199);
   EXPECT_EQ(j.date.date, (Date{2026, 7, 4}));
 
   SdifJ2 s;
-  LoadJ2Rec(
-      SdifLine("J2",
-               {{3, "M"}, {4, " 100"}, {8, "2"}, {9, "GOLD"}, {53, " 1:10.00"}, {66, "        "}}),
-      0, s);
+  LoadJ2Rec(SdifLine("J2", "3=M|4= 100|8=2|9=GOLD|53= 1:10.00|66=        "), 0, s);
   EXPECT_EQ(s.distance, 100);
   EXPECT_EQ(s.color, "GOLD");
   EXPECT_EQ(s.times[5].score, 7000);
   EXPECT_TRUE(s.date.IsBlank());
 
   SdifZ0 z;
-  LoadZ0Rec(SdifLine("Z0", {{12, "02"},
-                            {44, "  1"},
-                            {47, "  1"},
-                            {50, "   2"},
-                            {54, "   2"},
-                            {58, "    40"},
-                            {64, "    12"},
-                            {70, "    3"},
-                            {75, "    12"},
-                            {81, "    40"},
-                            {101, "  9"}}),
+  LoadZ0Rec(SdifLine("Z0",
+                     "12=02|44=  1|47=  1|50=   2|54=   2|58=    40|64=    12|70=    3|75=    12|"
+                     "81=    40|101=  9"),
             z);
   EXPECT_EQ((std::array<int16_t, 9>{z.b1_count, z.meet_count, z.c1_count, z.team_count, z.d0_count,
                                     z.swimmer_count, z.e0_count, z.f0_count, z.g0_count}),

@@ -78,7 +78,7 @@ class ImportScreenTest : public ::testing::Test {
   // The file as the opening checks leave it.
   ImportFile Prepared() {
     SdifFile made;
-    made.Swim().Swim({{"event_number", "14"}, {"distance", "50"}, {"finals_time", "29.10"}});
+    made.Swim().Swim("event_number=14|distance=50|finals_time=29.10");
     ImportFile file;
     file.path = t_.Data() / "autumn.cl2";
     file.extension = ".CL2";
@@ -242,7 +242,7 @@ TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
 
 TEST_F(ImportScreenTest, AChosenFileIsCheckedIntoThePanelAndImported) {
   SdifFile made;
-  made.Swim().Swim({{"event_number", "14"}, {"distance", "50"}, {"finals_time", "29.10"}});
+  made.Swim().Swim("event_number=14|distance=50|finals_time=29.10");
   made.Relay();
   const fs::path file = t_.Data() / "autumn.cl2";
   WriteFileAtomically(file, made.Text());
