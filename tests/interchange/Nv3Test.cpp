@@ -2,8 +2,10 @@
 
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "FileMaker.h"
 #include "interchange/Nv3CheckSum.h"
 #include "interchange/Nv3Records.h"
 #include "interchange/Nv3Texts.h"
@@ -11,29 +13,7 @@
 namespace kvlr {
 namespace {
 
-// Builds a line the way the column tables describe one: 130 blanks, fields placed by
-// column (text left, numbers right-aligned into their columns), the sum last.
-class LineMaker {
- public:
-  explicit LineMaker(std::string_view code) : line_(kNv3LineLength, ' ') { Put(1, 2, code); }
-  LineMaker& Put(std::size_t first, std::size_t last, std::string_view text) {
-    line_.replace(first - 1, std::min(text.size(), last - first + 1),
-                  text.substr(0, last - first + 1));
-    return *this;
-  }
-  LineMaker& Right(std::size_t first, std::size_t last, std::string_view text) {
-    if (text.size() > last - first + 1) text = text.substr(0, last - first + 1);
-    return Put(last - text.size() + 1, last, text);
-  }
-  std::string Done() {
-    line_.replace(128, 2, NV3CheckSum(line_));
-    return line_;
-  }
-  std::string Raw() const { return line_; }
-
- private:
-  std::string line_;
-};
+using testing::Nv3;
 
 using SumFn = std::string (*)(std::string_view);
 
@@ -47,7 +27,7 @@ struct SumCase {
 
 class Nv3SumTest : public ::testing::TestWithParam<SumCase> {};
 
-TEST_P(Nv3SumTest, KnownLinesGiveTheirDigits) {
+TEST_P(Nv3SumTest, KnownLinesGiveTheirDigitsAndEveryColumnCounts) {
   const SumCase& c = GetParam();
   EXPECT_EQ(c.sum(std::string(128, ' ')), c.blanks);
   EXPECT_EQ(c.sum("A1" + std::string(126, ' ')), c.a1);
@@ -55,10 +35,6 @@ TEST_P(Nv3SumTest, KnownLinesGiveTheirDigits) {
   // Columns past 128 take no part; missing columns count as blanks.
   EXPECT_EQ(c.sum(std::string(128, ' ') + "99"), c.blanks);
   EXPECT_EQ(c.sum(""), c.blanks);
-}
-
-TEST_P(Nv3SumTest, EveryColumnCounts) {
-  const SumCase& c = GetParam();
   for (std::size_t column = 1; column <= 128; ++column) {
     std::string line(128, ' ');
     line[column - 1] = 'z';
@@ -79,22 +55,19 @@ INSTANTIATE_TEST_SUITE_P(
                       SumCase{"Sum4", NV3CheckSum4, "25", "55", "91"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Nv3LineCheck, LengthAndSum) {
-  const std::string blank = std::string(128, ' ') + "79";
+TEST(Nv3LineCheck, LengthSumAndTheFallbackSums) {
+  const std::string body(128, ' ');
+  const std::string blank = body + "79";
   EXPECT_TRUE(CheckNV3Line(blank));
   EXPECT_TRUE(CheckNV3Line(blank + "\r\n"));
   EXPECT_FALSE(CheckNV3Line(blank + " "));  // good sum, 131 columns
   EXPECT_FALSE(CheckNV3Line(std::string(127, ' ') + "79"));
-  EXPECT_FALSE(CheckNV3Line(std::string(128, ' ') + "97"));
+  EXPECT_FALSE(CheckNV3Line(body + "97"));
   EXPECT_FALSE(CheckNV3Line(""));
   std::string changed = blank;
   changed[40] = 'X';
   EXPECT_FALSE(CheckNV3Line(changed));
-}
-
-TEST(Nv3LineCheck, FallbackTakesOnlyTheOtherSums) {
-  const std::string body(128, ' ');
-  EXPECT_FALSE(CheckNV3LineFallback(body + "79"));
+  EXPECT_FALSE(CheckNV3LineFallback(blank));
   for (const char* digits : {"20", "97", "25"}) {
     EXPECT_TRUE(CheckNV3LineFallback(body + digits)) << digits;
     EXPECT_FALSE(CheckNV3Line(body + digits)) << digits;
@@ -102,38 +75,34 @@ TEST(Nv3LineCheck, FallbackTakesOnlyTheOtherSums) {
   }
 }
 
-struct HeaderCase {
-  const char* code;
-  const char* version;
-  bool allow_entries;
-  bool ok;
-  const char* source;
-  bool has_entries;
-  std::string_view message;
-};
-
 TEST(Nv3Header, FileCodes) {
-  const HeaderCase cases[] = {
-      {"01", "2.1DaKVL-R", false, false, "", false,
-       "This file contains Meet Entries and is not a candidate for import."},
+  const std::string entries = "This file contains Meet Entries and is not a candidate for import.";
+  const std::string merge =
+      "This file contains GALA STEWARD specific Merge Results  and is not a candidate for import.";
+  const std::string unknown =
+      "This file contains UNKNOWN contents  and is not a candidate for import.";
+  struct Case {
+    const char* code;
+    const char* version;
+    bool allow_entries;
+    bool ok;
+    const char* source;
+    bool has_entries;
+    std::string message;
+  };
+  const Case cases[] = {
+      {"01", "2.1DaKVL-R", false, false, "", false, entries},
       {"01", "2.1DaKVL-R", true, true, "CS", true, ""},
-      {"08", "2.1Da", false, false, "", false,
-       "This file contains Meet Entries and is not a candidate for import."},
+      {"08", "2.1Da", false, false, "", false, entries},
       {"08", "2.1Da", true, true, "CS", true, ""},
       {"02", "", false, true, "WB", false, ""},
       {"02", "", true, true, "CS", true, ""},
       {"12", "", false, true, "WB", false, ""},
       {"03", "2.1Da", false, true, "CS", false, ""},
       {"03", "4.0 GS", false, true, "GS", false, ""},
-      {"04", "", true, false, "", false,
-       "This file contains GALA STEWARD specific Merge Results  and is not a candidate for "
-       "import."},
-      {"05", "", false, false, "", false,
-       "This file contains GALA STEWARD specific Merge Results  and is not a candidate for "
-       "import."},
-      {"06", "", true, false, "", false,
-       "This file contains GALA STEWARD specific Merge Results  and is not a candidate for "
-       "import."},
+      {"04", "", true, false, "", false, merge},
+      {"05", "", false, false, "", false, merge},
+      {"06", "", true, false, "", false, merge},
       {"07", "", false, true, "GS", false, ""},
       {"09", "GS", false, true, "CS", false, ""},
       {"11", "", true, true, "", false,
@@ -142,48 +111,40 @@ TEST(Nv3Header, FileCodes) {
       {"11", "", false, false, "", false,
        "This file contains CLUB STEWARD Proof of Time for GALA STEWARD  and is not a candidate for "
        "import."},
-      {"10", "", true, false, "", false,
-       "This file contains UNKNOWN contents  and is not a candidate for import."},
-      {"  ", "", true, false, "", false,
-       "This file contains UNKNOWN contents  and is not a candidate for import."},
+      {"10", "", true, false, "", false, unknown},
+      {"  ", "", true, false, "", false, unknown},
   };
-  for (const HeaderCase& c : cases) {
-    const std::string line = LineMaker("A1")
-                                 .Put(3, 4, c.code)
-                                 .Put(5, 29, "Meet Entries")
-                                 .Put(30, 44, "Norvan, Ltd")
-                                 .Put(45, 58, c.version)
-                                 .Put(59, 75, "11222026 10:30")
-                                 .Done();
+  for (const Case& c : cases) {
+    const std::string line = Nv3("A1", {{"file_code", c.code},
+                                        {"kind", "Meet Entries"},
+                                        {"creator", "Norvan, Ltd"},
+                                        {"version", c.version},
+                                        {"date_time", "11222026 10:30"}});
     const Nv3HeaderCheck check = CheckNV3Header(line, c.allow_entries);
     SCOPED_TRACE(std::string(c.code) + " allow " + (c.allow_entries ? "yes" : "no"));
-    EXPECT_EQ(check.ok, c.ok);
-    EXPECT_EQ(check.source, c.source);
-    EXPECT_EQ(check.has_entries, c.has_entries);
-    EXPECT_EQ(check.message, c.message);
-    EXPECT_EQ(check.file_code, Nv3Columns(c.code, 1, 2) == "  " ? "" : c.code);
+    EXPECT_EQ(std::tie(check.ok, check.source, check.has_entries, check.message),
+              std::make_tuple(c.ok, c.source, c.has_entries, c.message));
+    EXPECT_EQ(check.file_code, std::string(c.code) == "  " ? "" : c.code);
   }
 }
 
 TEST(Nv3Header, CreatorMustMatchExactly) {
   for (const char* creator : {"NORVAN, LTD", "Norvan Ltd", "", "Norvan, Ltd."}) {
-    const std::string line = LineMaker("A1").Put(3, 4, "09").Put(30, 44, creator).Done();
-    const Nv3HeaderCheck check = CheckNV3Header(line, true);
+    const Nv3HeaderCheck check =
+        CheckNV3Header(Nv3("A1", {{"file_code", "09"}, {"creator", creator}}), true);
     EXPECT_FALSE(check.ok) << creator;
     EXPECT_EQ(check.message, "Not a Norvan created .NV3 file !") << creator;
   }
-  const std::string padded = LineMaker("A1").Put(3, 4, "09").Put(32, 44, "Norvan, Ltd").Done();
-  EXPECT_TRUE(CheckNV3Header(padded, false).ok);
-  const Nv3Header header =
-      LoadNV3A1Rec(LineMaker("A1").Put(45, 58, "2.1DaKVL-R").Put(59, 75, "11222026 1030").Raw());
+  EXPECT_TRUE(CheckNV3Header(Nv3("A1", "file_code=09|creator=  Norvan, Ltd"), false).ok);
+  const Nv3Header header = LoadNV3A1Rec(Nv3("A1", "version=2.1DaKVL-R|date_time=11222026 1030"));
   EXPECT_EQ(header.version, "2.1DaKVL-R    ");
   EXPECT_EQ(header.date_time, "11222026 1030    ");
 }
 
 TEST(Nv3Dates, BlankBadAndOrder) {
-  EXPECT_EQ(ParseNv3Date("03152025", 0), (Date{2025, 3, 15}));
-  EXPECT_EQ(ParseNv3Date("03152025", 1), (Date{2025, 3, 15}));
-  EXPECT_EQ(ParseNv3Date("03152025", 2), (Date{2025, 3, 15}));
+  for (int order = 0; order < 3; ++order) {
+    EXPECT_EQ(ParseNv3Date("03152025", order), (Date{2025, 3, 15}));
+  }
   EXPECT_EQ(ParseNv3Date("        ", 0), kNv3BlankDate);
   EXPECT_EQ(ParseNv3Date("", 1), kNv3BlankDate);
   EXPECT_EQ(ParseNv3Date("13312004", 0), std::nullopt);
@@ -192,65 +153,44 @@ TEST(Nv3Dates, BlankBadAndOrder) {
 }
 
 TEST(Nv3Records, MeetTeamAndAthlete) {
-  const std::string b1 = LineMaker("B1")
-                             .Put(3, 47, "Autumn Invitational at the Lake Pool Complex!")
-                             .Put(48, 92, "Riverside Aquatic Centre, Lakeview Parkway 123")
-                             .Put(93, 100, "10042026")
-                             .Put(109, 116, "12312026")
-                             .Done();
-  const Nv3Meet meet = LoadNV3B1Rec(b1, 0);
-  EXPECT_EQ(meet.name, "Autumn Invitational at the Lake Pool Complex!");
-  EXPECT_EQ(meet.location, "ex!Riverside Aquatic Centre, Lakeview Parkway");
-  EXPECT_EQ(meet.start, (Date{2026, 10, 4}));
-  EXPECT_EQ(meet.end, kNv3BlankDate);
-  EXPECT_EQ(meet.age_up, (Date{2026, 12, 31}));
+  const Nv3Meet meet = LoadNV3B1Rec(
+      Nv3("B1",
+          "meet_name=Autumn Invitational at the Lake Pool Complex!|"
+          "location=Riverside Aquatic Centre, Lakeview Parkway 12|start=10042026|age_up=12312026"),
+      0);
+  EXPECT_EQ(std::tie(meet.name, meet.location, meet.start, meet.end, meet.age_up),
+            std::make_tuple("Autumn Invitational at the Lake Pool Complex!",
+                            "ex!Riverside Aquatic Centre, Lakeview Parkway", Date{2026, 10, 4},
+                            kNv3BlankDate, Date{2026, 12, 31}));
 
-  const Nv3MeetKind b2 =
-      LoadNV3B2Rec(LineMaker("B2").Put(97, 98, "SL").Put(99, 99, "S").Put(107, 108, "SC").Done());
-  EXPECT_EQ(b2.type, "SL");
-  EXPECT_EQ(b2.course_letter, "S");
-  EXPECT_EQ(b2.course, "SC");
+  const Nv3MeetKind b2 = LoadNV3B2Rec(Nv3("B2", "meet_type=SL|course_letter=S|course=SC"));
+  EXPECT_EQ(std::tie(b2.type, b2.course_letter, b2.course), std::make_tuple("SL", "S", "SC"));
 
-  const Nv3Team c1 = LoadNv3C1Rec(LineMaker("C1")
-                                      .Put(3, 7, "DOLPH")
-                                      .Put(8, 37, "Dolphin Swim Club of Westfield")
-                                      .Put(38, 53, "Dolphins")
-                                      .Put(54, 55, "NE")
-                                      .Put(117, 119, "ABC")
-                                      .Put(120, 122, "XYZ")
-                                      .Done());
-  EXPECT_EQ(c1.code, "DOLPH");
-  EXPECT_EQ(c1.name, "Dolphin Swim Club of Westfield");
-  EXPECT_EQ(c1.short_name, "Dolphins");
-  EXPECT_EQ(c1.lsc, "NE");
-  EXPECT_EQ(c1.code1, "ABC");
-  EXPECT_EQ(c1.code2, "XYZ");
+  const Nv3Team c1 = LoadNv3C1Rec(
+      Nv3("C1",
+          "team_code=DOLPH|team_name=Dolphin Swim Club of Westfield|short_name=Dolphins|lsc=NE|"
+          "code1=ABC|code2=XYZ"));
+  EXPECT_EQ(
+      std::tie(c1.code, c1.name, c1.short_name, c1.lsc, c1.code1, c1.code2),
+      std::make_tuple("DOLPH", "Dolphin Swim Club of Westfield", "Dolphins", "NE", "ABC", "XYZ"));
 
-  LineMaker d1("D1");
-  d1.Put(3, 3, "F").Right(4, 8, "42").Put(9, 28, "Marlowe").Put(29, 48, "Elizabeth");
-  d1.Put(49, 68, "Betsy").Put(69, 69, "J").Put(70, 83, "010203ELIJMARL");
-  d1.Put(89, 96, "07142013").Right(97, 99, "13");
-  const Nv3Athlete a = LoadNV3AthleteRec(d1.Done(), 1);
-  EXPECT_EQ(a.sex, "F");
-  EXPECT_EQ(a.athlete, 42);
-  EXPECT_EQ(a.last, "Marlowe");
-  EXPECT_EQ(a.first, "Elizabeth");
-  EXPECT_EQ(a.pref, "Betsy");
-  EXPECT_EQ(a.initial, "J");
-  EXPECT_EQ(a.id_no, "010203ELIJMARL");
-  EXPECT_EQ(a.birth, (Date{2013, 7, 14}));
-  EXPECT_EQ(a.age, "13");
-  EXPECT_EQ(LoadNV3AthleteRec(LineMaker("D1").Right(97, 99, "0").Done(), 0).age, "");
+  const Nv3Athlete a =
+      LoadNV3AthleteRec(Nv3("D1",
+                            "sex=F|athlete=42|last=Marlowe|first=Elizabeth|pref=Betsy|initial=J|"
+                            "id_no=010203ELIJMARL|birth=07142013|age=13"),
+                        1);
+  EXPECT_EQ(std::tie(a.sex, a.athlete, a.last, a.first, a.pref, a.initial, a.id_no, a.birth, a.age),
+            std::make_tuple("F", 42, "Marlowe", "Elizabeth", "Betsy", "J", "010203ELIJMARL",
+                            Date{2013, 7, 14}, "13"));
+  EXPECT_EQ(LoadNV3AthleteRec(Nv3("D1", {{"age", "0"}}), 0).age, "");
 }
 
 TEST(Nv3Records, AgeGroups) {
-  struct Case {
-    int lo_hi;
-    const char* text;
-  } cases[] = {{1011, " 10 11"}, {99, "  0109"}, {1599, " 15109"}, {10, "  0 10"}, {506, " 05 06"}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(NV3AgeText(c.lo_hi), c.text) << c.lo_hi;
-    EXPECT_EQ(Nv3AgeGroup(c.text), c.lo_hi) << c.text;
+  const std::pair<int, const char*> cases[] = {
+      {1011, " 10 11"}, {99, "  0109"}, {1599, " 15109"}, {10, "  0 10"}, {506, " 05 06"}};
+  for (const auto& [lo_hi, text] : cases) {
+    EXPECT_EQ(NV3AgeText(lo_hi), text) << lo_hi;
+    EXPECT_EQ(Nv3AgeGroup(text), lo_hi) << text;
   }
   EXPECT_EQ(Nv3AgeGroup("1 12"), 12);  // short text padded on the left; low 1 reads as 0
   EXPECT_EQ(Nv3AgeGroup("  1109"), 99);
@@ -265,9 +205,8 @@ TEST(Nv3Records, StrokeLetters) {
   } cases[] = {{100, "A", 1, 100}, {200, "E", 5, 200}, {1, "F", 6, 9991}, {3, "H", 6, 9992},
                {10, "G", 6, 9993}, {11, "", 7, 11},    {3, "", 6, 3},     {50, "", 0, 50}};
   for (const Case& c : cases) {
-    const std::string line =
-        LineMaker("E1").Right(16, 21, std::to_string(c.distance)).Put(22, 22, c.letter).Done();
-    const Nv3Entry e = LoadNV3EventRec(line);
+    const Nv3Entry e = LoadNV3EventRec(
+        Nv3("E1", {{"distance", std::to_string(c.distance)}, {"stroke_letter", c.letter}}));
     EXPECT_EQ(e.key.stroke, c.stroke) << c.distance << c.letter;
     EXPECT_EQ(e.key.distance, c.read_distance) << c.distance << c.letter;
   }
@@ -278,64 +217,36 @@ TEST(Nv3Records, StrokeLetters) {
 }
 
 TEST(Nv3Records, EntryAndResultPair) {
-  LineMaker e1("E1");
-  e1.Put(3, 3, "M").Right(4, 8, "7").Put(9, 13, "Hollo").Put(14, 14, "M").Put(15, 15, "B");
-  e1.Right(16, 21, "100").Put(22, 22, "B").Put(23, 28, " 11 12").Right(33, 38, "4.5");
-  e1.Right(39, 41, "23").Put(42, 42, "L").Right(52, 59, "65.43").Put(60, 60, "Y");
-  e1.Right(61, 68, "12.5").Put(81, 81, "Y").Put(84, 84, "X").Right(86, 88, "12");
-  e1.Put(92, 92, "C").Put(95, 95, "L").Put(96, 96, "G");
-  const Nv3Entry e = LoadNV3EventRec(e1.Done());
-  EXPECT_EQ(e.sex, "M");
-  EXPECT_EQ(e.athlete, 7);
-  EXPECT_EQ(e.last5, "Hollo");
-  EXPECT_EQ(e.key.event_sex, "B");
-  EXPECT_EQ(e.key.distance, 100);
-  EXPECT_EQ(e.key.stroke, 2);
-  EXPECT_EQ(e.key.lo_hi, 1112);
-  EXPECT_FLOAT_EQ(e.fee, 4.5f);
-  EXPECT_EQ(e.key.event_number, 23);
-  EXPECT_EQ(e.key.event_letter, "L");
-  EXPECT_EQ(e.lead_off, "L");
-  EXPECT_EQ(e.key.seed_score, 6543);
-  EXPECT_EQ(e.key.seed_text, "1:05.43");
-  EXPECT_EQ(e.key.seed_course, "Y");
-  EXPECT_EQ(e.points_tenths, 125);
-  EXPECT_EQ(e.exhibition, "Y");
-  EXPECT_EQ(e.key.col84, "X");
-  EXPECT_EQ(e.col92, "C");
-  EXPECT_EQ(e.age, 12);
-  EXPECT_EQ(e.gs_mark, "G");
+  const Nv3Entry e = LoadNV3EventRec(
+      Nv3("E1",
+          "sex=M|athlete=7|last5=Hollo|sex2=M|event_sex=B|distance=100|stroke_letter=B|"
+          "age_group= 11 12|fee=4.5|event_number=23|event_letter=L|seed_time=65.43|"
+          "seed_course=Y|points=12.5|exhibition=Y|col84=X|age=12|col92=C|lead_off=L|gs_mark=G"));
+  EXPECT_EQ(std::tie(e.sex, e.athlete, e.last5, e.fee, e.lead_off, e.points_tenths, e.exhibition,
+                     e.col92, e.age, e.gs_mark),
+            std::make_tuple("M", 7, "Hollo", 4.5f, "L", 125, "Y", "C", 12, "G"));
+  const Nv3EventKey& k = e.key;
+  EXPECT_EQ(std::tie(k.event_sex, k.distance, k.stroke, k.lo_hi, k.event_number, k.event_letter,
+                     k.seed_score, k.seed_text, k.seed_course, k.col84),
+            std::make_tuple("B", 100, 2, 1112, 23, "L", 6543, "1:05.43", "Y", "X"));
 
   // A digit in column 42 belongs to the event number; an age at 89-91 wins over 86-88.
-  const Nv3Entry wide = LoadNV3EventRec(
-      LineMaker("E1").Right(39, 42, "1234").Right(86, 88, "9").Right(89, 91, "11").Done());
-  EXPECT_EQ(wide.key.event_number, 1234);
-  EXPECT_EQ(wide.key.event_letter, "");
-  EXPECT_EQ(wide.key.seed_text, "NT");
-  EXPECT_EQ(wide.age, 11);
-  const Nv3Entry dive = LoadNV3EventRec(
-      LineMaker("E1").Right(16, 21, "1").Put(22, 22, "F").Right(52, 59, "245.50").Done());
-  EXPECT_EQ(dive.key.seed_text, "245.50");
-  EXPECT_EQ(dive.key.seed_score, 24550);
+  const Nv3Entry wide = LoadNV3EventRec(Nv3("E1", "event_number=123|event_letter=4|age=9|age2=11"));
+  EXPECT_EQ(std::tie(wide.key.event_number, wide.key.event_letter, wide.key.seed_text, wide.age),
+            std::make_tuple(1234, "", "NT", 11));
+  const Nv3Entry dive = LoadNV3EventRec(Nv3("E1", "distance=1|stroke_letter=F|seed_time=245.50"));
+  EXPECT_EQ(std::tie(dive.key.seed_text, dive.key.seed_score), std::make_tuple("245.50", 24550));
 
-  LineMaker e2("E2");
-  e2.Put(3, 3, "P").Right(4, 11, "65.12").Put(12, 12, "Y").Put(16, 16, "X").Right(30, 33, "3");
-  e2.Right(61, 63, "17");
-  e2.Put(64, 64, "F").Right(65, 72, "0.00").Put(73, 73, "Y").Put(74, 74, "Q").Right(91, 94, "12");
-  const Nv3Result r = LoadNV3ResultRec(e2.Done());
-  EXPECT_EQ(r.first.f_p, "P");
-  EXPECT_EQ(r.first.score, 6512);
-  EXPECT_EQ(r.first.time_text, "1:05.12");
-  EXPECT_EQ(r.first.course, "Y");
-  EXPECT_EQ(r.first.nt, 0);
-  EXPECT_EQ(r.first.exhibition, "X");
-  EXPECT_EQ(r.first.place, 3);
-  EXPECT_EQ(r.number, 17);
-  EXPECT_EQ(r.second.f_p, "F");
-  EXPECT_EQ(r.second.score, 0);
-  EXPECT_EQ(r.second.nt, 5);
-  EXPECT_EQ(r.second.nt_text, "DQ");
-  EXPECT_EQ(r.second.place, 12);
+  const Nv3Result r = LoadNV3ResultRec(
+      Nv3("E2",
+          "f_p=P|score=65.12|course=Y|exhibition=X|place=3|number=17|f_p2=F|score2=0.00|"
+          "course2=Y|nt_letter2=Q|place2=12"));
+  const Nv3Swim& p = r.first;
+  EXPECT_EQ(std::tie(p.f_p, p.score, p.time_text, p.course, p.nt, p.exhibition, p.place, r.number),
+            std::make_tuple("P", 6512, "1:05.12", "Y", 0, "X", 3, 17));
+  const Nv3Swim& f = r.second;
+  EXPECT_EQ(std::tie(f.f_p, f.score, f.nt, f.nt_text, f.place),
+            std::make_tuple("F", 0, 5, "DQ", 12));
 }
 
 TEST(Nv3Records, NonTimeLetters) {
@@ -346,43 +257,37 @@ TEST(Nv3Records, NonTimeLetters) {
   } cases[] = {{"Q", 5, "DQ"}, {"D", 3, "DNF"}, {"S", 1, "SCR"},
                {"R", 2, "NS"}, {"N", 0, ""},    {" ", 0, ""}};
   for (const Case& c : cases) {
-    const Nv3Result r = LoadNV3ResultRec(LineMaker("E2").Put(13, 13, c.letter).Done());
-    EXPECT_EQ(r.first.nt, c.nt) << c.letter;
-    EXPECT_EQ(r.first.nt_text, c.text) << c.letter;
+    const Nv3Result r = LoadNV3ResultRec(Nv3("E2", {{"nt_letter", c.letter}}));
+    EXPECT_EQ(std::tie(r.first.nt, r.first.nt_text), std::make_tuple(c.nt, c.text)) << c.letter;
   }
 }
 
 TEST(Nv3Records, RelayAndSplits) {
-  LineMaker f1("F1");
-  f1.Put(3, 7, "DOLPH").Put(8, 8, "A").Put(9, 12, "ABCD").Put(15, 15, "X").Right(16, 21, "200");
-  f1.Put(22, 22, "E").Put(23, 28, "  0109").Right(39, 42, "45").Right(52, 59, "130.00");
-  const Nv3Relay relay = LoadNV3RelayRec(f1.Done());
-  EXPECT_EQ(relay.team, "DOLPH");
-  EXPECT_EQ(relay.relay_letter, "A");
-  EXPECT_EQ(relay.col9, "ABCD");
-  EXPECT_EQ(relay.key.event_sex, "X");
-  EXPECT_EQ(relay.key.stroke, 5);
-  EXPECT_EQ(relay.key.lo_hi, 99);
-  EXPECT_EQ(relay.key.event_number, 45);
-  EXPECT_EQ(relay.key.seed_score, 13000);
+  const Nv3Relay relay = LoadNV3RelayRec(
+      Nv3("F1",
+          "team_code=DOLPH|relay_letter=A|col9=ABCD|event_sex=X|distance=200|stroke_letter=E|"
+          "age_group=  0109|event_number=45|seed_time=130.00"));
+  EXPECT_EQ(
+      std::tie(relay.team, relay.relay_letter, relay.col9, relay.key.event_sex, relay.key.stroke,
+               relay.key.lo_hi, relay.key.event_number, relay.key.seed_score),
+      std::make_tuple("DOLPH", "A", "ABCD", "X", 5, 99, 45, 13000));
 
-  LineMaker g1("G1");
-  g1.Put(3, 3, "F").Right(4, 5, "1").Right(6, 13, "30.12");
-  g1.Put(14, 14, "F").Right(15, 16, "2").Right(17, 24, "63.50");
-  g1.Put(25, 25, "F").Right(26, 27, "0").Right(28, 35, "99.00");  // ends the line
-  g1.Put(36, 36, "F").Right(37, 38, "4").Right(39, 46, "130.00");
-  const Nv3Splits splits = LoadNV3SplitRec(g1.Done());
+  // The third group's split number 0 ends the line.
+  const Nv3Splits splits = LoadNV3SplitRec(
+      Nv3("G1",
+          "f_p1=F|split_number1=1|value1=30.12|f_p2=F|split_number2=2|value2=63.50|f_p3=F|"
+          "split_number3=0|value3=99.00|f_p4=F|split_number4=4|value4=130.00"));
   ASSERT_EQ(splits.count, 2);
-  EXPECT_EQ(splits.splits[0].f_p, "F");
-  EXPECT_EQ(splits.splits[0].number, 1);
-  EXPECT_EQ(splits.splits[0].value, 3012);
-  EXPECT_EQ(splits.splits[1].number, 2);
-  EXPECT_EQ(splits.splits[1].value, 6350);
+  const Nv3Split* s = splits.splits;
+  EXPECT_EQ(std::tie(s[0].f_p, s[0].number, s[0].value, s[1].number, s[1].value),
+            std::make_tuple("F", 1, 3012, 2, 6350));
 
-  LineMaker full("G1");
-  for (int g = 0; g < 11; ++g)
-    full.Put(3 + g * 11, 3 + g * 11, "P").Right(4 + g * 11, 5 + g * 11, std::to_string(g + 1));
-  EXPECT_EQ(LoadNV3SplitRec(full.Done()).count, 11);
+  testing::FieldList full;
+  for (int g = 1; g <= 11; ++g) {
+    full.emplace_back("f_p" + std::to_string(g), "P");
+    full.emplace_back("split_number" + std::to_string(g), std::to_string(g));
+  }
+  EXPECT_EQ(LoadNV3SplitRec(Nv3("G1", full)).count, 11);
 }
 
 TEST(Nv3Records, DamagedLinesNeverCrash) {
@@ -404,14 +309,11 @@ TEST(Nv3Records, DamagedLinesNeverCrash) {
     LoadNV3EventRec(line);
     LoadNV3ResultRec(line);
     LoadNV3RelayRec(line);
-    const Nv3Splits splits = LoadNV3SplitRec(line);
-    EXPECT_LE(splits.count, 11);
+    EXPECT_LE(LoadNV3SplitRec(line).count, 11);
   }
   // A short line reads as if blank-filled.
   const Nv3Athlete a = LoadNV3AthleteRec("D1M   12Ash", 0);
-  EXPECT_EQ(a.athlete, 12);
-  EXPECT_EQ(a.last, "Ash");
-  EXPECT_EQ(a.birth, kNv3BlankDate);
+  EXPECT_EQ(std::tie(a.athlete, a.last, a.birth), std::make_tuple(12, "Ash", kNv3BlankDate));
 }
 
 }  // namespace
