@@ -54,6 +54,21 @@ class FieldValues {
   FieldList list_;
 };
 
+// `base` with `change` put over it by name; a name `base` lacks goes last.
+inline FieldList Merged(const FieldValues& base, const FieldValues& change) {
+  FieldList fields(base.begin(), base.end());
+  for (const auto& [name, value] : change) {
+    const auto at = std::find_if(fields.begin(), fields.end(),
+                                 [&name](const auto& field) { return field.first == name; });
+    if (at == fields.end()) {
+      fields.emplace_back(name, value);
+    } else {
+      at->second = value;
+    }
+  }
+  return fields;
+}
+
 namespace file_maker_detail {
 
 constexpr bool R = true;
@@ -332,52 +347,50 @@ class SdifFile {
   using Fields = FieldList;
 
   // `commlink`: a .cl2 (software "Norvan, Ltd", check sums); else a plain .sd3.
-  explicit SdifFile(bool commlink = true) : commlink_(commlink) {
-    a0_ = Spec(
-        "version=V3|file_code=02|software_version=1.0|contact_name=Pat Example|"
-        "contact_phone=555-0100|file_date=11222026");
-    Set(a0_, "software_name", commlink ? "Norvan, Ltd" : "Made Up Meet Manager");
-  }
+  explicit SdifFile(bool commlink = true)
+      : commlink_(commlink),
+        a0_(Merged("version=V3|file_code=02|software_version=1.0|contact_name=Pat Example|"
+                   "contact_phone=555-0100|file_date=11222026",
+                   {{"software_name", commlink ? "Norvan, Ltd" : "Made Up Meet Manager"}})) {}
 
   SdifFile& A0(FieldValues fields) {
-    Merge(a0_, fields);
+    a0_ = Merged(a0_, fields);
     return *this;
   }
   // A B1 (meet); the first call replaces the default meet.
   SdifFile& Meet(FieldValues fields = {}) {
     return Add("B1",
-               Spec("meet_name=Autumn Made-Up Invite|location=Springfield|start=11012026|"
-                    "end=11022026|course=Y"),
+               "meet_name=Autumn Made-Up Invite|location=Springfield|start=11012026|"
+               "end=11022026|course=Y",
                fields);
   }
   SdifFile& Team(FieldValues fields = {}) {
-    return Add("C1", Spec("lsc=ZZ|team_code=MUST|team_name=Made Up Swim Team"), fields);
+    return Add("C1", "lsc=ZZ|team_code=MUST|team_name=Made Up Swim Team", fields);
   }
   // A D0 and, with `with_d3`, the D3 behind it.
   SdifFile& Swim(FieldValues fields = {}, bool with_d3 = true) {
     Add("D0",
-        Spec("swimmer_name=DOE, JANE A|birth=01022014|age=12|sex=F|event_sex=F|distance=100|"
-             "stroke=1|event_number=12|event_age=1112|swim_date=11012026|seed_time=1:07.00|"
-             "seed_course=Y|finals_time=1:05.32|finals_course=Y|finals_place=3"),
+        "swimmer_name=DOE, JANE A|birth=01022014|age=12|sex=F|event_sex=F|distance=100|"
+        "stroke=1|event_number=12|event_age=1112|swim_date=11012026|seed_time=1:07.00|"
+        "seed_course=Y|finals_time=1:05.32|finals_course=Y|finals_place=3",
         fields);
-    if (with_d3) Add("D3", Spec("new_swimmer_number=MADEUP000001"), {});
+    if (with_d3) Add("D3", "new_swimmer_number=MADEUP000001", {});
     return *this;
   }
   // An E0 with `legs` F0 lines.
   SdifFile& Relay(FieldValues fields = {}, int legs = 4) {
-    Fields e0 = Spec(
-        "team_letter=A|lsc=ZZ|team_code=MUST|event_sex=F|distance=200|stroke=6|event_number=20|"
-        "event_age=1112|swim_date=11012026|finals_time=2:10.00|finals_course=Y");
-    Set(e0, "f0_count", std::to_string(legs));
-    Add("E0", std::move(e0), fields);
+    Add("E0",
+        Merged("team_letter=A|lsc=ZZ|team_code=MUST|event_sex=F|distance=200|stroke=6|"
+               "event_number=20|event_age=1112|swim_date=11012026|finals_time=2:10.00|"
+               "finals_course=Y",
+               {{"f0_count", std::to_string(legs)}}),
+        fields);
     static const char* const kNames[] = {"DOE, JANE A", "ROE, ANN", "POE, EVE", "LOE, MAY"};
     for (int i = 0; i < legs; ++i) {
-      Fields f0 = Spec(
+      Add("F0",
           "team_code=MUST|birth=01022014|age=12|sex=F|prelim_order=0|swim_off_order=0|"
-          "leg_time=32.50|leg_course=Y");
-      Set(f0, "swimmer_name", kNames[i % 4]);
-      Set(f0, "finals_order", std::to_string(i % 4 + 1));
-      Add("F0", std::move(f0), {});
+          "leg_time=32.50|leg_course=Y",
+          {{"swimmer_name", kNames[i % 4]}, {"finals_order", std::to_string(i % 4 + 1)}});
     }
     return *this;
   }
@@ -390,7 +403,7 @@ class SdifFile {
   }
   // Z0 fields that override the counted ones.
   SdifFile& Z0(FieldValues fields) {
-    Merge(z0_, fields);
+    z0_ = Merged(z0_, fields);
     return *this;
   }
 
@@ -425,18 +438,19 @@ class SdifFile {
       f0 += e.code == "F0";
       g0 += e.code == "G0";
     }
-    Fields z0 = {{"file_code", Value(a0_, "file_code")},
-                 {"b1_count", std::to_string(b)},
-                 {"meet_count", std::to_string(b)},
-                 {"c1_count", std::to_string(c)},
-                 {"team_count", std::to_string(c)},
-                 {"d0_count", std::to_string(d0)},
-                 {"swimmer_count", std::to_string(d1 > 0 ? d1 : d0)},
-                 {"e0_count", std::to_string(e0)},
-                 {"f0_count", std::to_string(f0)},
-                 {"g0_count", std::to_string(g0)}};
-    for (const auto& [name, value] : z0_) Set(z0, name, value);
-    out.push_back(Finish("Z0", z0));
+    const auto file_code =
+        std::find_if(a0_.begin(), a0_.end(), [](const auto& f) { return f.first == "file_code"; });
+    const Fields z0 = {{"file_code", file_code == a0_.end() ? "" : file_code->second},
+                       {"b1_count", std::to_string(b)},
+                       {"meet_count", std::to_string(b)},
+                       {"c1_count", std::to_string(c)},
+                       {"team_count", std::to_string(c)},
+                       {"d0_count", std::to_string(d0)},
+                       {"swimmer_count", std::to_string(d1 > 0 ? d1 : d0)},
+                       {"e0_count", std::to_string(e0)},
+                       {"f0_count", std::to_string(f0)},
+                       {"g0_count", std::to_string(g0)}};
+    out.push_back(Finish("Z0", Merged(z0, z0_)));
     return out;
   }
 
@@ -449,33 +463,8 @@ class SdifFile {
     std::string raw;
   };
 
-  static Fields Spec(const char* text) {
-    const FieldValues values(text);
-    return Fields(values.begin(), values.end());
-  }
-
-  static void Set(Fields& fields, std::string_view name, std::string_view value) {
-    for (auto& [n, v] : fields) {
-      if (n == name) {
-        v = value;
-        return;
-      }
-    }
-    fields.emplace_back(name, value);
-  }
-  static void Merge(Fields& fields, FieldValues more) {
-    for (const auto& [name, value] : more) Set(fields, name, value);
-  }
-  static std::string Value(const Fields& fields, std::string_view name) {
-    for (const auto& [n, v] : fields) {
-      if (n == name) return v;
-    }
-    return {};
-  }
-
-  SdifFile& Add(std::string_view code, Fields defaults, FieldValues fields) {
-    Merge(defaults, fields);
-    body_.push_back({std::string(code), std::move(defaults), {}});
+  SdifFile& Add(std::string_view code, const FieldValues& defaults, const FieldValues& fields) {
+    body_.push_back({std::string(code), Merged(defaults, fields), {}});
     return *this;
   }
 
