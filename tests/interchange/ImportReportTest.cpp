@@ -1,4 +1,5 @@
-// The report mode: made-up files walked into RPTISDIN, and the swimmer lookup of NV3 swims.
+// The report mode: made-up files walked into RPTISDIN, and the swimmer lookup of NV3 swims;
+// the athlete check of an NV3 file before its import.
 
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
@@ -8,6 +9,8 @@
 #include "interchange/ImportReport.h"
 #include "interchange/ImportReportRows.h"
 #include "interchange/ImportReportTexts.h"
+#include "interchange/Nv3AthleteCheck.h"
+#include "interchange/Nv3Texts.h"
 #include "store/ReportDatabase.h"
 #include "support/TempHome.h"
 
@@ -65,7 +68,7 @@ const ReportRow* FindByName(const std::vector<ReportRow>& rows, std::string_view
   return nullptr;
 }
 
-TEST(ImportReportTexts, DistancesStrokesAndDates) {
+TEST(ImportReportTexts, DistancesStrokesDatesAndTitle) {
   const std::pair<int, const char*> dists[] = {
       {9991, "1 Meter"}, {9992, "3 Meter"}, {9993, "Platform"}, {0, ""}, {100, "100"}, {75, "75"}};
   for (const auto& [distance, text] : dists) EXPECT_EQ(ReportDistText(distance), text);
@@ -88,6 +91,9 @@ TEST(ImportReportTexts, DistancesStrokesAndDates) {
   EXPECT_EQ(ReportScoreText(0, 1, 5), "DQ");
   EXPECT_EQ(ReportScoreText(24550, 6, 0), "245.50");
   EXPECT_EQ(ReportScoreText(0, 1, 0), "");
+  ImportFile file;
+  file.panel.file_type = "Best Times";
+  EXPECT_EQ(ReportTitle(file), "Export/Import File Report - Best Times");
 }
 
 TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
@@ -110,64 +116,44 @@ TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
   const auto rows = Rows(false);
   // B1, C1 and the three swims, in file order.
   ASSERT_EQ(rows.size(), 5u);
-  EXPECT_EQ(rows[0].row.meet_name, "Autumn Made-Up Invite");
-  EXPECT_EQ(rows[0].row.meet_beg, "11/01/2026");
-  EXPECT_EQ(rows[0].row.meet_end, "11/02/2026");
-  EXPECT_EQ(rows[0].row.ln, "");
-  EXPECT_EQ(rows[1].row.team_name, "Made Up Swim Team");
-  EXPECT_EQ(rows[1].row.team_code, "MUST");
+  const IsdinRow& meet = rows[0].row;
+  EXPECT_EQ(std::tie(meet.meet_name, meet.meet_beg, meet.meet_end, meet.ln),
+            std::make_tuple("Autumn Made-Up Invite", "11/01/2026", "11/02/2026", ""));
+  EXPECT_EQ(std::tie(rows[1].row.team_name, rows[1].row.team_code),
+            std::make_tuple("Made Up Swim Team", "MUST"));
 
+  // Jane's number comes from the D3 behind her D0.
   const IsdinRow& jane = rows[2].row;
   EXPECT_EQ(rows[2].reason_words, "Result imported");
-  EXPECT_EQ(jane.reason, "Y");
-  EXPECT_EQ(jane.meet_name, "Autumn Made-Up Invite");
-  EXPECT_EQ(jane.team_name, "Made Up Swim Team");
-  EXPECT_EQ(jane.lsc, "ZZ");
-  EXPECT_EQ(jane.ln, "DOE");
-  EXPECT_EQ(jane.fn, "JANE");
-  EXPECT_EQ(jane.mi, "A");
-  EXPECT_EQ(jane.id_no, "MADEUP000001");  // from the D3 behind the D0
-  EXPECT_EQ(jane.birth, "01/02/2014");
-  EXPECT_EQ(jane.age, "12");
-  EXPECT_EQ(jane.sex, "F");
-  EXPECT_EQ(jane.dist, "100");
-  EXPECT_EQ(jane.int_dist, 100);
-  EXPECT_EQ(jane.stroke, "Free");
-  EXPECT_EQ(jane.int_stroke, 1);
-  EXPECT_EQ(jane.lo_hi, 1112);
-  EXPECT_EQ(jane.f_time, "1:05.32");
-  EXPECT_EQ(jane.f_cors, "Y");
-  EXPECT_EQ(jane.diving, "");
+  EXPECT_EQ(std::tie(jane.reason, jane.meet_name, jane.team_name, jane.lsc, jane.ln, jane.fn,
+                     jane.mi, jane.id_no, jane.birth, jane.age, jane.sex),
+            std::make_tuple("Y", "Autumn Made-Up Invite", "Made Up Swim Team", "ZZ", "DOE", "JANE",
+                            "A", "MADEUP000001", "01/02/2014", "12", "F"));
+  EXPECT_EQ(std::tie(jane.dist, jane.int_dist, jane.stroke, jane.int_stroke, jane.lo_hi,
+                     jane.f_time, jane.f_cors, jane.diving),
+            std::make_tuple("100", 100, "Free", 1, 1112, "1:05.32", "Y", ""));
   EXPECT_EQ(IsdinEventText(jane), "Female 11-12 100 Free");
 
+  // No D3 behind Ann's dive: the D0's own number.
   const IsdinRow& ann = rows[3].row;
-  EXPECT_EQ(ann.id_no, "ROE-NUMBER");  // no D3: the D0's own number
-  EXPECT_EQ(ann.stroke, "Diving");
-  EXPECT_EQ(ann.int_stroke, 6);
-  EXPECT_EQ(ann.diving, "Y");
-  EXPECT_EQ(ann.lo_hi, 10);
-  EXPECT_EQ(ann.f_time, "245.50");
+  EXPECT_EQ(std::tie(ann.id_no, ann.stroke, ann.int_stroke, ann.diving, ann.lo_hi, ann.f_time),
+            std::make_tuple("ROE-NUMBER", "Diving", 6, "Y", 10, "245.50"));
   EXPECT_EQ(IsdinEventText(ann), "Female Un-10 Diving");
 
   const IsdinRow& eve = rows[4].row;
-  EXPECT_EQ(eve.lo_hi, 1599);
-  EXPECT_EQ(eve.p_time, "DQ");
-  EXPECT_EQ(eve.f_time, "");
+  EXPECT_EQ(std::tie(eve.lo_hi, eve.p_time, eve.f_time), std::make_tuple(1599, "DQ", ""));
   EXPECT_EQ(IsdinEventText(eve), "Female 15-Ov 100 Free");
 
+  // Stroke "6" of an E0 is a free relay.
   const auto relays = Rows(true);
   ASSERT_EQ(relays.size(), 3u);
   const IsdinRow& team = relays[0].row;
-  EXPECT_EQ(team.relay, "Y");
-  EXPECT_EQ(team.mi, "A");
-  EXPECT_EQ(team.stroke, "Free Relay");  // stroke "6" of an E0 is a free relay
-  EXPECT_EQ(team.dist, "200");
-  EXPECT_EQ(team.f_time, "2:10.00");
+  EXPECT_EQ(std::tie(team.relay, team.mi, team.stroke, team.dist, team.f_time),
+            std::make_tuple("Y", "A", "Free Relay", "200", "2:10.00"));
   EXPECT_EQ(IsdinNameText(team), "Relay A");
   const IsdinRow& leg = relays[2].row;
+  EXPECT_EQ(std::tie(leg.relay, leg.f_time), std::make_tuple("Y", "32.50"));
   EXPECT_EQ(IsdinNameText(leg), "ROE, ANN");
-  EXPECT_EQ(leg.relay, "Y");
-  EXPECT_EQ(leg.f_time, "32.50");
   EXPECT_EQ(IsdinEventText(leg), "Female 11-12 200 Free Relay");
 
   EXPECT_EQ(outcome.counts.Processed(ImportRow::kMeets), 1);
@@ -190,8 +176,7 @@ TEST_F(ImportReportTest, RosterLinesAreSwimmerOnlyRowsWithTheirD3Number) {
   const auto rows = Rows(false);
   const ReportRow* jane = FindByName(rows, "DOE", "JANE");
   ASSERT_NE(jane, nullptr);
-  EXPECT_EQ(jane->row.only, "Y");
-  EXPECT_EQ(jane->row.id_no, "NEWNUMBER");
+  EXPECT_EQ(std::tie(jane->row.only, jane->row.id_no), std::make_tuple("Y", "NEWNUMBER"));
   EXPECT_EQ(IsdinEventText(jane->row), "");
 }
 
@@ -222,40 +207,29 @@ TEST_F(ImportReportTest, Nv3FileReportsSwimsUnderTheSwimmerOfTheirNumber) {
   const auto rows = Rows(false);
   // B1, C1, two D1 and three E1.
   ASSERT_EQ(rows.size(), 7u);
-  EXPECT_EQ(rows[0].row.meet_beg, "12/05/2026");
-  EXPECT_EQ(rows[2].row.only, "Y");
-  EXPECT_EQ(rows[2].row.id_no, "DB-ALEX");
-  EXPECT_EQ(rows[3].row.id_no, "FILE-KIM");
+  EXPECT_EQ(std::tie(rows[0].row.meet_beg, rows[2].row.only, rows[2].row.id_no, rows[3].row.id_no),
+            std::make_tuple("12/05/2026", "Y", "DB-ALEX", "FILE-KIM"));
 
   const IsdinRow& free = rows[4].row;
   EXPECT_EQ(IsdinNameText(free), "SMITH, ALEX B");
-  EXPECT_EQ(free.birth, "01/02/2014");
-  EXPECT_EQ(free.team_name, "Made Up Swim Team");
-  EXPECT_EQ(free.stroke, "Free");
-  EXPECT_EQ(free.lo_hi, 1112);
-  EXPECT_EQ(free.f_time, "1:05.32");
-  EXPECT_EQ(free.p_time, "1:06.01");
-  EXPECT_EQ(free.only, "");
+  EXPECT_EQ(
+      std::tie(free.birth, free.team_name, free.stroke, free.lo_hi, free.f_time, free.p_time,
+               free.only),
+      std::make_tuple("01/02/2014", "Made Up Swim Team", "Free", 1112, "1:05.32", "1:06.01", ""));
 
   // Each swim names its swimmer by number: Kim's dive here, Alex's backstroke below though
   // Kim's D1 came last.
   const IsdinRow& dive = rows[5].row;
-  EXPECT_EQ(dive.ln, "JONES");
-  EXPECT_EQ(dive.dist, "3 Meter");
-  EXPECT_EQ(dive.stroke, "Diving");
-  EXPECT_EQ(dive.diving, "Y");
-  EXPECT_EQ(dive.lo_hi, 99);
-  EXPECT_EQ(dive.f_time, "245.50");
-
+  EXPECT_EQ(std::tie(dive.ln, dive.dist, dive.stroke, dive.diving, dive.lo_hi, dive.f_time),
+            std::make_tuple("JONES", "3 Meter", "Diving", "Y", 99, "245.50"));
   const IsdinRow& back = rows[6].row;
-  EXPECT_EQ(back.ln, "SMITH");
-  EXPECT_EQ(back.p_time, "DQ");
+  EXPECT_EQ(std::tie(back.ln, back.p_time), std::make_tuple("SMITH", "DQ"));
   EXPECT_EQ(IsdinEventText(back), "Female Un-10 50 Back");
 
   const auto relays = Rows(true);
   ASSERT_EQ(relays.size(), 1u);
-  EXPECT_EQ(relays[0].row.stroke, "Medley Relay");
-  EXPECT_EQ(relays[0].row.f_time, "2:30.00");
+  EXPECT_EQ(std::tie(relays[0].row.stroke, relays[0].row.f_time),
+            std::make_tuple("Medley Relay", "2:30.00"));
   EXPECT_EQ(IsdinNameText(relays[0].row), "Relay B");
 }
 
@@ -283,12 +257,6 @@ TEST_F(ImportReportTest, StoppingKeepsTheRowsWrittenAndFailuresSayErrorCreatingR
   EXPECT_EQ(Report(file.Lines(), ".CL2").status, kErrorCreatingReport);
   ASSERT_EQ(t_.io.shown.size(), 1u);
   EXPECT_EQ(t_.io.shown[0].text, kErrorCreatingReport);
-}
-
-TEST(ImportReportTitle, NamesTheFileKind) {
-  ImportFile file;
-  file.panel.file_type = "Best Times";
-  EXPECT_EQ(ReportTitle(file), "Export/Import File Report - Best Times");
 }
 
 TEST_F(ImportReportTest, GetCurrentAthFindsBySwimmerNumberThenNameInitialAndBirth) {
@@ -329,6 +297,105 @@ TEST_F(ImportReportTest, GetCurrentAthFindsBySwimmerNumberThenNameInitialAndBirt
 
   t_.state.gDb.reset();
   EXPECT_EQ(GetCurrentAth(t_.state, "ID-ALEX", "SMITH", "ALEX", "", ""), 0);
+}
+
+// The athlete check of an NV3 file: matches, the "no results" boxes and a D1 it cannot read.
+
+std::string D1(const char* last, const char* first, const char* pref = "",
+               const char* birth = "01022014", const char* sex = "F") {
+  return Nv3("D1", {{"sex", sex},
+                    {"athlete", "1"},
+                    {"last", last},
+                    {"first", first},
+                    {"pref", pref},
+                    {"birth", birth}});
+}
+
+std::vector<std::string> FileOf(std::vector<std::string> swimmers) {
+  std::vector<std::string> lines = {Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
+                                    Nv3("B1", {{"meet_name", "Made-Up Meet"}})};
+  lines.insert(lines.end(), swimmers.begin(), swimmers.end());
+  return lines;
+}
+
+SwimmerMatcher Family(const char* first, const char* last = "Smith", const char* sex = "F") {
+  return SwimmerMatcher(CurrentSwimmer{1, first, last, sex}, {}, false);
+}
+
+TEST(NV3AthleteCheck, FindsTheSwimmerByFirstOrPreferredName) {
+  struct Case {
+    const char* what;
+    const char* current_first;
+    std::string d1;
+  };
+  const Case cases[] = {
+      {"first name", "Alex", D1("SMITH", "ALEX")},
+      {"preferred name", "Lexi", D1("SMITH", "ALEXANDRA", "LEXI")},
+      {"any case", "alex", D1("smith", "Alex")},
+  };
+  for (const Case& c : cases) {
+    test::TempHome t;
+    Watcher monitor;
+    SwimmerMatcher matcher = Family(c.current_first);
+    EXPECT_TRUE(
+        NV3AthleteCheck(t.state, monitor, FileOf({D1("JONES", "KIM"), c.d1}), matcher, "m.nv3"))
+        << c.what;
+    EXPECT_TRUE(matcher.AnyMatch()) << c.what;
+    EXPECT_TRUE(t.io.shown.empty()) << c.what;
+    EXPECT_EQ(monitor.statuses,
+              (std::vector<std::string>{std::string(" Checking for Athletes... "),
+                                        std::string(" Athlete Check Successful ")}))
+        << c.what;
+  }
+}
+
+TEST(NV3AthleteCheck, NoMatchTellsTheUserAndListsOthersOfTheLastName) {
+  test::TempHome t;
+  Watcher monitor;
+  SwimmerMatcher matcher = Family("Alex");
+  const auto lines = FileOf({D1("SMITH", "JORDAN"), D1("JONES", "ALEX"), D1("SMITH", "CASEY"),
+                             D1("SMITH", "ALEX", "", "01022014", "M")});
+  // Not a failure: the user may still import the file.
+  EXPECT_TRUE(NV3AthleteCheck(t.state, monitor, lines, matcher, "m.nv3"));
+  ASSERT_EQ(t.io.shown.size(), 2u);
+  EXPECT_EQ(t.io.shown[0].text, NoResultsText(matcher));
+  EXPECT_NE(t.io.shown[0].text.find("Alex Smith"), std::string::npos);
+  EXPECT_EQ(t.io.shown[1].text,
+            std::string("The file did contain the following athlete(s) with the last name of ") +
+                "Smith\r\nJORDAN SMITH\r\nCASEY SMITH\r\nALEX SMITH");
+  EXPECT_EQ(monitor.statuses.back(), " Athlete Check Successful ");
+
+  // Nobody of the name at all: the first box only.
+  test::TempHome t2;
+  SwimmerMatcher lonely = Family("Alex");
+  EXPECT_TRUE(NV3AthleteCheck(t2.state, monitor, FileOf({D1("JONES", "KIM")}), lonely, "m.nv3"));
+  ASSERT_EQ(t2.io.shown.size(), 1u);
+  EXPECT_EQ(t2.io.shown[0].text, NoResultsText(lonely));
+}
+
+TEST(NV3AthleteCheck, AnUnreadableSwimmerLineStopsWithTheTwoPartBox) {
+  struct Case {
+    std::string line;
+    const char* problem;
+  };
+  const Case cases[] = {{D1("SMITH", "ALEX", "", "13312004"), "Problem: Date"},
+                        {D1("", "ALEX"), "Problem: Swimmer's Name"}};
+  for (const Case& c : cases) {
+    test::TempHome t;
+    Watcher monitor;
+    SwimmerMatcher matcher = Family("Alex");
+    EXPECT_FALSE(
+        NV3AthleteCheck(t.state, monitor, FileOf({D1("SMITH", "ALEX"), c.line}), matcher, "m.nv3"));
+    ASSERT_EQ(t.io.shown.size(), 1u) << c.problem;  // no "no results" box behind it
+    const auto& box = t.io.shown[0];
+    EXPECT_EQ(box.title, "error");
+    EXPECT_EQ(box::Icon(box.style), box::kStop);
+    EXPECT_EQ(box.text,
+              "File processing error for file: m.nv3\r\nThe error is on line: 4\r\nThe problem "
+              "line is listed below in two parts: \r\n>>" +
+                  c.line.substr(0, 80) + "<<\r\n>>" + c.line.substr(80) + "<<\r\n" + c.problem);
+    EXPECT_NE(monitor.statuses.back(), " Athlete Check Successful ");
+  }
 }
 
 }  // namespace
