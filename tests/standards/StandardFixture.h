@@ -1,5 +1,5 @@
 #pragma once
-// A made-up standard for the standards tests.
+// Made-up standards for the standards tests.
 
 #include <initializer_list>
 #include <string>
@@ -22,10 +22,35 @@ inline void MakeStandard(SQLite::Database& db, const std::string& name,
   size_t i = 0;
   for (const auto& d : designators) {
     def.designators[i] = d;
-    def.long_names[i] = d + " long";
-    ++i;
+    def.long_names[i++] = d + " long";
   }
   WriteStandardDefinition(db, def);
+}
+
+// The limits of one designator level in one course; 0 is no limit.
+struct Limit {
+  char course;
+  int level;
+  int32_t slow;
+  int32_t fast = 0;
+};
+
+// Stores a line of the standard `name`; returns its key.
+inline int32_t AddLine(SQLite::Database& db, const std::string& name, const char* sex,
+                       const char* i_r, int16_t lo, int16_t hi, int16_t distance, int16_t stroke,
+                       std::initializer_list<Limit> limits = {}) {
+  StandardLine line;
+  line.sex = sex;
+  line.i_r = i_r;
+  line.lo_age = lo;
+  line.hi_age = hi;
+  line.distance = distance;
+  line.stroke = stroke;
+  for (const Limit& l : limits) {
+    line.Slow(l.course, l.level) = l.slow;
+    line.Fast(l.course, l.level) = l.fast;
+  }
+  return InsertStandardLine(db, StandardTableName(name), line);
 }
 
 // A line key; limits are set by the caller through Fast()/Slow().

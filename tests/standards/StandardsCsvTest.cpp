@@ -12,10 +12,7 @@
 namespace kvlr {
 namespace {
 
-using test::Key;
-using test::MakeOpenDatabase;
 using test::MakeStandard;
-using test::TempHome;
 
 constexpr const char* kHeader =
     "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,"
@@ -25,23 +22,17 @@ constexpr const char* kHeader =
 class StandardsCsv : public testing::Test {
  protected:
   StandardsCsv() {
-    MakeOpenDatabase(t);
+    test::MakeOpenDatabase(t);
     MakeStandard(db(), "JO", {"AA", "A"});
-    StandardLine boys = Key("M", "I", 11, 12, 100, 1);
-    boys.Slow('Y', 0) = 5500;
-    boys.Fast('Y', 0) = 5000;
-    boys.Slow('L', 1) = 6532;
-    InsertStandardLine(db(), "JO", boys);
-    StandardLine relay = Key("F", "R", 0, 99, 200, 5);
-    relay.Slow('S', 1) = 13000;
-    InsertStandardLine(db(), "JO", relay);
+    test::AddLine(db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500, 5000}, {'L', 1, 6532}});
+    test::AddLine(db(), "JO", "F", "R", 0, 99, 200, 5, {{'S', 1, 13000}});
   }
   SQLite::Database& db() { return *t.state.gDb; }
   std::string Export(const char* name) {
     return StandardCsvText(db(), *ReadStandardDefinition(db(), name));
   }
   long long Count(const std::string& sql) { return test::QueryNumber(db(), sql); }
-  TempHome t;
+  test::TempHome t;
 };
 
 TEST_F(StandardsCsv, ExportHasOneHeaderAndOneLinePerLine) {
@@ -50,7 +41,11 @@ TEST_F(StandardsCsv, ExportHasOneHeaderAndOneLinePerLine) {
                               "F,R,0,99,200,5,,,,,,,,,2:10.00,,,\n");
 }
 
+// Imported into the current standard, the lines are judged at once.
 TEST_F(StandardsCsv, RoundTripIntoANewStandard) {
+  InstallStandardHooks(t.state);
+  t.state.gStandardName = "Copy";
+  OpenCurrentStandard(t.state);
   const std::string text = Export("JO");
   const CsvImportResult result = ImportStandardCsv(t.state, "Copy", text);
   ASSERT_TRUE(result.ok) << result.message;
@@ -58,6 +53,8 @@ TEST_F(StandardsCsv, RoundTripIntoANewStandard) {
   EXPECT_EQ(result.lines, 2);
   EXPECT_EQ(Export("Copy"), text);
   EXPECT_EQ(ReadStandardDefinition(db(), "Copy")->designators[1], "A");
+  int16_t designator = 0;
+  EXPECT_EQ(GetStandard(t.state, designator, 5400, "M", 100, 1, 12, "Y", false), "AA");
 }
 
 TEST_F(StandardsCsv, ImportReplacesTheLinesOfAnExistingStandard) {
@@ -72,15 +69,6 @@ TEST_F(StandardsCsv, ImportReplacesTheLinesOfAnExistingStandard) {
   EXPECT_EQ(Count("SELECT count(*) FROM JO"), 1);
   EXPECT_EQ(Count("SELECT \"S(25)\" FROM JO"), 3150);
   EXPECT_EQ(Count("SELECT count(*) FROM STDNAME"), 1);
-}
-
-TEST_F(StandardsCsv, ImportIntoTheCurrentStandardIsJudgedAtOnce) {
-  InstallStandardHooks(t.state);
-  t.state.gStandardName = "New";
-  OpenCurrentStandard(t.state);
-  ASSERT_TRUE(ImportStandardCsv(t.state, "New", Export("JO")).ok);
-  int16_t designator = 0;
-  EXPECT_EQ(GetStandard(t.state, designator, 5400, "M", 100, 1, 12, "Y", false), "AA");
 }
 
 TEST_F(StandardsCsv, BadFilesAreRefusedNamingTheLineAndChangeNothing) {
@@ -128,6 +116,10 @@ TEST_F(StandardsCsv, BadFilesAreRefusedNamingTheLineAndChangeNothing) {
   }
   EXPECT_EQ(Count("SELECT count(*) FROM STDNAME"), 1);
   EXPECT_FALSE(TableExists(db(), "FRESH"));
+  // Names that cannot be a standard.
+  EXPECT_FALSE(ImportStandardCsv(t.state, "", before).ok);
+  EXPECT_FALSE(ImportStandardCsv(t.state, "Ninechars", before).ok);
+  EXPECT_EQ(ImportStandardCsv(t.state, "Meet", before).message, "Meet already exists.");
 }
 
 TEST_F(StandardsCsv, CellsAreReadExactlyAsWrittenAndOnlyAsTimes) {
@@ -151,13 +143,6 @@ TEST_F(StandardsCsv, CellsAreReadExactlyAsWrittenAndOnlyAsTimes) {
                                            cell));
   }
   EXPECT_EQ(Count("SELECT count(*) FROM JO"), 2);
-}
-
-TEST_F(StandardsCsv, NamesThatCannotBeAStandardAreRefused) {
-  EXPECT_FALSE(ImportStandardCsv(t.state, "", Export("JO")).ok);
-  EXPECT_FALSE(ImportStandardCsv(t.state, "Ninechars", Export("JO")).ok);
-  const CsvImportResult clash = ImportStandardCsv(t.state, "Meet", Export("JO"));
-  EXPECT_EQ(clash.message, "Meet already exists.");
 }
 
 TEST_F(StandardsCsv, FilesAreWrittenAndRead) {

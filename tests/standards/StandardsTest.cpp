@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
+// Judging a swim against the open standard, opening and listing standards.
 
-#include <SQLiteCpp/Statement.h>
+#include <gtest/gtest.h>
 
 #include "StandardFixture.h"
 #include "standards/Standards.h"
@@ -9,49 +9,25 @@
 namespace kvlr {
 namespace {
 
-using test::Key;
-using test::MakeOpenDatabase;
+using test::AddLine;
 using test::MakeStandard;
-using test::TempHome;
 
 // Levels fastest first: the first slow limit a swim meets decides.
 void FillJo(SQLite::Database& db) {
   MakeStandard(db, "JO", {"AAAA", "AAA", "AA", "A", "B"});
-  const std::string table = StandardTableName("JO");
   // Std 1: a qualifying line with a gap at level 4 (level 5 is never reached).
-  StandardLine boys = Key("M", "I", 11, 12, 100, 1);
-  boys.Slow('Y', 0) = 5500;
-  boys.Slow('Y', 1) = 6000;
-  boys.Slow('Y', 2) = 6500;
-  boys.Slow('Y', 4) = 8000;
-  boys.Slow('S', 0) = 5000;
-  InsertStandardLine(db, table, boys);
+  AddLine(db, "JO", "M", "I", 11, 12, 100, 1,
+          {{'Y', 0, 5500}, {'Y', 1, 6000}, {'Y', 2, 6500}, {'Y', 4, 8000}, {'S', 0, 5000}});
   // A band: each level also has a fast limit.
-  StandardLine girls = Key("F", "I", 11, 12, 100, 1);
-  girls.Slow('Y', 0) = 6000;
-  girls.Fast('Y', 0) = 5500;
-  girls.Slow('Y', 1) = 6500;
-  girls.Fast('Y', 1) = 6000;
-  InsertStandardLine(db, table, girls);
+  AddLine(db, "JO", "F", "I", 11, 12, 100, 1, {{'Y', 0, 6000, 5500}, {'Y', 1, 6500, 6000}});
   // Fast limits only.
-  StandardLine fast_only = Key("M", "I", 13, 14, 50, 2);
-  fast_only.Fast('Y', 0) = 3000;
-  fast_only.Fast('Y', 1) = 3500;
-  fast_only.Fast('Y', 2) = 4000;
-  InsertStandardLine(db, table, fast_only);
-  StandardLine relay = Key("M", "R", 11, 12, 200, 5);
-  relay.Slow('Y', 0) = 20000;
-  InsertStandardLine(db, table, relay);
-  StandardLine open_relay = Key("M", "R", 0, 99, 400, 1);
-  open_relay.Slow('Y', 0) = 40000;
-  InsertStandardLine(db, table, open_relay);
+  AddLine(db, "JO", "M", "I", 13, 14, 50, 2,
+          {{'Y', 0, 0, 3000}, {'Y', 1, 0, 3500}, {'Y', 2, 0, 4000}});
+  AddLine(db, "JO", "M", "R", 11, 12, 200, 5, {{'Y', 0, 20000}});
+  AddLine(db, "JO", "M", "R", 0, 99, 400, 1, {{'Y', 0, 40000}});
   // Overlapping ranges: 11-12 comes first by Hi_Age.
-  StandardLine open = Key("M", "I", 0, 99, 200, 1);
-  open.Slow('Y', 0) = 20000;
-  InsertStandardLine(db, table, open);
-  StandardLine narrow = Key("M", "I", 11, 12, 200, 1);
-  narrow.Slow('Y', 0) = 15000;
-  InsertStandardLine(db, table, narrow);
+  AddLine(db, "JO", "M", "I", 0, 99, 200, 1, {{'Y', 0, 20000}});
+  AddLine(db, "JO", "M", "I", 11, 12, 200, 1, {{'Y', 0, 15000}});
 }
 
 struct Case {
@@ -102,21 +78,20 @@ const Case kCases[] = {
     {"a score of 0 is never judged", "M", 100, 1, 12, "Y", false, 0, "", 9},
 };
 
+// Judged from the lines held in memory, or queried through the hook.
 class GetStandardTest : public testing::TestWithParam<bool> {
  protected:
   GetStandardTest() {
-    MakeOpenDatabase(t);
+    test::MakeOpenDatabase(t);
     FillJo(*t.state.gDb);
     if (GetParam()) InstallStandardHooks(t.state);
     t.state.gStandardName = "JO";
     OpenCurrentStandard(t.state);
   }
-  std::string Judge(int16_t& designator, int32_t score, const char* sex = "M",
-                    int16_t distance = 100, int16_t stroke = 1, int16_t age = 12,
-                    const char* course = "Y", bool relay = false) {
-    return GetStandard(t.state, designator, score, sex, distance, stroke, age, course, relay);
+  std::string Judge(int16_t& designator, int32_t score) {
+    return GetStandard(t.state, designator, score, "M", 100, 1, 12, "Y", false);
   }
-  TempHome t;
+  test::TempHome t;
 };
 
 TEST_P(GetStandardTest, JudgesEachSwimAsTheLevelsSay) {
@@ -131,7 +106,7 @@ TEST_P(GetStandardTest, JudgesEachSwimAsTheLevelsSay) {
   EXPECT_TRUE(t.io.shown.empty());
 }
 
-TEST_P(GetStandardTest, FollowsEditsOfTheOpenStandard) {
+TEST_P(GetStandardTest, FollowsEditsAndRemovalOfTheOpenStandard) {
   int16_t designator = 0;
   ASSERT_EQ(Judge(designator, 5400), "AAAA");
   ASSERT_TRUE(UpdateStandardLimit(*t.state.gDb, "JO", 1, SlowBase('Y'), 5300));
@@ -139,25 +114,23 @@ TEST_P(GetStandardTest, FollowsEditsOfTheOpenStandard) {
   EXPECT_EQ(designator, 2);
 
   RemoveStandard(t.state, "JO");
+  designator = 9;
   EXPECT_EQ(Judge(designator, 5400), "");
   EXPECT_EQ(designator, 0);
   EXPECT_EQ(t.state.gDesignators[0][0], "");
 }
 
-TEST_P(GetStandardTest, NothingIsJudgedWithoutAnOpenStandard) {
-  t.state.gStandardName = "";
-  OpenCurrentStandard(t.state);
-  int16_t designator = 9;
-  EXPECT_EQ(Judge(designator, 5400), "");
-  EXPECT_EQ(designator, 0);
-}
-
 INSTANTIATE_TEST_SUITE_P(InMemoryAndQueried, GetStandardTest, testing::Bool());
 
-TEST(OpenCurrentStandard, LoadsDesignatorsYearAndDescription) {
-  TempHome t;
-  MakeOpenDatabase(t);
-  MakeStandard(*t.state.gDb, "Zone 26", {"Z", "ZZ"});
+class StandardStoreTest : public testing::Test {
+ protected:
+  void SetUp() override { test::MakeOpenDatabase(t); }
+  SQLite::Database& Db() { return *t.state.gDb; }
+  test::TempHome t;
+};
+
+TEST_F(StandardStoreTest, OpeningLoadsDesignatorsAndABlankOrMissingNameClearsThem) {
+  MakeStandard(Db(), "Zone 26", {"Z", "ZZ"});
   t.state.gStandardName = "Zone 26";
   t.state.gDesignators[0][5] = "old";
   OpenCurrentStandard(t.state);
@@ -167,42 +140,36 @@ TEST(OpenCurrentStandard, LoadsDesignatorsYearAndDescription) {
   EXPECT_EQ(t.state.gDesignators[0][5], "");
   EXPECT_EQ(t.state.gStandardYear, "2026");
   EXPECT_EQ(t.state.gStandardDescript, "Made-up cuts");
-}
-
-TEST(OpenCurrentStandard, ClearsDesignatorsForABlankOrMissingStandard) {
   for (const char* name : {"", "  ", "Nowhere"}) {
-    SCOPED_TRACE(name);
-    TempHome t;
-    MakeOpenDatabase(t);
-    MakeStandard(*t.state.gDb, "JO", {"A"});
-    t.state.gStandardName = "JO";
+    t.state.gStandardName = "Zone 26";
     OpenCurrentStandard(t.state);
-    ASSERT_EQ(t.state.gDesignators[0][0], "A");
     t.state.gStandardName = name;
     OpenCurrentStandard(t.state);
-    EXPECT_EQ(t.state.gDesignators[0][0], "");
-    EXPECT_EQ(t.state.gDesignators[1][0], "");
+    EXPECT_EQ(t.state.gDesignators[0][0], "") << name;
+    EXPECT_EQ(t.state.gDesignators[1][0], "") << name;
   }
 }
 
-TEST(InstallStandardHooks, TheHookOpensTheStandardNamedInOptions) {
-  TempHome t;
-  MakeOpenDatabase(t);
-  FillJo(*t.state.gDb);
-  t.state.gDb->exec("UPDATE OPTIONS SET Standard = 'JO'");
+TEST_F(StandardStoreTest, TheHookOpensTheStandardNamedInOptions) {
+  FillJo(Db());
+  Db().exec("UPDATE OPTIONS SET Standard = 'JO'");
   InstallStandardHooks(t.state);
   ASSERT_TRUE(t.state.hooks.load_standard);
   t.state.hooks.load_standard(t.state);
   EXPECT_EQ(t.state.gStandardName, "JO");
   int16_t designator = 0;
   EXPECT_EQ(GetStandard(t.state, designator, 5501, "M", 100, 1, 12, "Y", false), "AAA");
+  // With no standard open nothing is judged.
+  t.state.gStandardName = "";
+  OpenCurrentStandard(t.state);
+  designator = 9;
+  EXPECT_EQ(GetStandard(t.state, designator, 5400, "M", 100, 1, 12, "Y", false), "");
+  EXPECT_EQ(designator, 0);
 }
 
-TEST(LoadStandardsCombo, ListsEveryStandardAndSelectsTheCurrentOne) {
-  TempHome t;
-  MakeOpenDatabase(t);
-  MakeStandard(*t.state.gDb, "JO", {"A"});
-  MakeStandard(*t.state.gDb, "Zone", {"Z"});
+TEST_F(StandardStoreTest, ComboListsEveryStandardAndSelectsTheCurrentOne) {
+  MakeStandard(Db(), "JO", {"A"});
+  MakeStandard(Db(), "Zone", {"Z"});
   t.state.gStandardName = "zone";
   const StandardsCombo combo = LoadStandardsCombo(t.state);
   ASSERT_EQ(combo.lines.size(), 2u);
@@ -213,27 +180,21 @@ TEST(LoadStandardsCombo, ListsEveryStandardAndSelectsTheCurrentOne) {
   EXPECT_EQ(LoadStandardsCombo(t.state).selected, -1);
 }
 
-TEST(AddstandardDefinitionr, RewritesTheRowOfAnExistingName) {
-  TempHome t;
-  MakeOpenDatabase(t);
+TEST_F(StandardStoreTest, DefinitionRowIsRewrittenAndTableMadeOnce) {
   StandardDefinition def;
   def.name = "JO";
   def.designators[0] = "TOOLONG";
   ASSERT_TRUE(AddstandardDefinitionr(t.state, def));
   def.year = "2027";
   ASSERT_TRUE(AddstandardDefinitionr(t.state, def));
-  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM STDNAME"), 1);
-  const auto read = ReadStandardDefinition(*t.state.gDb, "jo");
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM STDNAME"), 1);
+  const auto read = ReadStandardDefinition(Db(), "jo");
   ASSERT_TRUE(read);
   EXPECT_EQ(read->year, "2027");
   EXPECT_EQ(read->designators[0], "TOOL");  // cut to the field's size
-}
 
-TEST(CreateStandardsTable, MakesTheLayoutAndReportsAFailure) {
-  TempHome t;
-  MakeOpenDatabase(t);
   ASSERT_TRUE(CreateStandardsTable(t.state, "JO"));
-  EXPECT_EQ(FieldNames(*t.state.gDb, "JO").size(), 79u);
+  EXPECT_EQ(FieldNames(Db(), "JO").size(), 79u);
   t.io.Script({Answer::kCancel});
   EXPECT_FALSE(CreateStandardsTable(t.state, "JO"));  // already there
   EXPECT_EQ(t.state.gErrorSource, "basUtil.CreateStandardsTable");
