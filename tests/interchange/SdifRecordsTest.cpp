@@ -85,54 +85,39 @@ TEST(SdifFieldsTest, AgeRanges) {
   for (const auto& [cols, value] : cases) EXPECT_EQ(ParseAgeRange(cols), value) << cols;
 }
 
-TEST(SdifRecordsTest, A0) {
-  const std::string line =
-      SdifLine("A0",
-               "3=1|4=V3|12=02|44=Norvan, Ltd Writer|64=4.0|74=Pat Example|94=555-0100|"
-               "106=11022026|150=PL42|156=ZZ|159=37");
+TEST(SdifRecordsTest, A0B1B2C1C2) {
   SdifA0 a;
-  ASSERT_TRUE(LoadA0Rec(line, 1, a));
-  EXPECT_EQ(a.record_code, "A0");
-  EXPECT_EQ(a.version, "V3      ");
-  EXPECT_EQ(a.file_code, "02");
-  EXPECT_EQ(a.software_name, "Norvan, Ltd Writer  ");
+  ASSERT_TRUE(LoadA0Rec(SdifLine("A0",
+                                 "3=1|4=V3|12=02|44=Norvan, Ltd Writer|64=4.0|74=Pat Example|"
+                                 "94=555-0100|106=11022026|150=PL42|156=ZZ|159=37"),
+                        1, a));
+  EXPECT_EQ(std::tie(a.record_code, a.version, a.file_code, a.software_name, a.contact_phone,
+                     a.file_date.date, a.source_code, a.content_code, a.reserved, a.check_sum),
+            std::make_tuple("A0", "V3      ", "02", "Norvan, Ltd Writer  ", "555-0100    ",
+                            Date{2026, 11, 2}, "PL", "42", "ZZ", "37"));
   EXPECT_EQ(a.contact_name.size(), 20u);
-  EXPECT_EQ(a.contact_phone, "555-0100    ");
-  EXPECT_EQ(a.file_date.date, (Date{2026, 11, 2}));
-  EXPECT_EQ(a.source_code, "PL");
-  EXPECT_EQ(a.content_code, "42");
-  EXPECT_EQ(a.reserved, "ZZ");
-  EXPECT_EQ(a.check_sum, "37");
-}
 
-TEST(SdifRecordsTest, B1AndB2) {
   SdifB1 b;
   LoadB1Rec(SdifLine("B1",
                      "12=Autumn Invite|86=Riverton ST 12345 USA|121=1|122=10302026|130=        |"
                      "150=Y"),
             0, b);
-  EXPECT_EQ(b.meet_name, "Autumn Invite                 ");
-  EXPECT_EQ(b.location.substr(0, 21), "Riverton ST 12345 USA");
-  EXPECT_EQ(b.location.size(), 35u);
-  EXPECT_EQ(b.start.date, (Date{2026, 10, 30}));
+  EXPECT_EQ(
+      std::tie(b.meet_name, b.location, b.start.date, b.course),
+      std::make_tuple("Autumn Invite                 ",
+                      "Riverton ST 12345 USA" + std::string(14, ' '), Date{2026, 10, 30}, "Y"));
   EXPECT_TRUE(b.end.IsBlank());
-  EXPECT_EQ(b.course, "Y");
-
   SdifB2 h;
   LoadB2Rec(SdifLine("B2", "12=Host Club|86=Lakeside|121=555-0199"), h);
-  EXPECT_EQ(h.location.substr(0, 8), "Lakeside");
-  EXPECT_EQ(h.phone, "555-0199    ");
-}
+  EXPECT_EQ(std::tie(h.location, h.phone),
+            std::make_tuple("Lakeside" + std::string(27, ' '), "555-0199    "));
 
-TEST(SdifRecordsTest, C1TrimsLscAndTeamC2ReadsCounts) {
+  // The C1 trims its LSC and team code.
   SdifC1 c;
   LoadC1Rec(SdifLine("C1", "12=X |14=AB  |18=Aqua Otters|143=3|150=Q"), c);
-  EXPECT_EQ(c.lsc, "X");
-  EXPECT_EQ(c.team_code, "AB");
+  EXPECT_EQ(std::tie(c.lsc, c.team_code, c.region, c.team_code5),
+            std::make_tuple("X", "AB", "3", "Q"));
   EXPECT_EQ(c.team_name.size(), 30u);
-  EXPECT_EQ(c.region, "3");
-  EXPECT_EQ(c.team_code5, "Q");
-
   SdifC2 k;
   LoadC2Rec(SdifLine("C2", "14=AB  |18=Coach Kay|60=000012|66=     7|72=00003|77=000004|83=000005"),
             k);
@@ -142,63 +127,37 @@ TEST(SdifRecordsTest, C1TrimsLscAndTeamC2ReadsCounts) {
 
 std::string D0Line(std::string_view stroke, std::string_view prelim, std::string_view finals,
                    std::string_view col150) {
-  return SdifLine("D0", {{3, "1"},         {12, "Sample, Jamie Q"},
-                         {40, "ABC123"},   {52, "A"},
-                         {53, "USA"},      {56, "04152012"},
-                         {64, "14"},       {66, "F"},
-                         {67, "F"},        {68, " 200"},
-                         {72, stroke},     {73, " 12"},
-                         {76, "B"},        {77, "1314"},
-                         {81, "11212026"}, {89, " 2:25.10"},
-                         {97, "Y"},        {98, prelim},
-                         {106, "Y"},       {107, "DQ"},
-                         {116, finals},    {124, "Y"},
-                         {125, "03"},      {127, "04"},
-                         {129, "01"},      {131, "05"},
-                         {133, "  7"},     {136, "  2"},
-                         {139, "  16"},    {143, "A"},
-                         {144, "U"},       {150, col150},
-                         {151, "25"},      {156, "X"}});
+  std::string line = SdifLine("D0",
+                              "3=1|12=Sample, Jamie Q|40=ABC123|52=A|53=USA|56=04152012|64=14|66=F|"
+                              "67=F|68= 200|73= 12|76=B|77=1314|81=11212026|89= 2:25.10|97=Y|"
+                              "106=Y|107=DQ|124=Y|125=03|127=04|129=01|131=05|133=  7|136=  2|"
+                              "139=  16|143=A|144=U|151=25|156=X");
+  line.replace(71, 1, stroke).replace(97, 8, prelim).replace(115, 8, finals);
+  return line.replace(149, 1, col150);
 }
 
-TEST(SdifRecordsTest, D0Swim) {
+TEST(SdifRecordsTest, D0SwimAndDive) {
   SdifD0 d;
   LoadD0Rec(D0Line("2", " 2:20.00", " 2:18.45", " "), 0, d);
-  EXPECT_EQ(d.swimmer_name, "SAMPLE, JAMIE Q             ");
-  EXPECT_EQ(d.swimmer_number, "ABC123      ");
-  EXPECT_EQ(d.citizen, "USA");
-  EXPECT_EQ(d.birth.date, (Date{2012, 4, 15}));
-  EXPECT_EQ(d.age, 14);
-  EXPECT_EQ(d.sex, "F");
-  EXPECT_EQ(d.distance, 200);
-  EXPECT_EQ(d.stroke, "2");
-  EXPECT_EQ(d.event_number, 12);
-  EXPECT_EQ(d.event_letter, "B");
-  EXPECT_EQ(d.event_age, 1314);
-  EXPECT_EQ(d.swim_date.date, (Date{2026, 11, 21}));
-  EXPECT_EQ(d.seed_time.score, 14510);
-  EXPECT_EQ(d.prelim_time.score, 14000);
-  EXPECT_EQ(d.swim_off_time.text, "DQ      ");
-  EXPECT_EQ(d.swim_off_time.score, 0);
-  EXPECT_EQ(d.finals_time.score, 13845);
-  EXPECT_EQ(d.finals_time.text, " 2:18.45");
-  EXPECT_EQ((std::array<int16_t, 6>{d.prelim_heat, d.prelim_lane, d.finals_heat, d.finals_lane,
-                                    d.prelim_place, d.finals_place}),
-            (std::array<int16_t, 6>{3, 4, 1, 5, 7, 2}));
-  EXPECT_DOUBLE_EQ(d.points_tenths, 162.5);
-  EXPECT_EQ(d.lower_time_class, "A");
-  EXPECT_EQ(d.upper_time_class, "U");
-  EXPECT_EQ(d.exhibition, "X");
-}
+  EXPECT_EQ(
+      std::tie(d.swimmer_name, d.swimmer_number, d.citizen, d.birth.date, d.age, d.sex, d.distance,
+               d.stroke, d.event_number, d.event_letter, d.event_age, d.swim_date.date),
+      std::make_tuple("SAMPLE, JAMIE Q             ", "ABC123      ", "USA", Date{2012, 4, 15}, 14,
+                      "F", 200, "2", 12, "B", 1314, Date{2026, 11, 21}));
+  EXPECT_EQ(std::tie(d.seed_time.score, d.prelim_time.score, d.swim_off_time.text,
+                     d.swim_off_time.score, d.finals_time.score, d.finals_time.text),
+            std::make_tuple(14510, 14000, "DQ      ", 0, 13845, " 2:18.45"));
+  EXPECT_EQ(std::tie(d.prelim_heat, d.prelim_lane, d.finals_heat, d.finals_lane, d.prelim_place,
+                     d.finals_place, d.points_tenths, d.lower_time_class, d.upper_time_class,
+                     d.exhibition),
+            std::make_tuple(3, 4, 1, 5, 7, 2, 162.5, "A", "U", "X"));
 
-TEST(SdifRecordsTest, D0DivingTakesStrokeFrom150AndPoints) {
-  SdifD0 d;
+  // Diving takes its stroke from column 150 and its points as the times; swim-off is never
+  // points.
   LoadD0Rec(D0Line("H", "  212.35", "  250.5 ", "6"), 0, d);
-  EXPECT_EQ(d.stroke_as_read, "H");
-  EXPECT_EQ(d.stroke, "6");
-  EXPECT_EQ(d.prelim_time.score, 21235);
-  EXPECT_EQ(d.finals_time.score, 25050);
-  EXPECT_EQ(d.swim_off_time.score, 0) << "swim-off is never points";
+  EXPECT_EQ(std::tie(d.stroke_as_read, d.stroke, d.prelim_time.score, d.finals_time.score,
+                     d.swim_off_time.score),
+            std::make_tuple("H", "6", 21235, 25050, 0));
 }
 
 TEST(SdifRecordsTest, D1D2D3) {
@@ -207,32 +166,23 @@ TEST(SdifRecordsTest, D1D2D3) {
                      "12=XY|14=AB  |18=Z|19=Sample, Jamie|48=ABC123|61=CAN|64=04152012|72=14|74=F|"
                      "125=555-0101|137=555-0102|149=13452026|157=R"),
             1, s);
-  EXPECT_EQ(s.team_code, "AB");
-  EXPECT_EQ(s.citizen, "CAN");
-  EXPECT_EQ(s.birth.date, (Date{2012, 4, 15}));
-  EXPECT_EQ(s.age, "14");
-  EXPECT_EQ(s.day_phone, "555-0101    ");
+  EXPECT_EQ(std::tie(s.team_code, s.citizen, s.birth.date, s.age, s.day_phone, s.member_code),
+            std::make_tuple("AB", "CAN", Date{2012, 4, 15}, "14", "555-0101    ", "R"));
   EXPECT_TRUE(s.last_membership.bad);
-  EXPECT_EQ(s.member_code, "R");
 
   SdifD2 a;
   LoadD2Rec(SdifLine("D2",
                      "19=Sample, Jamie|47=The Samples|77=1 Pond Rd|107=Riverton|127=ST|"
                      "129=Freedonia|141=12345|151=FRE|154=C|156=N"),
             a);
+  EXPECT_EQ(std::tie(a.street, a.city, a.country, a.zip, a.region, a.season),
+            std::make_tuple("1 Pond Rd", "Riverton", "Freedonia", "12345", "C", "N"));
   EXPECT_EQ(a.addressee.size(), 30u);
-  EXPECT_EQ(a.street, "1 Pond Rd");
-  EXPECT_EQ(a.city, "Riverton");
-  EXPECT_EQ(a.country, "Freedonia");
-  EXPECT_EQ(a.zip, "12345");
-  EXPECT_EQ(a.region, "C");
-  EXPECT_EQ(a.season, "N");
 
   SdifD3 x;
   LoadD3Rec(SdifLine("D3", "3=  NEW123|17=Jay|32=Q1|34=ABCDEFGH|42=!|43=WXYZ"), x);
-  EXPECT_EQ(x.new_swimmer_number, "NEW123");
-  EXPECT_EQ(x.preferred_first_name, "Jay            ");
-  EXPECT_EQ(x.ethnicity, "Q1");
+  EXPECT_EQ(std::tie(x.new_swimmer_number, x.preferred_first_name, x.ethnicity),
+            std::make_tuple("NEW123", "Jay            ", "Q1"));
   EXPECT_EQ(std::string(x.flags.begin(), x.flags.end()), "ABCDEFGHWXYZ");
 }
 
@@ -242,35 +192,16 @@ TEST(SdifRecordsTest, E0RelayStrokesAndNoFinals) {
   };
   for (const Case& k : {Case{"6", " ", "6", "1"}, Case{"7", " ", "7", "5"},
                         Case{"1", " ", "1", "1"}, Case{"H", "7", "7", "5"}}) {
+    std::string line = SdifLine("E0",
+                                "12=A|13=XY|15=AB  |19=04|21=M|22= 400|27=  5|30=C|31=UN10|35= 38|"
+                                "38=11212026|55= 4:01.00|63=L|73=        |96=  20|151=50");
+    line.replace(25, 1, k.col26).replace(149, 1, k.col150);
     SdifE0 e;
-    LoadE0Rec(SdifLine("E0", {{12, "A"},
-                              {13, "XY"},
-                              {15, "AB  "},
-                              {19, "04"},
-                              {21, "M"},
-                              {22, " 400"},
-                              {26, k.col26},
-                              {27, "  5"},
-                              {30, "C"},
-                              {31, "UN10"},
-                              {35, " 38"},
-                              {38, "11212026"},
-                              {73, "        "},
-                              {55, " 4:01.00"},
-                              {63, "L"},
-                              {96, "  20"},
-                              {150, k.col150},
-                              {151, "50"}}),
-              0, e);
-    EXPECT_EQ(e.stroke, k.stroke) << k.col26;
-    EXPECT_EQ(e.relay_stroke, k.stored) << k.col26;
-    EXPECT_EQ(e.f0_count, 4);
-    EXPECT_EQ(e.distance, 400);
-    EXPECT_EQ(e.event_number, 5);
-    EXPECT_EQ(e.event_age, 10);
-    EXPECT_EQ(e.prelim_time.score, 24100);
-    EXPECT_TRUE(e.no_finals);
-    EXPECT_DOUBLE_EQ(e.points_tenths, 205.0);
+    LoadE0Rec(line, 0, e);
+    EXPECT_EQ(std::tie(e.stroke, e.relay_stroke), std::make_tuple(k.stroke, k.stored)) << k.col26;
+    EXPECT_EQ(std::tie(e.f0_count, e.distance, e.event_number, e.event_age, e.prelim_time.score,
+                       e.no_finals, e.points_tenths),
+              std::make_tuple(4, 400, 5, 10, 24100, true, 205.0));
   }
 }
 
@@ -280,30 +211,23 @@ TEST(SdifRecordsTest, F0AndG0) {
                      "16=XY|18=AB  |23=Sample, Jamie Quentin Xavier|66=04152012|74=14|76=F|77=1|"
                      "78=0|79=A|80=   59.87|88=Y|89=0.21"),
             0, f);
-  EXPECT_EQ(f.swimmer_name, "Sample, Jamie Quentin X");
-  EXPECT_EQ(f.swimmer_number, std::string(12, ' ')) << "columns 46-50 are dropped";
-  EXPECT_EQ(f.finals_order, "A");
-  EXPECT_EQ(f.leg_time.score, 5987);
-  EXPECT_EQ(f.take_off, "0.21");
+  // Columns 46-50 are dropped.
+  EXPECT_EQ(
+      std::tie(f.swimmer_name, f.swimmer_number, f.finals_order, f.leg_time.score, f.take_off),
+      std::make_tuple("Sample, Jamie Quentin X", std::string(12, ' '), "A", 5987, "0.21"));
 
   const std::vector<std::tuple<std::string_view, std::string_view, int>> seqs = {
       {"1", "24", 10}, {"2", "24", 10}, {"3", "24", 4}, {"1", "03", 3}, {"4", "24", 0}};
   for (const auto& [seq, total, count] : seqs) {
+    std::string line =
+        SdifLine("G0", "16=Sample, Jamie|59=  50|63=C|64=   30.01|136= 5:00.00|144=F");
+    line.replace(55, 1, seq).replace(56, 2, total);
     SdifG0 g;
-    LoadG0Rec(SdifLine("G0", {{16, "Sample, Jamie"},
-                              {56, seq},
-                              {57, total},
-                              {59, "  50"},
-                              {63, "C"},
-                              {64, "   30.01"},
-                              {136, " 5:00.00"},
-                              {144, "F"}}),
-              g);
-    EXPECT_EQ(g.count, count) << seq << "/" << total;
-    EXPECT_EQ(g.split_distance, 50);
-    EXPECT_EQ(g.splits[0].score, 3001);
-    EXPECT_EQ(g.splits[9].score, 30000);
-    EXPECT_EQ(g.prelim_final, "F");
+    LoadG0Rec(line, g);
+    EXPECT_EQ(
+        std::tie(g.count, g.split_distance, g.splits[0].score, g.splits[9].score, g.prelim_final),
+        std::make_tuple(count, 50, 3001, 30000, "F"))
+        << seq << "/" << total;
   }
 }
 
@@ -311,15 +235,12 @@ TEST(SdifRecordsTest, J0J2Z0) {
   SdifJ0 j;
   LoadJ0Rec(SdifLine("J0", "11=A|17=F|18=  50|22=1|23=   25.10|39=   26.00|47=11OV|66=07042026"), 0,
             j);
-  EXPECT_EQ(j.times, (std::array<int32_t, 3>{2510, 0, 2600}));
-  EXPECT_EQ(j.event_age, 1199);
-  EXPECT_EQ(j.date.date, (Date{2026, 7, 4}));
+  EXPECT_EQ(std::tie(j.times, j.event_age, j.date.date),
+            std::make_tuple(std::array<int32_t, 3>{2510, 0, 2600}, 1199, Date{2026, 7, 4}));
 
   SdifJ2 s;
   LoadJ2Rec(SdifLine("J2", "3=M|4= 100|8=2|9=GOLD|53= 1:10.00|66=        "), 0, s);
-  EXPECT_EQ(s.distance, 100);
-  EXPECT_EQ(s.color, "GOLD");
-  EXPECT_EQ(s.times[5].score, 7000);
+  EXPECT_EQ(std::tie(s.distance, s.color, s.times[5].score), std::make_tuple(100, "GOLD", 7000));
   EXPECT_TRUE(s.date.IsBlank());
 
   SdifZ0 z;
