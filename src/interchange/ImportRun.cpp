@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
 #include <fmt/format.h>
 
 #include "core/ErrorHandler.h"
@@ -41,6 +42,12 @@ bool AnythingCounted(const ImportCounts& counts) {
 }
 
 }  // namespace
+
+bool OffersAllFamily(AppState& state) {
+  if (!state.gDb) return false;
+  SQLite::Statement q(*state.gDb, "SELECT COUNT(*) FROM ATHLETE");
+  return q.executeStep() && q.getColumn(0).getInt() >= 2;
+}
 
 ImportOutcome RunImportFile(AppState& state, ImportMonitor& monitor, const ImportFile& file,
                             const ImportCriteria& criteria) {

@@ -25,6 +25,10 @@ inline constexpr std::string_view kImportWhatItHoldsAsk = "Do you want to import
 inline constexpr std::string_view kEmptyMeetFile =
     " is empty: there is nothing in it to read. Download it again or ask for another copy.";
 
+// Whether "Import All Family Members in this File" has anyone to choose: the open database
+// holds two swimmers or more. Counted afresh, as swimmers are added while the program runs.
+bool OffersAllFamily(AppState& state);
+
 // Runs the import of `file` (ready) with `criteria`. Boxes through state.io; the caller
 // offers the exception report (RPTISDIN rows) when outcome.not_all_imported.
 ImportOutcome RunImportFile(AppState& state, ImportMonitor& monitor, const ImportFile& file,

@@ -101,8 +101,7 @@ frmImpCL::frmImpCL(AppState& state, ImportMode mode, QWidget* parent)
   all_family_ = CriteriaBox(criteria_, "Import All Family Members in this File", "chkImportAll");
   splits_->setChecked(true);
   lead_off_->setChecked(state_.gUseLeadOff);
-  // The family list is only walked with two swimmers or more.
-  all_family_->setEnabled(state_.gAthleteCount >= 2);
+  all_family_->setEnabled(OffersAllFamily(state_));
   auto* criteria_layout = new QVBoxLayout(criteria_);
   for (QCheckBox* box : {overlay_, splits_, lead_off_, all_family_}) {
     criteria_layout->addWidget(box);
@@ -171,7 +170,7 @@ ImportCriteria frmImpCL::Criteria() const {
   return {.overlay_results = overlay_->isChecked(),
           .import_splits = splits_->isChecked(),
           .lead_off = lead_off_->isChecked(),
-          .all_family = all_family_->isEnabled() && all_family_->isChecked()};
+          .all_family = all_family_->isChecked()};
 }
 
 void frmImpCL::showEvent(QShowEvent* event) {
@@ -184,8 +183,8 @@ void frmImpCL::showEvent(QShowEvent* event) {
 }
 
 void frmImpCL::Open() {
+  // A cancelled dialog needs no box; a refused file has had its own.
   ChooseImportFile();
-  if (file_.path.empty()) state_.io->Tell(text::kNoValidFile);
 }
 
 QString frmImpCL::PickFile(const ImportFileAsk& ask) {
@@ -221,7 +220,10 @@ bool frmImpCL::ChooseImportFile() {
     chosen = second.toStdString();
     unzipped_ = unzipped->owner;
   }
-  if (!AcceptsImportFile(mode_, chosen)) return false;
+  if (!AcceptsImportFile(mode_, chosen)) {
+    state_.io->Tell(text::kNoValidFile);
+    return false;
+  }
   return LoadFile(chosen);
 }
 

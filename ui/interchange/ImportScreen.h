@@ -54,8 +54,8 @@ class frmImpCL final : public QDialog, private ImportMonitor {
 
   // `ChooseImportFile`: the file dialog, for a zip the refusal of other programs' backups,
   // the extraction and the second dialog, then LoadFile. True when a file is ready. Runs
-  // by itself the first time the screen is shown without a file; "No valid import file
-  // selected." when it ends with no file chosen.
+  // by itself the first time the screen is shown without a file. A cancelled dialog ends it
+  // quietly; a file of a kind the mode doesn't take is told "No valid import file selected.".
   bool ChooseImportFile();
   // The opening checks of a chosen file (never a zip), then ShowFile. True when ready.
   bool LoadFile(const std::filesystem::path& file);
