@@ -259,23 +259,12 @@ inline std::string Sdif(std::string_view code, FieldValues fields = {}) {
   return file_maker_detail::Place(file_maker_detail::SdifTables(), code, fields, kSdifWidth);
 }
 
-struct Put {
-  int col;  // from 1
-  std::string_view text;
-};
-
-// A 160-column line of `code` with texts put at raw columns, for cuts the field tables
-// don't name (a field read across its neighbour, a column between fields).
-inline std::string SdifLine(std::string_view code, std::initializer_list<Put> puts) {
+// A 160-column line of `code` with texts put at raw columns, "column=text|column=text",
+// for cuts the field tables don't name (a field read across its neighbour, a column between
+// fields).
+inline std::string SdifLine(std::string_view code, std::string_view spec) {
   std::string line(kSdifWidth, ' ');
   line.replace(0, code.size(), code);
-  for (const Put& p : puts) line.replace(static_cast<size_t>(p.col - 1), p.text.size(), p.text);
-  return line;
-}
-
-// The same from "column=text|column=text".
-inline std::string SdifLine(std::string_view code, std::string_view spec) {
-  std::string line = SdifLine(code, std::initializer_list<Put>{});
   while (!spec.empty()) {
     const std::string_view item = spec.substr(0, spec.find('|'));
     const size_t eq = item.find('=');

@@ -104,8 +104,9 @@ TEST(QtFileFilter, KeepsTheDescriptionsAndListsThePatternsInBothCases) {
                                "*.SD3 *.nv3 *.NV3 *.psn *.PSN *.zip *.ZIP);;"));
   EXPECT_EQ(QtFileFilter(ImportDialogFilter(ImportMode::kOnline)),
             "CSO Result files (KVLR_*.txt) (KVLR_*.txt KVLR_*.TXT)");
-  EXPECT_TRUE(ImportDialogFilter(ImportMode::kReport)
-                  .starts_with("Reportable files (*.cl2,*.sd3,*.nv3,*.zip)|*.cl2;*.sd3;*.nv3;*.zip|"));
+  EXPECT_TRUE(
+      ImportDialogFilter(ImportMode::kReport)
+          .starts_with("Reportable files (*.cl2,*.sd3,*.nv3,*.zip)|*.cl2;*.sd3;*.nv3;*.zip|"));
 }
 
 TEST(ExtractImportZip, UnpacksOnlyImportFilesIntoARunFolderOfItsOwn) {

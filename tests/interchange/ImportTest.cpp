@@ -18,8 +18,21 @@ namespace kvlr {
 namespace {
 
 using test::QueryNumber;
+using testing::FieldValues;
 using testing::Nv3;
 using testing::SdifFile;
+
+// A G0 line of Jane's: the final's splits of `distance` each.
+std::string JaneSplits(const char* total, const char* distance, FieldValues splits,
+                       const char* phase = "F") {
+  return testing::Cl2(testing::Sdif("G0", testing::Merged({{"swimmer_name", "DOE, JANE A"},
+                                                           {"sequence", "1"},
+                                                           {"total_splits", total},
+                                                           {"split_distance", distance},
+                                                           {"split_code", "C"},
+                                                           {"prelim_final", phase}},
+                                                          splits)));
+}
 
 // Stops a run after a number of lines.
 class StopAfter : public ImportMonitor {
@@ -128,9 +141,7 @@ TEST_F(ImportTest, DuplicatesAreSkippedUnlessOverlaid) {
                   "SELECT COUNT(*) FROM RPTISDIN WHERE Reason = '1' AND id_no = 'MADEUP000001'"),
       1);
 
-  ImportCriteria overlay;
-  overlay.overlay_results = true;
-  const ImportOutcome overlaid = Run(again.Lines(), ".CL2", overlay);
+  const ImportOutcome overlaid = Run(again.Lines(), ".CL2", {.overlay_results = true});
   EXPECT_FALSE(overlaid.not_all_imported);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
   EXPECT_EQ(Count("SELECT Score FROM RESULT"), 6400);
@@ -214,10 +225,7 @@ TEST_F(ImportTest, AllFamilyTakesEverySwimmerOfTheFamily) {
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
 
-  ImportCriteria all;
-  all.all_family = true;
-  all.overlay_results = true;
-  ASSERT_TRUE(Run(file.Lines(), ".CL2", all).ok);
+  ASSERT_TRUE(Run(file.Lines(), ".CL2", {.overlay_results = true, .all_family = true}).ok);
   EXPECT_EQ(QueryNumber(Db(), "SELECT COUNT(*) FROM RESULT WHERE Athlete = ?", ann), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 2);
   EXPECT_EQ(t_.state.gAthlete, jane_);  // the current swimmer stays
@@ -273,13 +281,10 @@ TEST_F(ImportTest, RelayLeadOffsBecomeResults) {
       line = testing::Cl2(line);
     }
   }
-  ImportCriteria without;
-  ASSERT_TRUE(Run(lines, ".CL2", without).ok);
+  ASSERT_TRUE(Run(lines).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 0);  // the box gates every relay line
 
-  ImportCriteria lead_off;
-  lead_off.lead_off = true;
-  const ImportOutcome out = Run(lines, ".CL2", lead_off);
+  const ImportOutcome out = Run(lines, ".CL2", {.lead_off = true});
   EXPECT_EQ(out.counts.Processed(ImportRow::kRelay), 3);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'L'"), 2);
   EXPECT_EQ(Count("SELECT Stroke FROM RESULT WHERE I_R = 'L' AND Stroke = 2"), 2);
@@ -314,22 +319,11 @@ TEST_F(ImportTest, RelaySplitsLandOnTheLeadOffOfTheirOwnPhase) {
   SdifFile file;
   file.Relay();
   std::vector<std::string> lines = file.Lines();
-  auto g0 = [](const char* phase) {
-    return testing::Cl2(testing::Sdif("G0", {{"swimmer_name", "DOE, JANE A"},
-                                             {"sequence", "1"},
-                                             {"total_splits", "2"},
-                                             {"split_distance", "25"},
-                                             {"split_code", "C"},
-                                             {"prelim_final", phase},
-                                             {"split1", "15.00"},
-                                             {"split2", "32.50"}}));
-  };
   const auto lead_off =
       std::find_if(lines.begin(), lines.end(), [](const auto& l) { return l.starts_with("F0"); });
-  lines.insert(lead_off + 1, {g0("S"), g0("F")});
-  ImportCriteria lead;
-  lead.lead_off = true;
-  ASSERT_TRUE(Run(lines, ".CL2", lead).ok);
+  const char* splits = "split1=15.00|split2=32.50";
+  lines.insert(lead_off + 1, {JaneSplits("2", "25", splits, "S"), JaneSplits("2", "25", splits)});
+  ASSERT_TRUE(Run(lines, ".CL2", {.lead_off = true}).ok);
   // The swim-off has no lead-off result of its own: its splits are not the final's.
   EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS s JOIN RESULT r ON r.Result = s.SplitID "
                   "WHERE r.I_R = 'L' AND r.F_P = 'F'"),
@@ -337,54 +331,39 @@ TEST_F(ImportTest, RelaySplitsLandOnTheLeadOffOfTheirOwnPhase) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), 2);
 }
 
-TEST_F(ImportTest, SplitsOverSeveralLinesWithBothCodes) {
-  for (const char* code : {"C", "I"}) {
-    SCOPED_TRACE(code);
+// Index 1 stands for the first 25; the codes differ in what the second line's times count from.
+TEST_F(ImportTest, SplitsNeedTheirBoxAndGoOverSeveralLinesWithBothCodes) {
+  const std::pair<const char*, int> cases[] = {{"C", 25}, {"I", 25}, {"C", 50}};
+  for (const auto& [code, distance] : cases) {
+    SCOPED_TRACE(std::string(code) + std::to_string(distance));
+    const std::string fields = "split_code=" + std::string(code) + "|";
+    const std::string length = std::to_string(distance);
     SdifFile file;
-    file.Swim("distance=300|finals_time=3:30.00");
-    auto g0 = [&](const char* seq, std::vector<std::string> values) {
-      std::vector<std::pair<std::string, std::string>> f = {
-          {"swimmer_name", "DOE, JANE A"}, {"sequence", seq},    {"total_splits", "12"},
-          {"split_distance", "25"},        {"split_code", code}, {"prelim_final", "F"}};
-      for (size_t i = 0; i < values.size(); ++i)
-        f.emplace_back("split" + std::to_string(i + 1), values[i]);
-      file.Raw(testing::Cl2(testing::Sdif("G0", f)));
-    };
-    g0("1", {"15.00", "32.00", "49.00", "1:06.00", "1:23.00", "1:40.00", "1:57.00", "2:14.00",
-             "2:31.00", "2:48.00"});
-    g0("2", {"17.00", "42.00"});
-    ImportCriteria splits;
-    splits.import_splits = true;
-    splits.overlay_results = true;
-    const ImportOutcome out = Run(file.Lines(), ".CL2", splits);
+    file.Swim("distance=300|finals_time=3:30.00")
+        .Raw(JaneSplits(
+            "12", length.c_str(),
+            (fields + "split1=15.00|split2=32.00|split3=49.00|split4=1:06.00|split5=1:23.00|"
+                      "split6=1:40.00|split7=1:57.00|split8=2:14.00|split9=2:31.00|"
+                      "split10=2:48.00")
+                .c_str()))
+        .Raw(JaneSplits("12", length.c_str(),
+                        (fields + "sequence=2|split1=17.00|split2=42.00").c_str()));
+    const long long before = Count("SELECT COUNT(*) FROM SPLITS");
+    ASSERT_TRUE(Run(file.Lines()).ok);
+    EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), before) << "not without the box";
+    const ImportOutcome out =
+        Run(file.Lines(), ".CL2", {.overlay_results = true, .import_splits = true});
     EXPECT_EQ(out.counts.Processed(ImportRow::kSplits), 2);
     const int32_t result = static_cast<int32_t>(Count("SELECT Result FROM RESULT"));
     auto split = [&](int index) {
       SQLite::Statement q(Db(), "SELECT Split FROM SPLITS WHERE SplitIndex = ? AND SplitID = ?");
-      SQLite::bind(q, index, result);
+      SQLite::bind(q, index * distance / 25, result);
       return q.executeStep() ? q.getColumn(0).getInt64() : -1;
     };
-    EXPECT_EQ(split(1), 1500);
-    EXPECT_EQ(split(10), 16800);
-    EXPECT_EQ(split(11), std::string(code) == "C" ? 1700 : 1700 + 16800);
-    EXPECT_EQ(split(12), std::string(code) == "C" ? 4200 : 4200 + 16800);
+    const int base = std::string(code) == "C" ? 0 : 16800;
+    EXPECT_EQ(std::make_tuple(split(1), split(10), split(11), split(12)),
+              std::make_tuple(1500, 16800, 1700 + base, 4200 + base));
   }
-}
-
-TEST_F(ImportTest, SplitsNeedTheirBox) {
-  SdifFile file;
-  file.Swim();
-  file.Line("G0",
-            "swimmer_name=DOE, JANE A|sequence=1|total_splits=2|split_distance=50|"
-            "split_code=C|prelim_final=F|split1=31.00|split2=1:05.32");
-  ASSERT_TRUE(Run(file.Lines()).ok);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), 0);
-  ImportCriteria splits;
-  splits.import_splits = true;
-  splits.overlay_results = true;
-  ASSERT_TRUE(Run(file.Lines(), ".CL2", splits).ok);
-  EXPECT_EQ(Count("SELECT SplitIndex FROM SPLITS WHERE Split = 3100"), 2);  // 50s: step 2
-  EXPECT_EQ(Count("SELECT SplitIndex FROM SPLITS WHERE Split = 6532"), 4);
 }
 
 TEST_F(ImportTest, AStoppedRunKeepsWhatItStored) {
@@ -418,12 +397,8 @@ TEST_F(ImportTest, AStoreFailureLeavesTheDatabaseAsItWas) {
   Db().exec("DROP TABLE SPLITS");  // the first split written fails
   SdifFile file;
   file.Swim();
-  file.Line("G0",
-            "swimmer_name=DOE, JANE A|sequence=1|total_splits=1|split_distance=50|"
-            "split_code=C|prelim_final=F|split1=31.00");
-  ImportCriteria splits;
-  splits.import_splits = true;
-  const ImportOutcome out = Run(file.Lines(), ".CL2", splits);
+  file.Raw(JaneSplits("1", "50", "split1=31.00"));
+  const ImportOutcome out = Run(file.Lines(), ".CL2", {.import_splits = true});
   EXPECT_FALSE(out.ok);
   EXPECT_TRUE(t_.io.Saw("Not all records were imported."));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET"), 0);
@@ -449,30 +424,24 @@ std::vector<std::string> Nv3File(std::vector<std::string> swims, const char* fil
   return lines;
 }
 
+// Jane's (athlete 7) entry to a 100 free for 11-12s.
+std::string JaneEntry(FieldValues fields) {
+  return Nv3("E1", testing::Merged("sex=F|athlete=7|event_sex=F|distance=100|stroke_letter=A|"
+                                   "age_group= 11 12|age=12",
+                                   fields));
+}
+
 TEST_F(ImportTest, Nv3ResultsLeadOffsNonTimesAndSplits) {
-  auto e1 = [](const char* event, const char* lead_off) {
-    return Nv3("E1", {{"sex", "F"},
-                      {"athlete", "7"},
-                      {"event_sex", "F"},
-                      {"distance", "100"},
-                      {"stroke_letter", "A"},
-                      {"age_group", " 11 12"},
-                      {"event_number", event},
-                      {"event_letter", lead_off},
-                      {"age", "12"},
-                      {"lead_off", lead_off}});
-  };
   const auto lines = Nv3File(
-      {e1("5", ""),
+      {JaneEntry("event_number=5"),
        Nv3("E2", "f_p=P|score=62.10|course=L|place=4|f_p2=F|score2=61.50|course2=L|place2=2"),
        Nv3("G1",
            "f_p1=F|split_number1=2|value1=29.90|f_p2=F|split_number2=4|value2=61.50|"
            "f_p3=P|split_number3=4|value3=62.10"),
-       e1("6", "L"), Nv3("E2", "f_p=F|score=30.00|course=L"), e1("7", ""),
+       JaneEntry("event_number=6|event_letter=L|lead_off=L"),
+       Nv3("E2", "f_p=F|score=30.00|course=L"), JaneEntry("event_number=7"),
        Nv3("E2", "f_p=F|score=0.00|nt_letter=Q")});
-  ImportCriteria splits;
-  splits.import_splits = true;
-  const ImportOutcome out = Run(lines, ".NV3", splits);
+  const ImportOutcome out = Run(lines, ".NV3", {.import_splits = true});
   ASSERT_TRUE(out.ok) << out.status;
   EXPECT_EQ(out.counts.Processed(ImportRow::kIndividual), 3);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Course = 'L' AND Start = '2026-10-10'"), 1);
@@ -491,20 +460,10 @@ TEST_F(ImportTest, Nv3ResultsLeadOffsNonTimesAndSplits) {
 }
 
 TEST_F(ImportTest, Nv3OfTheMeetProgramKeepsItsPhasesAndTakesTheNumberFromE2) {
-  auto e1 = [](const char* number, const char* mark) {
-    return Nv3("E1", {{"sex", "F"},
-                      {"athlete", "7"},
-                      {"event_sex", "F"},
-                      {"distance", "100"},
-                      {"stroke_letter", "A"},
-                      {"age_group", " 11 12"},
-                      {"event_number", number},
-                      {"age", "12"},
-                      {"gs_mark", mark}});
-  };
-  const auto lines = Nv3File({e1("", "T"), Nv3("E2", "f_p=F|score=60.00|course=L|number=44"),
-                              e1("5", ""), Nv3("E2", "f_p=S|score=61.00|course=L")},
-                             "07");
+  const auto lines =
+      Nv3File({JaneEntry("gs_mark=T"), Nv3("E2", "f_p=F|score=60.00|course=L|number=44"),
+               JaneEntry("event_number=5"), Nv3("E2", "f_p=S|score=61.00|course=L")},
+              "07");
   ASSERT_TRUE(Run(lines, ".NV3").ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT r JOIN MTEVENT e ON e.MtEvent = r.MtEvent WHERE "
                   "r.F_P = 'T' AND e.MtEv = 44"),
