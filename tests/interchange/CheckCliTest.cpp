@@ -1,5 +1,5 @@
-// kvlr check as a user runs it: no database, the panel and counts on stdout, the refusal's
-// box on stderr.
+// kvlr check and kvlr import-events as a user runs them: the panel, counts and rows on
+// stdout, the refusal's box on stderr.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,9 @@
 
 #include "Commands.h"
 #include "FileMaker.h"
+#include "OnlineFixtures.h"
 #include "interchange/MeetFileLines.h"
+#include "store/ZipArchive.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -29,11 +31,13 @@ class CheckCli : public ::testing::Test {
     std::ofstream(path, std::ios::binary) << text;
     return Kvlr(path);
   }
-  Outcome Kvlr(const fs::path& path) {
+  Outcome Kvlr(const fs::path& path) { return Run({"check", path.string()}); }
+  Outcome Run(std::vector<std::string> args) {
     std::ostringstream out, err;
     std::istringstream in;
     CliEnvironment env{out, err, in, false, t.clock, t.disk, "%m/%d/%y", ""};
-    const int code = RunCli({"--home", t.Home().string(), "check", path.string()}, env);
+    args.insert(args.begin(), {"--home", t.Home().string()});
+    const int code = RunCli(args, env);
     return {code, out.str(), err.str()};
   }
   test::TempHome t;
@@ -99,6 +103,31 @@ TEST_F(CheckCli, CutShortHugeAndCrOnlyFiles) {
   EXPECT_EQ(big.err,
             "huge.cl2 is larger than 100 MB; a meet file is never that large, so it was not "
             "read.\n");
+}
+
+TEST_F(CheckCli, ImportEventsTakesEveryEventFileOfAZipOnce) {
+  fs::create_directories(t.Data());
+  const std::string db = (t.Data() / "family.mdb").string();
+  ASSERT_EQ(Run({"new-db", db}).code, 0);
+  const fs::path a = t.Data() / "a.nvv";
+  const fs::path b = t.Data() / "b.nvv";
+  test::WriteLines(a, {test::NvvMeetLine("Alpha Meet", "12/05/2026"), "1;50;1;I;0;10;F"});
+  test::WriteLines(
+      b, {test::NvvMeetLine("Beta Meet", "12/12/2026"), "1;50;1;I;0;10;F", "2;50;2;I;0;10;F"});
+  const fs::path zip = t.Data() / "events.zip";
+  ZipArchive::Create(zip, {{"b.nvv", b}, {"a.nvv", a}}, "", 6);
+
+  const Outcome first = Run({"import-events", "--db", db, zip.string()});
+  EXPECT_EQ(first.code, 0) << first.err;
+  EXPECT_EQ(first.out,
+            "File\tMeet\tMName\tEvents\na.nvv\t1\tAlpha Meet\t1\nb.nvv\t2\tBeta Meet\t2\n");
+  // Again: both are refused with the existing meet's words.
+  const Outcome again = Run({"import-events", "--db", db, zip.string()});
+  EXPECT_EQ(again.code, 1);
+  EXPECT_NE(again.err.find("named: Beta Meet"), std::string::npos) << again.err;
+  const Outcome wrong = Run({"import-events", "--db", db, (t.Data() / "a.nv3").string()});
+  EXPECT_EQ(wrong.code, 1);
+  EXPECT_NE(wrong.err.find("a.nv3Not a valid filename"), std::string::npos) << wrong.err;
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "interchange/ImportPrepare.h"
 #include "interchange/ImportSession.h"
 #include "interchange/Psn.h"
+#include "interchange/Scramble.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -25,26 +26,20 @@ TEST(ParsePsnLine, ResultColumns) {
   PsnLine line = ParsePsnLine(PsnResultLine(f), 0);
   ASSERT_EQ(line.kind, PsnLine::Kind::kResult);
   const PsnResult& r = line.result;
-  EXPECT_EQ(r.stroke, 1);
-  EXPECT_EQ(r.distance, 100);
-  EXPECT_EQ(r.time.score, 6532);
-  EXPECT_EQ(r.course, "Y");
-  EXPECT_EQ(r.f_p, "F");
-  EXPECT_EQ(r.i_r, "L");
-  EXPECT_TRUE(r.start == (FileDate{Date{2026, 11, 6}, false}));
-  EXPECT_TRUE(r.end == (FileDate{Date{2026, 11, 8}, false}));
-  EXPECT_EQ(r.meet_name, "Harbor Invitational");
-  EXPECT_EQ(r.place, 3);
+  EXPECT_EQ(std::tie(r.stroke, r.distance, r.time.score, r.course, r.f_p, r.i_r, r.start.date,
+                     r.end.date, r.meet_name, r.place),
+            std::make_tuple(1, 100, 6532, "Y", "F", "L", Date{2026, 11, 6}, Date{2026, 11, 8},
+                            "Harbor Invitational", 3));
+  EXPECT_FALSE(r.start.bad || r.end.bad);
 
   // Place only in a line of 81 columns; a blank end date; a day-first user reads the same.
   f.lead_off = " ";
   f.place = "";
   f.end = "";
   line = ParsePsnLine(PsnResultLine(f), 1);
-  EXPECT_EQ(line.result.i_r, "I");
-  EXPECT_EQ(line.result.place, 0);
+  EXPECT_EQ(std::tie(line.result.i_r, line.result.place, line.result.start.date),
+            std::make_tuple("I", 0, Date{2026, 11, 6}));
   EXPECT_TRUE(line.result.end.IsBlank());
-  EXPECT_TRUE(line.result.start == (FileDate{Date{2026, 11, 6}, false}));
   f.start = "13/40/2026";
   EXPECT_TRUE(ParsePsnLine(PsnResultLine(f), 0).result.start.bad);
 }
@@ -64,6 +59,7 @@ struct HeaderCase {
   bool passes;
   std::vector<std::string> words;  // in the one box shown; none when empty
   bool asked = false;
+  Answer answer = Answer::kYes;
 };
 
 TEST(CheckPSNHeader, NamesAgainstTheCurrentSwimmer) {
@@ -88,9 +84,11 @@ TEST(CheckPSNHeader, NamesAgainstTheCurrentSwimmer) {
         "the first name of the current KVL swimmer.", "Current KVL swimmer: Pat Rivers",
         "Do you want to continue?"},
        true},
+      {PsnHeaderLine("Alex", "Rivers"), false, {"Do you want to continue?"}, true, Answer::kNo},
   };
   for (const auto& c : cases) {
     test::TempHome t;
+    t.io.Script({c.answer});
     t.state.gAthleteFirst = "Pat";
     t.state.gAthleteLast = "Rivers";
     t.state.gAthletePref = "Patsy";
@@ -104,14 +102,6 @@ TEST(CheckPSNHeader, NamesAgainstTheCurrentSwimmer) {
     for (const auto& w : c.words) EXPECT_NE(t.io.shown[0].text.find(w), std::string::npos) << w;
     EXPECT_EQ(box::Buttons(t.io.shown[0].style) == box::kYesNo, c.asked) << c.line;
   }
-}
-
-TEST(CheckPSNHeader, NoToTheFirstNameQuestionStops) {
-  test::TempHome t;
-  t.state.gAthleteFirst = "Pat";
-  t.state.gAthleteLast = "Rivers";
-  t.io.Script({Answer::kNo});
-  EXPECT_FALSE(CheckPSNHeader(t.state, PsnHeaderLine("Alex", "Rivers")));
 }
 
 class PsnImportTest : public ::testing::Test {
@@ -162,28 +152,24 @@ TEST_F(PsnImportTest, ResultsAndTheirSplits) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE MName = 'Harbor Invitational' AND "
                   "Start = '2026-11-06' AND End = '2026-11-08'"),
             1);
+  // Athlete, score, age (the birthday is the day after the start), place, course, I_R, F_P;
+  // the event's Lo_Hi, sex, I_R and number.
   SQLite::Statement q(Db(),
-                      "SELECT r.Athlete, r.Score, r.Age, r.Place, r.Course, r.I_R, r.F_P, "
-                      "e.Lo_Hi, e.Sex, e.I_R, e.MtEv, r.Result FROM RESULT r JOIN MTEVENT e "
+                      "SELECT r.Result, r.Athlete, r.Score, r.Age, r.Place, r.Course, r.I_R, "
+                      "r.F_P, e.Lo_Hi, e.Sex, e.I_R, e.MtEv FROM RESULT r JOIN MTEVENT e "
                       "ON e.MtEvent = r.MtEvent ORDER BY r.Distance DESC");
+  const auto row = [&q] {
+    std::string text;
+    for (int i = 1; i < q.getColumnCount(); ++i) text += q.getColumn(i).getString() + "|";
+    return text;
+  };
   ASSERT_TRUE(q.executeStep());
-  EXPECT_EQ(q.getColumn(0).getInt(), pat);
-  EXPECT_EQ(q.getColumn(1).getInt(), 6532);
-  EXPECT_EQ(q.getColumn(2).getInt(), 11);  // the birthday is the day after the start
-  EXPECT_EQ(q.getColumn(3).getInt(), 3);
-  EXPECT_EQ(q.getColumn(4).getString(), "Y");
-  EXPECT_EQ(q.getColumn(5).getString(), "I");
-  EXPECT_EQ(q.getColumn(6).getString(), "F");
-  EXPECT_EQ(q.getColumn(7).getInt(), 99);
-  EXPECT_EQ(q.getColumn(8).getString(), "F");
-  EXPECT_EQ(q.getColumn(9).getString(), "I");
-  EXPECT_EQ(q.getColumn(10).getInt(), 1);
-  const int64_t free_key = q.getColumn(11).getInt64();
+  EXPECT_EQ(row(), std::to_string(pat) + "|6532|11|3|Y|I|F|99|F|I|1|");
+  const int64_t free_key = q.getColumn(0).getInt64();
   ASSERT_TRUE(q.executeStep());
-  EXPECT_EQ(q.getColumn(5).getString(), "L");  // a lead-off, in an individual event
-  EXPECT_EQ(q.getColumn(9).getString(), "I");
-  EXPECT_EQ(q.getColumn(3).getInt(), 0);
-  const int64_t back_key = q.getColumn(11).getInt64();
+  // A lead-off, in an individual event.
+  EXPECT_EQ(row(), std::to_string(pat) + "|3410|11|0|L|L|F|99|F|I|2|");
+  const int64_t back_key = q.getColumn(0).getInt64();
 
   // Every 50 in yards; every 100 in long course, the second line going on from the seventh.
   struct Split {
@@ -228,6 +214,79 @@ TEST_F(PsnImportTest, AFileOfAnotherLastNameImportsNothing) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 0);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE MName = 'Harbor Invitational'"), 0);
   EXPECT_EQ(ResultsProcessedText(0), "Results processed: 0");
+}
+
+// The scrambling of the online service's text files.
+
+struct BlockCase {
+  const char* block;
+  const char* key;
+  const char* plain;
+};
+
+TEST(UnscrambleBlock, EachRangeOfCodesGoesItsOwnWay) {
+  const BlockCase cases[] = {
+      {"A", "3", ">"},           // below 91: c - d
+      {"m", "1", "0"},           // 109 and up: c - d - 60
+      {"z", "0", ">"},           //
+      {"[", "2", "K"},           // 91 to 108: c + d - 18
+      {"l", "9", "c"},           //
+      {"AB", "12", "A?"},        // reversed first: "BA", then B-1, A-2
+      {" -.:", "9999", ":.- "},  // blank, '-', '.', ':' stay, whatever the digit
+      {"0123456789", "0000000000", "9876543210"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(UnscrambleBlock(c.block, c.key), c.plain) << c.block << " / " << c.key;
+  }
+}
+
+TEST(UnscrambleLine, OnlyTheFiveKeyDigitsOpenALineWhoseColumnsGoInBlocksOfTen) {
+  const std::string body(130, 'Q');
+  for (char digit : std::string("12345")) {
+    EXPECT_TRUE(UnscrambleLine(digit + body).has_value()) << digit;
+  }
+  for (char digit : std::string("06789 xA")) {
+    EXPECT_FALSE(UnscrambleLine(digit + body).has_value()) << digit;
+  }
+  EXPECT_FALSE(UnscrambleLine("").has_value());
+
+  // Columns 2 to 121 go in blocks of ten; the rest is copied.
+  std::string blocks;
+  for (int i = 0; i < 130; ++i) blocks += static_cast<char>('A' + i % 26);
+  const auto line = UnscrambleLine("2" + blocks);
+  ASSERT_TRUE(line.has_value());
+  ASSERT_EQ(line->size(), 130u);
+  for (size_t block = 0; block < 12; ++block) {
+    EXPECT_EQ(line->substr(block * 10, 10),
+              UnscrambleBlock(blocks.substr(block * 10, 10), kScrambleKeys[1]))
+        << block;
+  }
+  EXPECT_EQ(line->substr(120), blocks.substr(120));
+  // A short line ends in a short block.
+  EXPECT_EQ(UnscrambleLine("1ABC"), UnscrambleBlock("ABC", kScrambleKeys[0]));
+}
+
+TEST(ScrambleLine, RoundTripsNv3TextUnderEveryKeyAndRefusesTheRest) {
+  std::string nv3 = "D1F  Rivers Pat Q           12345678901202611062026 1:05.32Y-50.00:/";
+  for (char c = 'a'; c <= 'z'; ++c) nv3 += c;
+  for (char c = 'A'; c <= 'Z'; ++c) nv3 += c;
+  nv3.resize(130, ' ');
+  for (int key = 1; key <= 5; ++key) {
+    const auto scrambled = ScrambleLine(nv3, key);
+    ASSERT_TRUE(scrambled.has_value()) << key;
+    ASSERT_EQ(scrambled->size(), 131u);
+    EXPECT_EQ((*scrambled)[0], '0' + key);
+    EXPECT_NE(scrambled->substr(1, 120), nv3.substr(0, 120));
+    EXPECT_EQ(scrambled->substr(121), nv3.substr(120));
+    EXPECT_EQ(UnscrambleLine(*scrambled), nv3) << key;
+  }
+  // Refused: what no scrambled text could give.
+  EXPECT_FALSE(ScrambleLine("A1", 0).has_value());
+  EXPECT_FALSE(ScrambleLine("A1", 6).has_value());
+  // Column 2 of a block goes by the key's second digit, 1 in the first key: only the kept
+  // '-' would unscramble to ','.
+  EXPECT_FALSE(ScrambleLine("A,", 1).has_value());
+  EXPECT_TRUE(ScrambleLine(",A", 1).has_value());
 }
 
 }  // namespace
