@@ -46,7 +46,7 @@ bool SaveNewStandard(AppState& state, const StandardDefinition& def, std::string
     state.io->Tell(stdtext::kCopyFromMissing);
     return false;
   }
-  return RunTrapped(state, stdtext::kDesigDone, [&] {
+  const bool made = RunTrapped(state, stdtext::kDesigDone, [&] {
     int copied = 0;
     {
       SQLite::Transaction transaction(db);
@@ -65,6 +65,9 @@ bool SaveNewStandard(AppState& state, const StandardDefinition& def, std::string
     }
     return true;
   });
+  // The first standard is the one results are judged against until the user picks another.
+  if (made && Trim(state.gStandardName).empty()) MakeCurrentStandard(state, trimmed.name);
+  return made;
 }
 
 const std::vector<AgeRangePreset>& AgeRangePresets() {

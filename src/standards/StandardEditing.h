@@ -23,8 +23,9 @@ std::string CheckNewStandard(SQLite::Database& db, const StandardDefinition& def
 
 // Saves a new standard as frmDesig does: the checks above (the message told), the question
 // "Copy <from> into <name>" when copying (No saves nothing), the table, the STDNAME row,
-// then the designators and lines of `copy_from`, telling the count copied. True when the
-// standard was made. Failures are reported under "frmDesig.cmdDone_Click".
+// then the designators and lines of `copy_from`, telling the count copied. With no standard
+// current the new one becomes current. True when the standard was made. Failures are reported under
+// "frmDesig.cmdDone_Click".
 bool SaveNewStandard(AppState& state, const StandardDefinition& def, std::string_view copy_from);
 
 // ---- frmStanAdd

@@ -290,8 +290,9 @@ void RemoveStandard(AppState& state, std::string_view name) {
     remove.exec();
     transaction.commit();
   }
+  // A current standard that is gone leaves no standard current.
   if (SameName(StandardTableName(state.gStandardName), StandardTableName(name))) {
-    OpenCurrentStandard(state);
+    MakeCurrentStandard(state, "");
   }
 }
 

@@ -107,7 +107,7 @@ void DeleteAllStandardLines(SQLite::Database& db, std::string_view table);
 bool DeleteStandardLine(SQLite::Database& db, std::string_view table, int32_t std);
 
 // Drops the table of `name` (if present) and deletes its STDNAME row, in one transaction.
-// The current standard is re-opened when it is the one removed.
+// When it was the current standard, no standard is current afterwards.
 void RemoveStandard(AppState& state, std::string_view name);
 
 // Copies the lines of the standard `from` into the table of `to`; returns the count.

@@ -7,6 +7,7 @@ namespace kvlr::stdtext {
 
 // Routines as the error log names them.
 inline constexpr std::string_view kGetStandard = "basUtil.GetStandard";
+inline constexpr std::string_view kMakeCurrent = "frmStan.MakeCurrent";
 inline constexpr std::string_view kOpenCurrentStandard = "basUtil.OpenCurrentStandard";
 inline constexpr std::string_view kCreateStandardsTable = "basUtil.CreateStandardsTable";
 inline constexpr std::string_view kAddstandardDefinitionr = "basUtil.AddstandardDefinitionr";
@@ -64,6 +65,10 @@ inline constexpr std::string_view kRemoveEntireWarning =
 inline constexpr std::string_view kSelectOrCreate =
     "Please select a standard or create a new standard.";
 inline constexpr std::string_view kNoStandardYet = "No Standard has been added yet.";
+// Which standard the results and reports judge against.
+inline constexpr std::string_view kCurrentStandard = "Current standard: ";
+inline constexpr std::string_view kNoCurrentStandard = "No current standard";
+inline constexpr std::string_view kMakeCurrentCaption = "Make &Current";
 inline constexpr std::string_view kRelaysFirst = "(Relays First)";
 inline constexpr std::string_view kRelaysLast = "(Relays Last)";
 

@@ -245,6 +245,23 @@ std::string GetStandard(AppState& state, int16_t& designator, int32_t score, std
   });
 }
 
+bool MakeCurrentStandard(AppState& state, std::string_view name) {
+  const bool stored = RunTrapped(state, stdtext::kMakeCurrent, [&] {
+    SQLite::Statement update(*state.gDb, "UPDATE OPTIONS SET Standard = ?");
+    update.bind(1, Trim(name));
+    if (update.exec() == 0) {
+      SQLite::Statement add(*state.gDb, "INSERT INTO OPTIONS (Standard) VALUES (?)");
+      add.bind(1, Trim(name));
+      add.exec();
+    }
+    return true;
+  });
+  if (!stored) return false;
+  state.gStandardName = Trim(name);
+  OpenCurrentStandard(state);
+  return true;
+}
+
 void InstallStandardHooks(AppState& state) {
   state.hooks.load_standard = StandardHook{};
 }

@@ -33,6 +33,11 @@ std::string GetStandard(AppState& state, int16_t& designator, int32_t score, std
                         int16_t distance, int16_t stroke, int16_t age, std::string_view course,
                         bool relay);
 
+// Makes `name` the current standard: OPTIONS.Standard and state.gStandardName take it and
+// the standard is opened again, so results judge against it at once. "" leaves no standard
+// current. False (reported under "frmStan.MakeCurrent") when the store fails.
+bool MakeCurrentStandard(AppState& state, std::string_view name);
+
 // Sets state.hooks.load_standard: read OPTIONS.Standard into state.gStandardName, then
 // OpenCurrentStandard. The hook keeps the in-memory copy GetStandard uses.
 void InstallStandardHooks(AppState& state);

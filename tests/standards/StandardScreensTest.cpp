@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -195,6 +196,38 @@ TEST_F(StandardScreens, CsvImportRefusalIsTold) {
   screen.ExportCsv(t.state.gDatabaseName, true);
   EXPECT_TRUE(t.io.Saw("is a database, not a CSV file"));
   EXPECT_EQ(std::filesystem::file_size(t.state.gDatabaseName), size);
+}
+
+TEST_F(StandardScreens, MakeCurrentIsStoredShownAndJudgedAgainst) {
+  auto option = [&] {
+    return db().execAndGet("SELECT ifnull(Standard, '') FROM OPTIONS").getString();
+  };
+  t.state.gStandardName = "";
+  frmStan screen(t.state);
+  auto* current = screen.findChild<QLabel*>("lblCurrent");
+  ASSERT_NE(current, nullptr);
+  EXPECT_EQ(current->text(), "No current standard");
+
+  screen.SelectStandard("JO");
+  screen.MakeCurrent();
+  EXPECT_EQ(option(), "JO");
+  EXPECT_EQ(current->text(), "Current standard: JO");
+  int16_t level = 0;
+  EXPECT_EQ(GetStandard(t.state, level, 5400, "M", 100, 1, 11, "Y", false), "AA");
+  screen.show();
+  Shot(screen, "frmStan-current");
+
+  t.io.Script({Answer::kYes});
+  screen.RemoveEntireStandard();
+  EXPECT_EQ(option(), "") << "a removed standard is no longer current";
+  EXPECT_EQ(current->text(), "No current standard");
+
+  // With none current, the next standard made becomes current.
+  StandardDefinition def;
+  def.name = "Fall";
+  def.designators[0] = "B";
+  ASSERT_TRUE(SaveNewStandard(t.state, def, ""));
+  EXPECT_EQ(option(), "Fall");
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
 #include "core/TimeText.h"
+#include "core/VbRules.h"
 #include "meets/CommentsScreen.h"
 #include "meets/ReRankScreen.h"
 #include "meets/ResultLookups.h"
@@ -23,6 +24,7 @@
 #include "meets/ScreenParts.h"
 #include "meets/Splits.h"
 #include "meets/SplitsScreen.h"
+#include "standards/StandardTexts.h"
 
 namespace kvlr {
 namespace {
@@ -163,6 +165,14 @@ void frmResults::BuildFilterBar() {
   bar->addLayout(buttons, 2, 1);
   bar->addWidget(standards_, 2, 2, 1, 2);
   bar->addWidget(current_age_, 2, 4, 1, 4);
+  // "Show Standards" judges against this one; an empty name is why it shows nothing.
+  const std::string standard = Trim(state_.gStandardName);
+  auto* standard_name = new QLabel(
+      QString::fromStdString(standard.empty() ? std::string(stdtext::kNoCurrentStandard)
+                                              : std::string(stdtext::kCurrentStandard) + standard),
+      this);
+  standard_name->setObjectName("lblStandard");
+  bar->addWidget(standard_name, 2, 8, 1, 4);
   bar->setColumnStretch(12, 1);
 
   auto* layout = new QVBoxLayout(this);

@@ -247,9 +247,13 @@ frmStan::frmStan(AppState& state, QWidget* parent) : QDialog(parent), state_(sta
   QPushButton* remove = button("&Delete", "cmdDelete");
   QPushButton* create = button("&New Standard", "cmdNew");
   QPushButton* drop = button("&Remove Standard", "cmdRemove");
+  QPushButton* make_current = button(stdtext::kMakeCurrentCaption.data(), "cmdMakeCurrent");
   QPushButton* import = button("&Import CSV...", "cmdImport");
   QPushButton* export_ = button("E&xport CSV...", "cmdExport");
   buttons->addStretch(1);
+  current_ = new QLabel(this);
+  current_->setObjectName("lblCurrent");
+  buttons->addWidget(current_);
   QPushButton* done = button("D&one", "cmdDone");
 
   auto* layout = new QVBoxLayout(this);
@@ -275,6 +279,7 @@ frmStan::frmStan(AppState& state, QWidget* parent) : QDialog(parent), state_(sta
   });
   connect(create, &QPushButton::clicked, this, [this] { OpenDesig(); });
   connect(drop, &QPushButton::clicked, this, &frmStan::RemoveEntireStandard);
+  connect(make_current, &QPushButton::clicked, this, &frmStan::MakeCurrent);
   connect(import, &QPushButton::clicked, this, [this] {
     if (!HaveStandard()) return;
     const QString file =
@@ -309,6 +314,19 @@ void frmStan::FillStandards(const std::string& select) {
   }
   standards_->setCurrentIndex(chosen);
   StandardChosen();
+  ShowCurrent();
+}
+
+void frmStan::ShowCurrent() {
+  const std::string name = Trim(state_.gStandardName);
+  current_->setText(name.empty() ? Q(stdtext::kNoCurrentStandard)
+                                 : Q(std::string(stdtext::kCurrentStandard) + name));
+}
+
+void frmStan::MakeCurrent() {
+  if (!HaveStandard()) return;
+  MakeCurrentStandard(state_, S(standards_->currentData().toString()));
+  ShowCurrent();
 }
 
 void frmStan::SelectStandard(const std::string& name) {

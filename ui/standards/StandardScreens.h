@@ -74,6 +74,8 @@ class frmStan final : public QDialog {
   void DeleteOneStandard(int row);
   // Asks, then drops the standard shown.
   void RemoveEntireStandard();
+  // Makes the standard shown the one results and reports judge against.
+  void MakeCurrent();
   // Open the child screens (non-modal, so tests can fill them).
   class frmStanAdd* OpenAdd();
   class frmDesig* OpenDesig();
@@ -87,6 +89,7 @@ class frmStan final : public QDialog {
   void StandardChosen();
   void FiltersChanged();
   bool HaveStandard();
+  void ShowCurrent();
 
   AppState& state_;
   StanModel* model_ = nullptr;
@@ -99,6 +102,7 @@ class frmStan final : public QDialog {
   QComboBox* distance_ = nullptr;
   QLabel* sort_caption_ = nullptr;
   QLabel* description_ = nullptr;
+  QLabel* current_ = nullptr;
 };
 
 // "Add/Edit One Standard".
