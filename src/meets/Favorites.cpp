@@ -3,6 +3,8 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include <fmt/format.h>
+
 #include "core/Columns.h"
 #include "core/ErrorHandler.h"
 #include "core/VbRules.h"
@@ -158,9 +160,12 @@ bool SetDefaultFavorite(AppState& state, std::string_view name) {
 
 bool MayLeaveFavorites(AppState& state) {
   if (!Trim(state.gFavorite).empty()) return true;
-  state.io->Tell(
-      Joined({entrytxt::kNoDefaultSet, entrytxt::kNoDefaultHow, entrytxt::kNoDefaultWhere}));
-  return !state.io->AskYesNo(entrytxt::kSetDefaultQuestion);
+  // With no favourite there is nothing to make the default.
+  if (LoadFavorites(state).empty()) return true;
+  // One question; the second half of the "how" sentence continues on its line.
+  const std::string how = fmt::format("{} {}", entrytxt::kNoDefaultHow, entrytxt::kNoDefaultWhere);
+  return !state.io->AskYesNo(
+      Joined({entrytxt::kNoDefaultSet, how, "", Trim(entrytxt::kSetDefaultQuestion)}));
 }
 
 }  // namespace kvlr

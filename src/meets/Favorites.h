@@ -56,8 +56,8 @@ bool DeleteFavorite(AppState& state, const Favorite& favorite);
 // an empty name clears the default. True if stored ("frmFav.SetDefault").
 bool SetDefaultFavorite(AppState& state, std::string_view name);
 
-// Leaving the screen: with no default set, explains and asks whether to set one first.
-// True when the screen may close.
+// Leaving the screen: with favourites on file but no default, one box explains and asks
+// whether to set one first. True when the screen may close.
 bool MayLeaveFavorites(AppState& state);
 
 }  // namespace kvlr

@@ -306,7 +306,7 @@ bool RepairAndCompact(AppState& state) {
   if (state.hooks.compact_workout_notes) state.hooks.compact_workout_notes(state);
   state.io->Progress(store_text::kReranking);
   if (state.hooks.rerank_all) state.hooks.rerank_all(state);
-  state.io->Tell(store_text::kOptimizationCompleted);
+  state.io->Message(store_text::kOptimizationCompleted, box::kOk + box::kInformation, {});
   return true;
 }
 

@@ -48,6 +48,7 @@ TEST(RepairAndCompact, RemovesOrphansKeepsRelaysAndReopens) {
   EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 1"), 1);
   EXPECT_EQ(steps, (std::vector<std::string>{"notes", "rank"}));
   EXPECT_TRUE(t.io.Saw(store_text::kOptimizationCompleted));
+  EXPECT_EQ(box::Icon(t.io.shown.back().style), box::kInformation) << "a success, not a warning";
   EXPECT_EQ(t.io.progress.front(), store_text::kRepairing);
   EXPECT_TRUE(fs::exists(t.state.home.ReportDb()));
 }
