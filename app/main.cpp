@@ -1,5 +1,8 @@
 #include <clocale>
+#include <cstdio>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include <QApplication>
 #include <QMessageBox>
@@ -13,11 +16,21 @@
 #include "core/QtUserIo.h"
 #include "core/Screens.h"
 #include "shell/Hooks.h"
+#include "shell/Startup.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   std::setlocale(LC_TIME, "");
-  const kvlr::ProgramHome home = kvlr::ProgramHome::FromEnvironment();
+  // Qt has taken its own options out of the list by now.
+  std::vector<std::string> args;
+  for (const QString& arg : QCoreApplication::arguments().mid(1)) args.push_back(arg.toStdString());
+  const kvlr::StartArguments start = kvlr::ParseStartArguments(args);
+  if (!start.error.empty()) {
+    std::fprintf(stderr, "kvl-r: %s\nUsage: kvl-r [--home DIR] [FILE.mdb]\n", start.error.c_str());
+    return 2;
+  }
+  const kvlr::ProgramHome home =
+      start.home.empty() ? kvlr::ProgramHome::FromEnvironment() : kvlr::ProgramHome(start.home);
 
   // A second copy is refused before anything is touched.
   kvlr::InstanceLock lock(home.Root());
@@ -42,6 +55,7 @@ int main(int argc, char** argv) {
   }
 
   kvlr::MainWindow window(state);
+  window.SetStartFile(start.file);
   io.SetParent(&window);
   io.SetProgressSink([&window](const QString& line) { window.statusBar()->showMessage(line); });
   kvlr::InstallScreens(window, state);

@@ -63,8 +63,16 @@ bool ChosenDatabaseNameOk(AppState& state, const fs::path& file) {
   return DatabaseNameOk(file.stem().string(), kMaxDatabaseName, *state.io);
 }
 
-bool OpenOrCreateDatabase(AppState& state, const fs::path& file,
+fs::path WithDatabaseExtension(const fs::path& file) {
+  if (file.filename().empty() || file.has_extension()) return file;
+  fs::path named = file;
+  named += ".mdb";
+  return named;
+}
+
+bool OpenOrCreateDatabase(AppState& state, const fs::path& chosen,
                           std::vector<std::string>* last_files) {
+  const fs::path file = WithDatabaseExtension(chosen);
   if (!ChosenDatabaseNameOk(state, file)) return false;
   std::error_code ec;
   if (!fs::exists(file, ec)) {

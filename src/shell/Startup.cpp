@@ -5,6 +5,7 @@
 #include "core/ErrorHandler.h"
 #include "core/FileOps.h"
 #include "core/VbRules.h"
+#include "shell/OpenDatabase.h"
 #include "shell/ShellTexts.h"
 #include "store/Backup.h"
 #include "store/Database.h"
@@ -18,7 +19,24 @@ namespace fs = std::filesystem;
 
 namespace {
 
-SetupOutcome SetupSteps(AppState& state) {
+// A file named at start is opened as File, Open/New opens an existing file: the same checks
+// and the same words when it is refused, but nothing is made.
+void OpenStartFile(AppState& state, const fs::path& start_file, SetupOutcome& outcome) {
+  std::error_code ec;
+  fs::path file = fs::absolute(WithDatabaseExtension(start_file), ec);
+  if (ec) file = WithDatabaseExtension(start_file);
+  state.io->Progress(shell_text::kOpeningDatabase);
+  state.gDatabaseName.clear();
+  if (!ChosenDatabaseNameOk(state, file)) return;
+  std::vector<std::string> files;
+  if (OpenLastFile(state, file, &files)) {
+    outcome.last_files = std::move(files);
+  } else {
+    state.gDatabaseName.clear();
+  }
+}
+
+SetupOutcome SetupSteps(AppState& state, const fs::path& start_file) {
   SetupOutcome outcome;
   CheckSystemTables(state);
   try {
@@ -36,9 +54,12 @@ SetupOutcome SetupSteps(AppState& state) {
     }
     state.gDataDir = state.data_root;
     CheckSystemTables(state);
+    if (!start_file.empty()) OpenStartFile(state, start_file, outcome);
     return outcome;
   }
-  if (!state.gDatabaseName.empty()) {
+  if (!start_file.empty()) {
+    OpenStartFile(state, start_file, outcome);
+  } else if (!state.gDatabaseName.empty()) {
     state.io->Progress(shell_text::kOpeningDatabase);
     if (OpenLocalDB(state)) {
       CheckDbVersion(state);
@@ -53,8 +74,38 @@ SetupOutcome SetupSteps(AppState& state) {
 
 }  // namespace
 
-SetupOutcome RunSetup(AppState& state) {
-  SetupOutcome outcome = SetupSteps(state);
+StartArguments ParseStartArguments(const std::vector<std::string>& args) {
+  StartArguments out;
+  auto refuse = [](std::string why) {
+    StartArguments refused;
+    refused.error = std::move(why);
+    return refused;
+  };
+  for (size_t i = 0; i < args.size(); ++i) {
+    const std::string& arg = args[i];
+    if (arg == "--home" || arg.starts_with("--home=")) {
+      std::string value;
+      if (arg == "--home") {
+        if (i + 1 >= args.size()) return refuse("--home expects a folder");
+        value = args[++i];
+      } else {
+        value = arg.substr(7);
+      }
+      if (value.empty()) return refuse("--home expects a folder");
+      out.home = value;
+    } else if (arg.starts_with("--") && arg.size() > 2) {
+      return refuse("unknown option " + arg);
+    } else if (!out.file.empty()) {
+      return refuse("one database file at a time");
+    } else {
+      out.file = arg;
+    }
+  }
+  return out;
+}
+
+SetupOutcome RunSetup(AppState& state, const fs::path& start_file) {
+  SetupOutcome outcome = SetupSteps(state, start_file);
   if (!state.gDbOpen) state.gTitle = std::string(kTitleNoDatabase);
   return outcome;
 }

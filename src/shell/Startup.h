@@ -15,10 +15,20 @@ struct SetupOutcome {
   std::vector<std::string> last_files;  // newest first, for the File menu
 };
 
+// The desktop program's command line: `kvl-r [--home DIR] [FILE]`, FILE as a file manager
+// passes it. `error` is set (and the rest unset) for anything else.
+struct StartArguments {
+  std::string home;  // empty: the program home of the environment
+  std::filesystem::path file;
+  std::string error;
+};
+StartArguments ParseStartArguments(const std::vector<std::string>& args);
+
 // The start-up panel: system tables, the last database, first run, open, version, settings.
-// Progress lines go to state.io. A database that fails to open leaves gDatabaseName empty;
-// with none open the title is "No Database Open".
-SetupOutcome RunSetup(AppState& state);
+// Progress lines go to state.io. A `start_file` is opened instead of the last database,
+// checked and refused with the words of File, Open/New. A database that fails to open
+// leaves gDatabaseName empty; with none open the title is "No Database Open".
+SetupOutcome RunSetup(AppState& state, const std::filesystem::path& start_file = {});
 
 // Backs the database up silently when strictly more days than gBackupDays have passed since
 // OPTIONS.LastBackup (at every call with gBackupDays 0), then opens it again. True when a

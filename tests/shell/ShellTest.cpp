@@ -174,7 +174,6 @@ TEST(OpenDatabase, NamesAreCheckedBeforeAnythingIsMade) {
   };
   const Case cases[] = {
       {"family.txt", "Not a valid filename: family.txt"},
-      {"mdb", "Not a valid validfilename: mdb"},
       {"Bob's.mdb", "can not include quotes"},
   };
   for (const auto& c : cases) {
@@ -234,6 +233,57 @@ TEST(MenuPlan, FileCommandsThatNeedADatabaseFollowIt) {
     EXPECT_EQ(MenuEnabled(entry, false), always) << PlainCaption(entry.caption);
   }
   EXPECT_EQ(PlainCaption("&Athletes "), "Athletes");
+}
+
+TEST(RunSetup, AFileNamedAtStartOpensOrIsRefusedAsFileOpenRefusesIt) {
+  struct Case {
+    std::vector<std::string> args;
+    std::string home, file;
+    bool error;
+  };
+  const Case cases[] = {
+      {{"--home", "/h", "Jones.mdb"}, "/h", "Jones.mdb", false},
+      {{"--home=/h"}, "/h", "", false},
+      {{"--home"}, "", "", true},
+      {{"a.mdb", "b.mdb"}, "", "", true},
+      {{"--open"}, "", "", true},
+  };
+  for (const auto& c : cases) {
+    const StartArguments got = ParseStartArguments(c.args);
+    EXPECT_EQ(got.home, c.home) << c.args[0];
+    EXPECT_EQ(got.file.string(), c.file) << c.args[0];
+    EXPECT_EQ(!got.error.empty(), c.error) << c.args[0];
+  }
+
+  TempHome t;
+  const fs::path named = MakeOpenDatabase(t, "Jones.mdb");
+  t.state.CloseCurrentDB();
+  RunSetup(t.state, named.parent_path() / "Jones");  // typed without its extension
+  EXPECT_TRUE(t.state.gDbOpen);
+  EXPECT_EQ(t.state.gDatabaseName, named.string());
+  t.state.CloseCurrentDB();
+
+  for (const char* name : {"notes.mdb", "notes.txt"}) {
+    const fs::path file = t.Data() / name;
+    WriteFileAtomically(file, "not a database");
+    t.io.shown.clear();
+    EXPECT_FALSE(OpenOrCreateDatabase(t.state, file, nullptr));
+    ASSERT_FALSE(t.io.shown.empty()) << name;
+    const std::string words = t.io.shown.back().text;
+    t.state.CloseCurrentDB();
+    t.io.shown.clear();
+    RunSetup(t.state, file);
+    EXPECT_FALSE(t.state.gDbOpen) << name;
+    EXPECT_TRUE(t.io.Saw(words)) << name;
+    EXPECT_EQ(MainTitle(t.state), "No Database Open");
+  }
+}
+
+TEST(OpenDatabase, ANameTypedWithoutExtensionGetsMdb) {
+  TempHome t;
+  ASSERT_TRUE(OpenOrCreateDatabase(t.state, t.Data() / "Jones", nullptr));
+  EXPECT_TRUE(fs::exists(t.Data() / "Jones.mdb"));
+  EXPECT_EQ(fs::path(t.state.gDatabaseName).filename(), "Jones.mdb");
 }
 
 }  // namespace

@@ -235,9 +235,11 @@ void MainWindow::RefreshTitle() {
     return;
   }
   // Without a picture the window still says whose log is open.
+  // The hint waits for the start-up panel to close: half hidden behind it, it read as noise.
   QString who = state_.gAthlete > 0 ? QString::fromStdString(state_.gAthleteName)
                 : state_.gDbOpen    ? QString::fromStdString(state_.gShortDbName)
-                                    : tr("File, Open/New opens or makes a database");
+                : set_up_           ? tr("Choose File > Open/New to open or make a database")
+                                    : QString();
   background_->setText(QString("<div style='color:#2a5d8f'><p style='font-size:48pt;"
                                "font-weight:bold'>KVL-R</p><p style='font-size:16pt'>%1</p></div>")
                            .arg(who.toHtmlEscaped()));
@@ -251,7 +253,7 @@ void MainWindow::Start() {
   PanelIo panel_io(*state_.io, panel);
   UserIo* own_io = state_.io;
   state_.io = &panel_io;
-  SetupOutcome outcome = RunSetup(state_);
+  SetupOutcome outcome = RunSetup(state_, start_file_);
   state_.io = own_io;
   ShowLastFiles(outcome.last_files);
   if (outcome.first_run) {
@@ -281,6 +283,7 @@ void MainWindow::Start() {
       actions_[MenuCommand::kWebBrowser]->trigger();
     }
   }
+  set_up_ = true;
   RefreshTitle();
 }
 

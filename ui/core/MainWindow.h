@@ -2,6 +2,7 @@
 // The one main window: start-up, the menu and its enable rules, login, the way out. Every
 // other screen is opened from its menu as a child of it.
 
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <vector>
@@ -23,6 +24,8 @@ class MainWindow final : public QMainWindow {
   // The start-up sequence: panel, database, reminders, printer, menus, login, title,
   // background. Runs once.
   void Start();
+  // A database named on the command line, opened by Start instead of the last one.
+  void SetStartFile(std::filesystem::path file) { start_file_ = std::move(file); }
 
   // Renews the title and the background from the state.
   void RefreshTitle();
@@ -69,7 +72,9 @@ class MainWindow final : public QMainWindow {
   QAction* last_files_separator_ = nullptr;
   QLabel* background_ = nullptr;
   PrinterNames printer_at_start_;
+  std::filesystem::path start_file_;
   bool started_ = false;
+  bool set_up_ = false;  // Start has run to its end
   bool leaving_ = false;
 };
 
