@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <SQLiteCpp/Statement.h>
@@ -92,21 +93,14 @@ class Entries : public ::testing::Test {
     return {};
   }
 
-  struct Stored {
-    bool exists = false;
-    std::string misc;
-    int32_t score = 0;
-    std::string ex;
-    std::string course;
-  };
-  Stored Entry(int32_t mt_event) {
-    SQLite::Statement q(Db(),
-                        "SELECT ifnull(Misc, ''), Score, ifnull(Ex, ''), Course FROM ENTRY "
-                        "WHERE MtEvent = ? AND Athlete = ? AND I_R = 'I'");
+  // Misc/Score/Ex/Course of the swimmer's entry in an event; "" when there is none.
+  std::string Entry(int32_t mt_event) {
+    SQLite::Statement q(
+        Db(),
+        "SELECT ifnull(Misc, '') || '/' || Score || '/' || ifnull(Ex, '') || '/' || "
+        "Course FROM ENTRY WHERE MtEvent = ? AND Athlete = ? AND I_R = 'I'");
     SQLite::bind(q, mt_event, athlete_);
-    if (!q.executeStep()) return {};
-    return {true, q.getColumn(0).getString(), q.getColumn(1).getInt(), q.getColumn(2).getString(),
-            q.getColumn(3).getString()};
+    return q.executeStep() ? q.getColumn(0).getString() : "";
   }
 
   test::TempHome t;
@@ -201,7 +195,7 @@ TEST_F(Entries, BestTimeFollowsTheCourseRuleAndTheSinceDate) {
   EXPECT_EQ(sheet.Rows()[0].best_text, "1:05.12Y");
 }
 
-TEST_F(Entries, TickingEnteredStoresTheBestTimeOrNoTimeAndUntickingRemoves) {
+TEST_F(Entries, TickingStoresTheBestTimeOrNoTimeExhibitionMarksAndUntickingRemoves) {
   const int32_t with_best = AddEvent({1, "", 1112, "F", 50, 1});
   const int32_t without = AddEvent({2, "", 1112, "F", 200, 4});
   AddSwim(50, 1, "Y", 3011, "2026-03-01");
@@ -212,96 +206,58 @@ TEST_F(Entries, TickingEnteredStoresTheBestTimeOrNoTimeAndUntickingRemoves) {
   ASSERT_TRUE(sheet.SetEntered(0, true));
   ASSERT_TRUE(sheet.SetEntered(1, true));
   EXPECT_EQ(t.state.gCurrentMeet, 77);
-
-  const Stored a = Entry(with_best);
-  EXPECT_TRUE(a.exists);
-  EXPECT_EQ(a.score, 3011);
-  EXPECT_EQ(a.misc, "");
-  EXPECT_EQ(a.course, "Y");
-  const Stored b = Entry(without);
-  EXPECT_EQ(b.misc, "N");
-  EXPECT_EQ(b.score, 0);
+  EXPECT_EQ(Entry(with_best), "/3011//Y");
+  EXPECT_EQ(Entry(without), "N/0//Y");
   EXPECT_EQ(sheet.Rows()[0].CustomText(), "30.11");
   EXPECT_EQ(sheet.Rows()[1].CustomText(), "NT");
-
-  // Ticking an entered row again adds nothing.
-  ASSERT_TRUE(sheet.SetEntered(0, true));
+  ASSERT_TRUE(sheet.SetEntered(0, true));  // ticking an entered row again adds nothing
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 2);
 
   ASSERT_TRUE(sheet.SetEntered(0, false));
-  EXPECT_FALSE(Entry(with_best).exists);
+  EXPECT_EQ(Entry(with_best), "");
   EXPECT_FALSE(sheet.Rows()[0].entered);
   EXPECT_EQ(sheet.Rows()[0].CustomText(), "");
-  EXPECT_TRUE(Entry(without).exists);
-}
-
-TEST_F(Entries, ExhibitionMarksAndClearsTheEntry) {
-  const int32_t ev = AddEvent({1, "", 1112, "F"});
-  EntrySheet sheet = Sheet();
-  ASSERT_TRUE(sheet.Load(Swimmer()));
   ASSERT_TRUE(sheet.SetExhib(0, true));  // adds the entry, marked
-  EXPECT_EQ(Entry(ev).ex, "X");
+  EXPECT_EQ(Entry(with_best), "/3011/X/Y");
   EXPECT_TRUE(sheet.Rows()[0].exhib);
   ASSERT_TRUE(sheet.SetExhib(0, false));
-  EXPECT_EQ(Entry(ev).ex, "");
-  EXPECT_TRUE(Entry(ev).exists);
+  EXPECT_EQ(Entry(with_best), "/3011//Y");
 }
 
 TEST_F(Entries, TypedTimes) {
-  struct Case {
-    std::string text;
-    bool stored;
-    std::vector<std::string> messages;
-    std::string misc;
-    int32_t score;
-    std::string ex;
+  const std::vector<std::tuple<std::string, std::string, std::vector<std::string>>> cases = {
+      {"1:02.34", "/6234//Y", {}},
+      {"5912", "/5912//Y", {}},
+      {"59.12L", "/5912//Y", {}},  // stored in the meet's course all the same
+      {"NT", "N/0//Y", {}},
+      {"", "N/0//Y", {}},
+      {"X1:10.00", "/7000/X/Y", {}},
+      {"X", "N/0/X/Y", {}},
+      {"7.99", "", {"Time entered is too low.", "Invalid Entry"}},
+      {"1:0a", "", {"Invalid Entry"}},
   };
-  const std::vector<Case> cases = {
-      {"1:02.34", true, {}, "", 6234, ""},
-      {"5912", true, {}, "", 5912, ""},
-      {"59.12L", true, {}, "", 5912, ""},  // stored in the meet's course all the same
-      {"NT", true, {}, "N", 0, ""},
-      {"", true, {}, "N", 0, ""},
-      {"X1:10.00", true, {}, "", 7000, "X"},
-      {"X", true, {}, "N", 0, "X"},
-      {"7.99", false, {std::string(kTimeTooLow), std::string(kInvalidEntry)}, "", 0, ""},
-      {"1:0a", false, {std::string(kInvalidEntry)}, "", 0, ""},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
+  const int32_t ev = AddEvent({1, "", 1112, "F"});
+  for (const auto& [text, stored, messages] : cases) {
+    SCOPED_TRACE(text);
     Db().exec("DELETE FROM ENTRY");
-    Db().exec("DELETE FROM MTEVENTE");
-    const int32_t ev = AddEvent({1, "", 1112, "F"});
     t.io.shown.clear();
     EntrySheet sheet = Sheet();
     ASSERT_TRUE(sheet.Load(Swimmer()));
-    EXPECT_EQ(sheet.TypeTime(0, c.text), c.stored);
+    EXPECT_EQ(sheet.TypeTime(0, text), !stored.empty());
     std::vector<std::string> shown;
     for (const auto& s : t.io.shown) shown.push_back(s.text);
-    EXPECT_EQ(shown, c.messages);
-    const Stored e = Entry(ev);
-    EXPECT_EQ(e.exists, c.stored);
-    if (!c.stored) continue;
-    EXPECT_EQ(e.misc, c.misc);
-    EXPECT_EQ(e.score, c.score);
-    EXPECT_EQ(e.ex, c.ex);
-    EXPECT_EQ(e.course, "Y");
+    EXPECT_EQ(shown, messages);
+    EXPECT_EQ(Entry(ev), stored);
   }
-}
 
-TEST_F(Entries, EditingATimeToNoTimeKeepsTheRowAndARefusalChangesNothing) {
-  const int32_t ev = AddEvent({1, "", 1112, "F"});
+  // Over a stored time a refusal changes nothing and no time keeps the row and its mark.
   EntrySheet sheet = Sheet();
   ASSERT_TRUE(sheet.Load(Swimmer()));
   ASSERT_TRUE(sheet.TypeTime(0, "X58.00"));
   ASSERT_FALSE(sheet.TypeTime(0, "abc"));
-  EXPECT_EQ(Entry(ev).score, 5800);
+  EXPECT_EQ(Entry(ev), "/5800/X/Y");
   ASSERT_TRUE(sheet.TypeTime(0, "nt"));
-  const Stored e = Entry(ev);
-  EXPECT_TRUE(e.exists);
-  EXPECT_EQ(e.score, 0);
-  EXPECT_EQ(e.misc, "N");
-  EXPECT_EQ(e.ex, "X");  // only an "X" writes the mark
+  EXPECT_EQ(Entry(ev), "N/0/X/Y");  // only an "X" writes the mark
   EXPECT_EQ(sheet.Rows()[0].CustomText(), "NT");
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 1);
 }

@@ -1,8 +1,15 @@
+// Results typed by name: the age rule, the swimmers and events offered, relay legs saved as
+// swims, comments, and splits.
+
 #include <gtest/gtest.h>
 
 #include "ResultsFixture.h"
+#include "meets/RelayLegs.h"
+#include "meets/ResultComments.h"
 #include "meets/ResultTexts.h"
 #include "meets/ResultsByName.h"
+#include "meets/Splits.h"
+#include "store/DbVersion.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -43,10 +50,6 @@ class ResultsByName : public ::testing::Test {
     t.state.gCurrentMeet = 7;
     events = IndividualEvents(*t.state.gDb, 7, "F");
   }
-  const ResNaEvent& Back() { return events.at(1); }
-  ResNaCell Cell(std::string_view f_p = "F") {
-    return FetchResNaCell(*t.state.gDb, 7, 1, back, f_p);
-  }
   test::TempHome t;
   test::OpenedDatabase open_{t};
   test::Season season{*t.state.gDb};
@@ -61,49 +64,319 @@ TEST_F(ResultsByName, ListsActiveSwimmersAndTheirEvents) {
   EXPECT_EQ(swimmers[1].birth, (Date{2014, 6, 15}));
   ASSERT_EQ(events.size(), 2u);
   EXPECT_EQ(events[0].mt_ev, "1");
-  EXPECT_EQ(Back().mt_event, back);
+  EXPECT_EQ(events.at(1).mt_event, back);
   EXPECT_EQ(MeetAgeUp(*t.state.gDb, 7), (Date{2026, 10, 1}));
   EXPECT_FALSE(HasRelayEvents(*t.state.gDb, 7, "F"));
   EXPECT_TRUE(HasRelayEvents(*t.state.gDb, 7, "M"));
 }
 
-TEST_F(ResultsByName, TypedTimesDqAndCourse) {
-  auto enter = [&](std::string_view old_text, std::string_view text, std::string_view f_p = "F") {
-    return EnterResultTime(t.state, Back(), f_p, 1, 12, old_text, text);
+TEST(RelayLegValues, LegDistanceStrokeAndTyping) {
+  const std::pair<int16_t, int16_t> legs[] = {{200, 50}, {100, 25}, {400, 100},
+                                              {150, 38}, {250, 62}, {0, 0}};
+  for (auto [relay, leg] : legs) EXPECT_EQ(LegDistance(relay), leg) << relay;
+
+  const std::pair<const char*, int16_t> names[] = {
+      {"Female 11-12 200 Free Relay", 1},
+      {"Mixed Open 200 Medley Relay", 0},
+      {"Male 400 Back Relay", 2},
+      {"Breast", 3},
+      {"Fly and Free", 4},  // the last word searched wins
   };
-  EXPECT_TRUE(enter("", "1:05.20").accepted);
-  ResNaCell cell = Cell();
-  EXPECT_EQ(cell.score, 6520);
-  EXPECT_EQ(TimeCellText(cell, 2), " 1:05.20Y");
+  for (auto [name, stroke] : names) EXPECT_EQ(StrokeOfRelayName(name), stroke) << name;
 
-  // Blank over a time is refused; results are removed in the browser only.
-  const TimeCellEdit blank = enter(TimeCellText(cell, 2), "");
-  EXPECT_FALSE(blank.accepted);
-  EXPECT_EQ(blank.text, " 1:05.20Y");
-  EXPECT_TRUE(t.io.Saw(kUseBrowserToDelete));
-  EXPECT_EQ(Cell().score, 6520);
+  EXPECT_TRUE(TimeCharactersValid("1:02.34"));
+  EXPECT_TRUE(TimeCharactersValid(""));
+  EXPECT_FALSE(TimeCharactersValid("29.5a"));
+  EXPECT_FALSE(TimeCharactersValid("29 50"));
+}
 
-  // A typed DQ loses the time; the tick then releases an empty row.
-  EXPECT_TRUE(enter(" 1:05.20Y", "dq").accepted);
-  cell = Cell();
-  EXPECT_EQ(cell.nt, 5);
-  EXPECT_EQ(cell.score, 0);
-  EXPECT_EQ(TimeCellText(cell, 2), "DQ");
-  ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", Back().Rec(), 12, 1));
-  EXPECT_EQ(TimeCellText(Cell(), 2), "");
+class RelayLegs : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    season.Athlete(1, "Lane", "F");
+    season.Meet(5, "Harbor Relays", "2026-09-12", "AG", "LC");
+    free_relay = season.Event(5, 3, 200, 1, "R", "F", "L", 1112);
+    season.Event(5, 4, 200, 5, "R", "X", "L", 99);
+    season.Event(5, 5, 200, 1, "R", "M", "L", 1112);
+    season.Event(5, 6, 100, 1, "I", "F", "L", 1112);
+  }
+  RelayLegInput Leg(std::string i_r, std::string f_p, int16_t stroke, std::string time) {
+    RelayLegInput in;
+    in.athlete = 1;
+    in.meet = 5;
+    in.relay = {free_relay, 200, ""};
+    in.i_r = std::move(i_r);
+    in.f_p = std::move(f_p);
+    in.stroke = stroke;
+    in.time = std::move(time);
+    return in;
+  }
+  std::string Row() {
+    SQLite::Statement q(*t.state.gDb,
+                        "SELECT I_R || '/' || F_P || '/' || STROKE || '/' || SCORE || '/' || "
+                        "DISTANCE || '/' || COURSE || '/' || IFNULL(RANK, 'Null') FROM RESULT");
+    std::string rows;
+    while (q.executeStep()) rows += q.getColumn(0).getString() + ";";
+    return rows;
+  }
+  test::TempHome t;
+  test::OpenedDatabase open_{t};
+  test::Season season{*t.state.gDb};
+  int32_t free_relay = 0;
+};
 
-  // A course letter is the course of this row only.
-  EXPECT_TRUE(enter("", "X1:12.00L", "P").accepted);
-  cell = Cell("P");
-  EXPECT_EQ(cell.course, "L");
-  EXPECT_EQ(TimeCellText(cell, 2), "X 1:12.00L");
-  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE COURSE = 'L'"), 1);
+TEST_F(RelayLegs, ListShowsTheSexesRelays) {
+  const auto relays = RelayEvents(*t.state.gDb, 5, "F");
+  ASSERT_EQ(relays.size(), 2u);
+  EXPECT_EQ(relays[0].text, "Female 11-12 200 Free Relay");
+  EXPECT_EQ(relays[0].distance, 200);
+  EXPECT_EQ(relays[1].text, "Mixed Open 200 Medley Relay");
+}
+
+TEST_F(RelayLegs, ChecksInOrder) {
+  struct Case {
+    RelayLegInput in;
+    std::vector<std::string> shown;
+    RelayLegOutcome outcome;
+  };
+  const std::vector<Case> cases = {
+      {Leg("", "", 0, "x"), {"Please select Leadoff or Non-Leadoff"}, RelayLegOutcome::kRefused},
+      {Leg("L", "", 0, "x"), {"Please select Final or Prelim"}, RelayLegOutcome::kRefused},
+      {Leg("L", "F", 0, "x"),
+       {"Please select a stroke", "Please enter a valid time"},
+       RelayLegOutcome::kRefused},
+      {Leg("L", "F", 1, "DQ"), {"Please enter a valid time"}, RelayLegOutcome::kRefused},
+      {Leg("L", "F", 1, "5.00"), {"Please enter a valid time"}, RelayLegOutcome::kRefused},
+  };
+  for (const auto& c : cases) {
+    t.io.shown.clear();
+    EXPECT_EQ(SaveRelayLeg(t.state, c.in), c.outcome) << c.in.time;
+    std::vector<std::string> shown;
+    for (const auto& s : t.io.shown) shown.push_back(s.text);
+    EXPECT_EQ(shown, c.shown) << c.in.i_r << c.in.f_p;
+  }
+  EXPECT_EQ(Row(), "");
+}
+
+TEST_F(RelayLegs, NoStrokeWarnsButSaves) {
+  EXPECT_EQ(SaveRelayLeg(t.state, Leg("L", "F", 0, "29.50")), RelayLegOutcome::kSaved);
+  EXPECT_TRUE(t.io.Saw("Please select a stroke"));
+  EXPECT_EQ(Row(), "L/F/0/2950/50/L/1;");
+}
+
+TEST_F(RelayLegs, AnyLegOfTheEventAndRoundIsOverwrittenOnlyOnYes) {
+  ASSERT_EQ(SaveRelayLeg(t.state, Leg("L", "F", 1, "2950")), RelayLegOutcome::kSaved);
+  EXPECT_EQ(Row(), "L/F/1/2950/50/L/1;");
+
+  t.io.Script({Answer::kNo});
+  EXPECT_EQ(SaveRelayLeg(t.state, Leg("N", "F", 1, "28.90")), RelayLegOutcome::kKept);
+  EXPECT_TRUE(
+      t.io.Saw("There is already a Relay leg entered for this event.Do you want to overwrite it?"));
+  EXPECT_EQ(Row(), "L/F/1/2950/50/L/1;");
+
+  t.io.Script({Answer::kYes});
+  EXPECT_EQ(SaveRelayLeg(t.state, Leg("N", "F", 1, "28.90")), RelayLegOutcome::kSaved);
+  EXPECT_EQ(Row(), "N/F/1/2890/50/L/1;");  // ranked among the non-lead legs
 
   t.io.shown.clear();
-  const TimeCellEdit bad = enter("", "abc", "T");
-  EXPECT_FALSE(bad.accepted);
-  EXPECT_FALSE(Cell("T").exists);
-  EXPECT_FALSE(t.io.shown.empty());
+  EXPECT_EQ(SaveRelayLeg(t.state, Leg("N", "P", 1, "30.10")), RelayLegOutcome::kSaved);
+  EXPECT_TRUE(t.io.shown.empty());  // another round is another row
+  EXPECT_EQ(Row(), "N/F/1/2890/50/L/1;N/P/1/3010/50/L/2;");
+}
+
+// Legs carry a Null NT, so the ranking numbers them ahead of the individual swims of NT 0;
+// older files that stored legs with NT 0 are mended when opened.
+TEST_F(RelayLegs, LegsHaveNoNtAndRankApartFromIndividualSwims) {
+  t.state.gUseLeadOff = true;
+  test::Season::Swim solo;
+  solo.meet = 5;
+  solo.distance = 50;
+  solo.course = "L";
+  solo.score = 2900;
+  const int64_t individual = season.Result(solo);
+  ASSERT_EQ(SaveRelayLeg(t.state, Leg("L", "F", 1, "29.50")), RelayLegOutcome::kSaved);
+  EXPECT_EQ(
+      test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM RESULT WHERE I_R = 'L' AND NT IS NULL"),
+      1);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE I_R = 'L'"), 1);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE RESULT = ?", individual),
+            2);
+
+  t.state.gDb->exec("DELETE FROM RESULT");
+  struct Case {
+    const char* i_r;
+    int nt;
+    bool null_after;
+  };
+  const Case cases[] = {{"L", 0, true},  {"N", 0, true},  {"n", 0, true},
+                        {"I", 0, false}, {"L", 5, false}, {"R", 0, false}};
+  std::vector<int64_t> ids;
+  for (const Case& c : cases) {
+    test::Season::Swim swim;
+    swim.i_r = c.i_r;
+    swim.nt = c.nt;
+    swim.f_p = std::to_string(ids.size());  // one row each under the unique key
+    ids.push_back(season.Result(swim));
+  }
+  CheckDbVersion(t.state);
+  CheckDbVersion(t.state);  // a second opening finds nothing to mend
+  for (size_t i = 0; i < ids.size(); ++i) {
+    EXPECT_EQ(
+        test::QueryNumber(*t.state.gDb, "SELECT NT IS NULL FROM RESULT WHERE RESULT = ?", ids[i]),
+        cases[i].null_after ? 1 : 0)
+        << cases[i].i_r << cases[i].nt;
+  }
+}
+
+TEST_F(RelayLegs, CommentsAreOnePerResult) {
+  test::Season::Swim swim;
+  swim.meet = 5;
+  const int64_t id = season.Result(swim);
+  EXPECT_EQ(LoadComment(*t.state.gDb, id), std::nullopt);
+  SaveComment(*t.state.gDb, id, "good turns");
+  EXPECT_EQ(LoadComment(*t.state.gDb, id), "good turns");
+  SaveComment(*t.state.gDb, id, std::string(60, 'a'));
+  EXPECT_EQ(LoadComment(*t.state.gDb, id), std::string(50, 'a'));
+  SaveComment(*t.state.gDb, id, "");
+  EXPECT_EQ(LoadComment(*t.state.gDb, id), "");  // an empty row stays
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM tblComments"), 1);
+}
+
+TEST(SplitSizes, CountAndStartStep) {
+  const std::pair<int, int> counts[] = {{25, 1}, {50, 2}, {100, 4}, {1650, 66}, {37, 1}, {0, 0}};
+  for (auto [distance, n] : counts) EXPECT_EQ(SplitCount(distance), n) << distance;
+
+  struct Step {
+    int32_t split;
+    const char* course;
+    int want;
+  };
+  const Step steps[] = {{25, "Y", 25}, {50, "L", 50}, {100, "S", 100},
+                        {0, "L", 100}, {75, "Y", 50}, {0, "", 50}};
+  for (const auto& c : steps) EXPECT_EQ(StartSplitStep(c.split, c.course), c.want);
+}
+
+// A 200 with 25s at 1, 2, 4, a zero at 6 and the finish.
+SplitSheet TwoHundred() {
+  SplitSheet sheet(200, 12800);
+  sheet.Set(1, 1400);
+  sheet.Set(2, 3000);
+  sheet.Set(4, 6200);
+  sheet.Set(6, 0);
+  return sheet;
+}
+
+std::vector<SplitPlace> Laps(const SplitSheet& sheet, int step) {
+  std::vector<SplitPlace> laps;
+  for (int i : sheet.VisiblePlaces(step)) laps.push_back(sheet.Lap(i, step));
+  return laps;
+}
+
+TEST(SplitLaps, MissingSplitsAreBridgedAtTheSameStep) {
+  const SplitSheet sheet = TwoHundred();
+  EXPECT_EQ(sheet.VisiblePlaces(50), (std::vector<int>{2, 4, 6, 8}));
+  EXPECT_EQ(Laps(sheet, 50), (std::vector<SplitPlace>{3000, 3200, std::nullopt, 6600}));
+  EXPECT_EQ(Laps(sheet, 25), (std::vector<SplitPlace>{1400, 1600, std::nullopt, 3200, std::nullopt,
+                                                      std::nullopt, std::nullopt, 6600}));
+  EXPECT_EQ(Laps(sheet, 100), (std::vector<SplitPlace>{6200, 6600}));
+
+  SplitSheet no_first = sheet;
+  no_first.Set(2, std::nullopt);  // nothing earlier: the whole split is the lap
+  EXPECT_EQ(no_first.Lap(4, 50), 6200);
+}
+
+TEST(SplitEdits, LapsAndSplitsRows) {
+  SplitSheet sheet = TwoHundred();
+  EXPECT_TRUE(sheet.Edit(2, true, "31.00", 50));  // first visible lap: the split itself
+  EXPECT_EQ(sheet.At(2), 3100);
+  EXPECT_TRUE(sheet.Edit(4, true, "32.50", 50));  // previous visible split + lap
+  EXPECT_EQ(sheet.At(4), 6350);
+  EXPECT_FALSE(sheet.Edit(8, true, "30.00", 50));  // the finish isn't moved by its lap
+  EXPECT_FALSE(sheet.Edit(8, false, "2:00.00", 50));
+  EXPECT_EQ(sheet.At(8), 12800);
+  EXPECT_TRUE(sheet.Edit(6, false, "1:35.10", 50));
+  EXPECT_EQ(sheet.At(6), 9510);
+  EXPECT_EQ(sheet.Lap(8, 50), 3290);
+  EXPECT_TRUE(sheet.Edit(6, false, "", 50));
+  EXPECT_EQ(sheet.At(6), std::nullopt);
+  EXPECT_FALSE(sheet.Edit(9, false, "10.00", 50));
+
+  SplitSheet one_length(25, 1500);  // its one column is first and last
+  EXPECT_TRUE(one_length.Edit(1, true, "14.90", 25));
+  EXPECT_EQ(one_length.At(1), 1490);
+}
+
+class SplitStore : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    season.Athlete(1, "Lane", "F");
+    test::Season::Swim swim;
+    swim.distance = 100;
+    swim.score = 6000;
+    id = season.Result(swim);
+  }
+  void AddSplit(int index, std::optional<int32_t> split) {
+    SQLite::Statement q(*t.state.gDb,
+                        "INSERT INTO SPLITS (SplitID, SplitIndex, Split) VALUES (?, ?, ?)");
+    q.bind(1, id);
+    q.bind(2, index);
+    if (split)
+      q.bind(3, *split);
+    else
+      q.bind(3);
+    q.exec();
+  }
+  test::TempHome t;
+  test::OpenedDatabase open_{t};
+  test::Season season{*t.state.gDb};
+  int64_t id = 0;
+};
+
+TEST_F(SplitStore, LoadFillsPlacesAndTheFinish) {
+  SplitSheet fresh(100, 6000);
+  fresh.Load(*t.state.gDb, id);
+  EXPECT_EQ(fresh.At(1), std::nullopt);
+  EXPECT_EQ(fresh.At(4), 6000);  // no rows: the finish is the score
+  EXPECT_FALSE(fresh.Changed());
+
+  AddSplit(1, 1400);
+  AddSplit(2, std::nullopt);
+  AddSplit(3, 4400);
+  AddSplit(6, 9999);  // past the finish
+  SplitSheet sheet(100, 6000);
+  sheet.Load(*t.state.gDb, id);
+  EXPECT_EQ(sheet.At(1), 1400);
+  EXPECT_EQ(sheet.At(2), std::nullopt);
+  EXPECT_EQ(sheet.At(3), 4400);
+  EXPECT_EQ(sheet.At(4), 6000);
+}
+
+TEST_F(SplitStore, SaveKeepsOnlyTimesAboveZero) {
+  SplitSheet sheet(100, 6000);
+  sheet.Load(*t.state.gDb, id);
+  AddSplit(3, 4500);  // replaced by the save
+  sheet.Edit(2, false, "29.00", 25);
+  sheet.Set(1, 0);
+  EXPECT_TRUE(sheet.Changed());
+  sheet.Save(*t.state.gDb, id);
+  sheet.MarkSaved();
+  EXPECT_FALSE(sheet.Changed());
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM SPLITS"), 2);
+  SplitSheet again(100, 6000);
+  again.Load(*t.state.gDb, id);
+  EXPECT_EQ(again.At(1), std::nullopt);
+  EXPECT_EQ(again.At(2), 2900);
+  EXPECT_EQ(again.At(3), std::nullopt);
+  EXPECT_EQ(again.At(4), 6000);
+}
+
+TEST(SplitTexts, CellsAndCaption) {
+  EXPECT_EQ(SplitText(std::nullopt), "");
+  EXPECT_EQ(SplitText(6123), "1:01.23");
+  EXPECT_EQ(SplitsCaption(100, 2, "P", " 1:05.00Y", "Robin Lane", "Autumn Open"),
+            "Event: 100 Back [Prelims] - Time: 1:05.00Y  Robin Lane   Meet: Autumn Open");
+  EXPECT_EQ(SplitsCaption(50, 1, "F", "30.00", "Robin Lane", ""),
+            "Event: 50 Free [Finals] - Time: 30.00  Robin Lane");
 }
 
 }  // namespace

@@ -69,11 +69,7 @@ class ResultsQuery : public ::testing::Test {
     for (const auto& r : Run(f, lead_off)) ids.push_back(r.result);
     return ids;
   }
-  ResultFilter Swimmer1() {
-    ResultFilter f;
-    f.athlete = 1;
-    return f;
-  }
+  static ResultFilter Swimmer1() { return {.athlete = 1}; }
 
   test::TempHome t;
   test::OpenedDatabase open_{t};
@@ -112,53 +108,32 @@ TEST_F(ResultsQuery, KindsOfSwimFollowTheLeadOffOption) {
 TEST_F(ResultsQuery, EachFilterNarrowsTheSwims) {
   struct Case {
     const char* name;
-    std::function<void(ResultFilter&)> set;
+    ResultFilter f;
     Ids want;
     bool filtered;
   };
-  const std::vector<Case> cases = {
-      {"meet", [](ResultFilter& f) { f.meet = 1; }, {r1, r7}, false},
+  const Ids all = {r1, r2, r3, r7, r8, r9, r10};
+  const Case cases[] = {
+      {"meet", {.athlete = 1, .meet = 1}, {r1, r7}, false},
       // A swim without a course stays when it is a non-time or a dive.
-      {"yards", [](ResultFilter& f) { f.course = "Y"; }, {r1, r7, r8, r10}, false},
-      {"short metres", [](ResultFilter& f) { f.course = "S"; }, {r3, r7, r8, r9}, false},
-      {"stroke", [](ResultFilter& f) { f.stroke = 2; }, {r3}, false},
-      {"board", [](ResultFilter& f) { f.distance = DistanceFilterValue(11); }, {r8}, false},
+      {"yards", {.athlete = 1, .course = "Y"}, {r1, r7, r8, r10}, false},
+      {"short metres", {.athlete = 1, .course = "S"}, {r3, r7, r8, r9}, false},
+      {"stroke", {.athlete = 1, .stroke = 2}, {r3}, false},
+      {"board", {.athlete = 1, .distance = DistanceFilterValue(11)}, {r8}, false},
       {"distance and course",
-       [](ResultFilter& f) {
-         f.distance = DistanceFilterValue(3);
-         f.course = "L";
-       },
+       {.athlete = 1, .course = "L", .distance = DistanceFilterValue(3)},
        {r2, r7},
        false},
-      {"meet type", [](ResultFilter& f) { f.meet_type = "HS"; }, {r2}, true},
-      {"since",
-       [](ResultFilter& f) {
-         f.use_since = true;
-         f.since = Date{2026, 1, 1};
-       },
-       {r1, r2, r7},
-       true},
-      {"since unticked",
-       [](ResultFilter& f) {
-         f.since = Date{2026, 1, 1};
-       },
-       {r1, r2, r3, r7, r8, r9, r10},
-       false},
-      {"since after today",
-       [](ResultFilter& f) {
-         f.use_since = true;
-         f.since = Date{2027, 1, 1};
-       },
-       {r1, r2, r3, r7, r8, r9, r10},
-       false},
+      {"meet type", {.athlete = 1, .meet_type = "HS"}, {r2}, true},
+      {"since", {.athlete = 1, .use_since = true, .since = {2026, 1, 1}}, {r1, r2, r7}, true},
+      {"since unticked", {.athlete = 1, .since = {2026, 1, 1}}, all, false},
+      {"since after today", {.athlete = 1, .use_since = true, .since = {2027, 1, 1}}, all, false},
   };
   for (const auto& c : cases) {
-    ResultFilter f = Swimmer1();
-    c.set(f);
     Ids want = c.want;
     std::sort(want.begin(), want.end());
-    EXPECT_EQ(Sorted(f), want) << c.name;
-    EXPECT_EQ(PlanResults(f, false, today, kNullDate).filtered, c.filtered) << c.name;
+    EXPECT_EQ(Sorted(c.f), want) << c.name;
+    EXPECT_EQ(PlanResults(c.f, false, today, kNullDate).filtered, c.filtered) << c.name;
   }
 }
 
@@ -269,21 +244,20 @@ TEST(ResultCellsTest, ConversionTarget) {
 }
 
 TEST(ResultCellsTest, TextsOfARow) {
-  ResultRecord r;
-  r.distance = 100;
-  r.stroke = 1;
-  r.course = "Y";
-  r.score = 6000;
-  r.ex = "X";
-  r.i_r = "L";
-  r.f_p = "P";
-  r.mt_ev = "12A";
-  r.lo_hi = 1112;
-  r.age = 12;
-  r.place = 3;
-  r.start = Date{2026, 10, 3};
-  r.meet_name = "Autumn Open";
-  r.comment = "felt strong";
+  const ResultRecord r{.i_r = "L",
+                       .f_p = "P",
+                       .ex = "X",
+                       .course = "Y",
+                       .score = 6000,
+                       .age = 12,
+                       .distance = 100,
+                       .stroke = 1,
+                       .place = 3,
+                       .mt_ev = "12A",
+                       .lo_hi = 1112,
+                       .meet_name = "Autumn Open",
+                       .start = Date{2026, 10, 3},
+                       .comment = "felt strong"};
   ResultRecord dq = r;
   dq.score = 0;
   dq.nt = 5;
@@ -357,7 +331,7 @@ TEST_F(ResultsQuery, DeleteAsksThenRemovesSplitsAndReranks) {
   EXPECT_FALSE(DeleteOneResult(t.state, first, "Robin Lane"));
   EXPECT_EQ(Run(f).size(), rows.size());
   ASSERT_EQ(t.io.shown.size(), 1u);
-  EXPECT_EQ(t.io.shown[0].title, kRemoveResultTitle);
+  EXPECT_EQ(t.io.shown[0].title, "Remove Result");
   EXPECT_EQ(t.io.shown[0].text,
             "Warning: This action will remove the selected result and any splits associated "
             "with it.\r\n\r\nEvent: \t100 Free\r\nScore: \t 1:00.00Y\r\nDate: \t10/03/2026\r\n"
@@ -370,18 +344,10 @@ TEST_F(ResultsQuery, DeleteAsksThenRemovesSplitsAndReranks) {
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT RANK FROM RESULT WHERE RESULT = ?", r10), 1);
 }
 
-TEST(DeleteQuestion, NamesALeadOff) {
-  ResultRecord r;
-  r.i_r = "L";
-  r.distance = 50;
-  r.stroke = 1;
-  r.score = 2800;
-  r.course = "Y";
+TEST(DeleteQuestion, NamesALeadOffAndNextRow) {
+  const ResultRecord r{.i_r = "L", .course = "Y", .score = 2800, .distance = 50, .stroke = 1};
   EXPECT_NE(DeleteResultQuestion(r, "", "Pat").find("Event: \t50 Free Relay Lead Off\r\n"),
             std::string::npos);
-}
-
-TEST(DeleteQuestion, NextRowAfterDelete) {
   EXPECT_EQ(RowAfterDelete(0, 3), 0);
   EXPECT_EQ(RowAfterDelete(1, 3), 1);
   EXPECT_EQ(RowAfterDelete(2, 3), 1);  // past the end: the last

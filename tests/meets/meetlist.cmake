@@ -2,7 +2,7 @@
 find_package(Qt6 REQUIRED COMPONENTS Test)
 
 kvlr_add_test(meetlist_test
-  SOURCES MeetsTest.cpp EventsTest.cpp
+  SOURCES MeetsTest.cpp
   LIBS kvlr_meets)
 
 kvlr_add_test(ui_meetlist_test

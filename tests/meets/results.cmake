@@ -1,8 +1,6 @@
 kvlr_add_test(results_test
   SOURCES
     ResultsQueryTest.cpp
-    SplitsTest.cpp
-    RelayLegsTest.cpp
     ResultsByNameTest.cpp
   LIBS kvlr_meets)
 
