@@ -10,7 +10,6 @@
 #include "interchange/ImportReportRows.h"
 #include "interchange/ImportReportTexts.h"
 #include "interchange/Nv3AthleteCheck.h"
-#include "interchange/Nv3Texts.h"
 #include "store/ReportDatabase.h"
 #include "support/TempHome.h"
 
@@ -110,8 +109,8 @@ TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
       .Line("G0", {{"swimmer_name", "DOE, JANE A"}});
   const ImportOutcome outcome = Report(file.Lines(), ".CL2");
   ASSERT_TRUE(outcome.ok);
-  EXPECT_EQ(outcome.status, kReportBuildSuccessful);
-  EXPECT_EQ(watcher_.statuses.back(), kReportBuildSuccessful);
+  EXPECT_EQ(outcome.status, " Report Build Successful ");
+  EXPECT_EQ(watcher_.statuses.back(), " Report Build Successful ");
 
   const auto rows = Rows(false);
   // B1, C1 and the three swims, in file order.
@@ -240,23 +239,23 @@ TEST_F(ImportReportTest, StoppingKeepsTheRowsWrittenAndFailuresSayErrorCreatingR
   const ImportOutcome stopped = Report(file.Lines(), ".CL2");
   EXPECT_FALSE(stopped.ok);
   EXPECT_TRUE(stopped.cancelled);
-  EXPECT_EQ(stopped.status, kReportAborted);
+  EXPECT_EQ(stopped.status, "Report aborted by user.");
   const auto rows = Rows(false);
   EXPECT_NE(FindByName(rows, "DOE", "JANE"), nullptr);
   EXPECT_EQ(FindByName(rows, "ROE", "ANN"), nullptr);
 
   const ImportOutcome psn = Report(file.Lines(), ".PSN");
   EXPECT_FALSE(psn.ok);
-  EXPECT_EQ(psn.status, kErrorCreatingReport);
-  EXPECT_TRUE(t_.io.Saw(kErrorCreatingReport));
+  EXPECT_EQ(psn.status, "Error creating report.");
+  EXPECT_TRUE(t_.io.Saw("Error creating report."));
 
   // The run's own copy of the table, then the file's.
   t_.state.gReportDb->exec("DROP TABLE temp.RPTISDIN");
   t_.state.gReportDb->exec("DROP TABLE main.RPTISDIN");
   t_.io.shown.clear();
-  EXPECT_EQ(Report(file.Lines(), ".CL2").status, kErrorCreatingReport);
+  EXPECT_EQ(Report(file.Lines(), ".CL2").status, "Error creating report.");
   ASSERT_EQ(t_.io.shown.size(), 1u);
-  EXPECT_EQ(t_.io.shown[0].text, kErrorCreatingReport);
+  EXPECT_EQ(t_.io.shown[0].text, "Error creating report.");
 }
 
 TEST_F(ImportReportTest, GetCurrentAthFindsBySwimmerNumberThenNameInitialAndBirth) {
@@ -311,90 +310,66 @@ std::string D1(const char* last, const char* first, const char* pref = "",
                     {"birth", birth}});
 }
 
-std::vector<std::string> FileOf(std::vector<std::string> swimmers) {
-  std::vector<std::string> lines = {Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
-                                    Nv3("B1", {{"meet_name", "Made-Up Meet"}})};
-  lines.insert(lines.end(), swimmers.begin(), swimmers.end());
-  return lines;
-}
-
-SwimmerMatcher Family(const char* first, const char* last = "Smith", const char* sex = "F") {
-  return SwimmerMatcher(CurrentSwimmer{1, first, last, sex}, {}, false);
-}
-
-TEST(NV3AthleteCheck, FindsTheSwimmerByFirstOrPreferredName) {
+TEST(NV3AthleteCheck, FindsTheSwimmerOrSaysWhoIsThereOrStopsAtAnUnreadableLine) {
+  const std::string no_results =
+      "This file did not contain any results for Alex Smith\r\nPlease run the Import/Export "
+      "Files Report to determine if this swimmer's name was spelled correctly by the meet host.";
+  const auto two_part = [](const std::string& line, const char* problem) {
+    return "File processing error for file: m.nv3\r\nThe error is on line: 4\r\nThe problem "
+           "line is listed below in two parts: \r\n>>" +
+           line.substr(0, 80) + "<<\r\n>>" + line.substr(80) + "<<\r\nProblem: " + problem;
+  };
+  const std::string bad_date = D1("SMITH", "ALEX", "", "13312004");
+  const std::string no_name = D1("", "ALEX");
   struct Case {
     const char* what;
-    const char* current_first;
-    std::string d1;
+    const char* first;
+    std::vector<std::string> swimmers;
+    bool ok;
+    std::vector<std::string> boxes;
   };
   const Case cases[] = {
-      {"first name", "Alex", D1("SMITH", "ALEX")},
-      {"preferred name", "Lexi", D1("SMITH", "ALEXANDRA", "LEXI")},
-      {"any case", "alex", D1("smith", "Alex")},
+      {"first name", "Alex", {D1("JONES", "KIM"), D1("SMITH", "ALEX")}, true, {}},
+      {"preferred name", "Lexi", {D1("JONES", "KIM"), D1("SMITH", "ALEXANDRA", "LEXI")}, true, {}},
+      {"any case", "alex", {D1("JONES", "KIM"), D1("smith", "Alex")}, true, {}},
+      // Not a failure: the user may still import the file.
+      {"others of the name",
+       "Alex",
+       {D1("SMITH", "JORDAN"), D1("JONES", "ALEX"), D1("SMITH", "CASEY"),
+        D1("SMITH", "ALEX", "", "01022014", "M")},
+       true,
+       {no_results,
+        "The file did contain the following athlete(s) with the last name of Smith\r\nJORDAN "
+        "SMITH\r\nCASEY SMITH\r\nALEX SMITH"}},
+      {"nobody of the name", "Alex", {D1("JONES", "KIM")}, true, {no_results}},
+      // No "no results" box behind the error's.
+      {"bad date", "Alex", {D1("SMITH", "ALEX"), bad_date}, false, {two_part(bad_date, "Date")}},
+      {"no name",
+       "Alex",
+       {D1("SMITH", "ALEX"), no_name},
+       false,
+       {two_part(no_name, "Swimmer's Name")}},
   };
   for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
     test::TempHome t;
     Watcher monitor;
-    SwimmerMatcher matcher = Family(c.current_first);
-    EXPECT_TRUE(
-        NV3AthleteCheck(t.state, monitor, FileOf({D1("JONES", "KIM"), c.d1}), matcher, "m.nv3"))
-        << c.what;
-    EXPECT_TRUE(matcher.AnyMatch()) << c.what;
-    EXPECT_TRUE(t.io.shown.empty()) << c.what;
-    EXPECT_EQ(monitor.statuses,
-              (std::vector<std::string>{std::string(" Checking for Athletes... "),
-                                        std::string(" Athlete Check Successful ")}))
-        << c.what;
-  }
-}
-
-TEST(NV3AthleteCheck, NoMatchTellsTheUserAndListsOthersOfTheLastName) {
-  test::TempHome t;
-  Watcher monitor;
-  SwimmerMatcher matcher = Family("Alex");
-  const auto lines = FileOf({D1("SMITH", "JORDAN"), D1("JONES", "ALEX"), D1("SMITH", "CASEY"),
-                             D1("SMITH", "ALEX", "", "01022014", "M")});
-  // Not a failure: the user may still import the file.
-  EXPECT_TRUE(NV3AthleteCheck(t.state, monitor, lines, matcher, "m.nv3"));
-  ASSERT_EQ(t.io.shown.size(), 2u);
-  EXPECT_EQ(t.io.shown[0].text, NoResultsText(matcher));
-  EXPECT_NE(t.io.shown[0].text.find("Alex Smith"), std::string::npos);
-  EXPECT_EQ(t.io.shown[1].text,
-            std::string("The file did contain the following athlete(s) with the last name of ") +
-                "Smith\r\nJORDAN SMITH\r\nCASEY SMITH\r\nALEX SMITH");
-  EXPECT_EQ(monitor.statuses.back(), " Athlete Check Successful ");
-
-  // Nobody of the name at all: the first box only.
-  test::TempHome t2;
-  SwimmerMatcher lonely = Family("Alex");
-  EXPECT_TRUE(NV3AthleteCheck(t2.state, monitor, FileOf({D1("JONES", "KIM")}), lonely, "m.nv3"));
-  ASSERT_EQ(t2.io.shown.size(), 1u);
-  EXPECT_EQ(t2.io.shown[0].text, NoResultsText(lonely));
-}
-
-TEST(NV3AthleteCheck, AnUnreadableSwimmerLineStopsWithTheTwoPartBox) {
-  struct Case {
-    std::string line;
-    const char* problem;
-  };
-  const Case cases[] = {{D1("SMITH", "ALEX", "", "13312004"), "Problem: Date"},
-                        {D1("", "ALEX"), "Problem: Swimmer's Name"}};
-  for (const Case& c : cases) {
-    test::TempHome t;
-    Watcher monitor;
-    SwimmerMatcher matcher = Family("Alex");
-    EXPECT_FALSE(
-        NV3AthleteCheck(t.state, monitor, FileOf({D1("SMITH", "ALEX"), c.line}), matcher, "m.nv3"));
-    ASSERT_EQ(t.io.shown.size(), 1u) << c.problem;  // no "no results" box behind it
-    const auto& box = t.io.shown[0];
-    EXPECT_EQ(box.title, "error");
-    EXPECT_EQ(box::Icon(box.style), box::kStop);
-    EXPECT_EQ(box.text,
-              "File processing error for file: m.nv3\r\nThe error is on line: 4\r\nThe problem "
-              "line is listed below in two parts: \r\n>>" +
-                  c.line.substr(0, 80) + "<<\r\n>>" + c.line.substr(80) + "<<\r\n" + c.problem);
-    EXPECT_NE(monitor.statuses.back(), " Athlete Check Successful ");
+    SwimmerMatcher matcher(CurrentSwimmer{1, c.first, "Smith", "F"}, {}, false);
+    std::vector<std::string> lines = {Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
+                                      Nv3("B1", {{"meet_name", "Made-Up Meet"}})};
+    lines.insert(lines.end(), c.swimmers.begin(), c.swimmers.end());
+    EXPECT_EQ(NV3AthleteCheck(t.state, monitor, lines, matcher, "m.nv3"), c.ok);
+    std::vector<std::string> boxes;
+    for (const auto& shown : t.io.shown) boxes.push_back(shown.text);
+    EXPECT_EQ(boxes, c.boxes);
+    EXPECT_EQ(monitor.statuses.front(), " Checking for Athletes... ");
+    EXPECT_EQ(monitor.statuses.back() == " Athlete Check Successful ", c.ok);
+    if (c.ok) {
+      EXPECT_EQ(matcher.AnyMatch(), c.boxes.empty());
+    } else {
+      EXPECT_EQ(t.io.shown.at(0).title, "error");
+      EXPECT_EQ(box::Icon(t.io.shown.at(0).style), box::kStop);
+    }
   }
 }
 
