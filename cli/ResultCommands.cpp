@@ -87,9 +87,6 @@ int Results(Context& c) {
   const auto cells = FillResultCells(records, options, CurrentStandardLookup(c.state),
                                      StateTimeConverter(c.state));
   auto headings = ResultHeadings(filter.sort);
-  // The grid heads both ages "Age"; a reader of the rows needs them apart.
-  headings[kColEventAge] = "Event Age";
-  headings[kColSwimmerAge] = "Swimmer Age";
   Row(c.env.out, {headings.begin(), headings.end()});
   for (size_t i = 0; i < cells.size(); ++i) {
     std::vector<std::string> columns;

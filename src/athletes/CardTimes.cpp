@@ -88,8 +88,17 @@ std::string_view BirthDateProblem(const Date& birth, const Date& today) {
 BirthEntry TypedBirthDate(std::string_view typed, int date_order, const Date& today) {
   const std::string text = Trim(typed);
   if (text.empty()) return {};
-  const auto date = RegionalTextToDate(text, date_order);
-  if (!date) return {false, std::nullopt, ""};
+  // A date copied from elsewhere is often in ISO form, whatever the regional order.
+  auto date = Date::FromIso(text);
+  if (!date || text.size() != 10) date = RegionalTextToDate(text, date_order);
+  if (!date) {
+    const std::string_view form = date_order == 1   ? "DD/MM/YYYY"
+                                  : date_order == 2 ? "YYYY/MM/DD"
+                                                    : "MM/DD/YYYY";
+    return {
+        false, std::nullopt,
+        fmt::format("\"{}\" is not a date. Type the birth date as {} or YYYY-MM-DD.", text, form)};
+  }
   if (const auto problem = BirthDateProblem(*date, today); !problem.empty()) {
     return {false, std::nullopt, std::string(problem)};
   }

@@ -46,7 +46,8 @@ struct BirthEntry {
 // calendar, which ends at `today`.
 std::string_view BirthDateProblem(const Date& birth, const Date& today);
 
-// Reads the text in the regional `date_order`, refusing what BirthDateProblem refuses.
+// Reads the text as YYYY-MM-DD or in the regional `date_order`, refusing what
+// BirthDateProblem refuses; text that is no date is refused with words saying both forms.
 BirthEntry TypedBirthDate(std::string_view typed, int date_order, const Date& today);
 
 // The birth date as the card shows it, in the regional order with four-digit years.

@@ -46,7 +46,15 @@ std::string ZipErrorText(const std::exception& e) {
 }  // namespace
 
 std::string_view ImportDialogFilter(ImportMode mode) {
-  return mode == ImportMode::kOnline ? text::kOnlineFilter : text::kImportFilter;
+  switch (mode) {
+    case ImportMode::kOnline:
+      return text::kOnlineFilter;
+    case ImportMode::kReport:
+      return text::kReportFilter;
+    case ImportMode::kImport:
+      break;
+  }
+  return text::kImportFilter;
 }
 
 std::string QtFileFilter(std::string_view filter) {

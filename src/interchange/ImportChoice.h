@@ -20,8 +20,13 @@ namespace kvlr {
 namespace choose_text {
 inline constexpr std::string_view kDialogTitle = "Import Results";
 // Filters in the "description|patterns|description|patterns" form.
+// The first pair shows every kind the mode takes, so no file hides behind a filter.
 inline constexpr std::string_view kImportFilter =
-    "Result files (*.nv3,*.zip,*.cl2,*.psn)|*.nv3;*.zip;*.cl2|SDIF files (*.SD3)|*.sd3";
+    "Import files (*.cl2,*.sd3,*.nv3,*.psn,*.zip)|*.cl2;*.sd3;*.nv3;*.psn;*.zip|"
+    "Result files (*.nv3,*.zip,*.cl2,*.psn)|*.nv3;*.zip;*.cl2;*.psn|SDIF files (*.SD3)|*.sd3";
+inline constexpr std::string_view kReportFilter =
+    "Reportable files (*.cl2,*.sd3,*.nv3,*.zip)|*.cl2;*.sd3;*.nv3;*.zip|"
+    "Result files (*.nv3,*.zip,*.cl2)|*.nv3;*.zip;*.cl2|SDIF files (*.SD3)|*.sd3";
 inline constexpr std::string_view kOnlineFilter = "CSO Result files (KVLR_*.txt)|KVLR_*.txt|";
 inline constexpr std::string_view kUnzippedImportFilter =
     "Result/Roster files (*.nv3)|*.nv3|Commlink files (*.cl2)|*.cl2|SDIF files (*.SD3)|*.sd3";
@@ -63,7 +68,7 @@ inline constexpr std::string_view kNoteCl2Sd3 =
     "Note that only *.cl2 and *.sd3 files will be displayed.";
 }  // namespace choose_text
 
-// The filter of the first dialog: the online one in kOnline, else the import one.
+// The filter of the first dialog for `mode`.
 std::string_view ImportDialogFilter(ImportMode mode);
 
 // A "description|patterns|..." filter in Qt's form "description (p1 p2);;...": patterns split

@@ -186,8 +186,9 @@ std::vector<ResultRecord> RunResults(SQLite::Database& db, const ResultsPlan& pl
 
 std::array<std::string, kResultColumnCount> ResultHeadings(ResultSort sort) {
   std::array<std::string, kResultColumnCount> h = {
-      "Distance", "Stroke", "Time", "DQ/NT", "I/R",        "P/F",  "Standard", "Converted",
-      "Event",    "Age",    "Age",  "Place", "Start Date", "Meet", "Comment"};
+      "Distance",    "Stroke",   "Time",       "DQ/NT", "I/R",
+      "P/F",         "Standard", "Converted",  "Event", "Event Age",
+      "Swimmer Age", "Place",    "Start Date", "Meet",  "Comment"};
   if (sort == ResultSort::kStartOldest)
     h[kColStartDate] = "Meet Start " + std::string(kOldestFirst);
   if (sort == ResultSort::kStartNewest)

@@ -8,7 +8,7 @@ namespace kvlr::shell_text {
 inline constexpr std::string_view kOpeningDatabase = "Opening Database...";
 inline constexpr std::string_view kApplyingFavorites = "Applying Favorite Settings...";
 inline constexpr std::string_view kWelcomeHead = "Setting Up Database for KVL-R";
-inline constexpr std::string_view kWelcome = "Welcome to Norvan's KVL RENEWED for Windows";
+inline constexpr std::string_view kWelcome = "Welcome to Norvan's KVL RENEWED";
 inline constexpr std::string_view kWelcomeStep1 =
     "1. Click on 'File' then 'Open/New' Database and enter a Database name.";
 inline constexpr std::string_view kWelcomeStep1More =

@@ -9,13 +9,9 @@ namespace kvlr::backup_text {
 inline constexpr std::string_view kBackupTitle = "Backup Current KVL-R Database";
 inline constexpr std::string_view kEnterComments = "Enter Comments for the Backup:";
 inline constexpr std::string_view kBackupHelp =
-    "You may backup to removable storage devices (diskettes, CDRW, etc) or to another directory "
-    "on your hard drive.  "
-    "If you are not backing up to diskettes, you may store multiple backups in the same "
-    "directory because KVL-R names the backup based on the "
-    "database name and then numbers the backups sequentially from 1 to 99.  If you use "
-    "diskettes to backup, all the data on those diskettes will"
-    " be deleted.";
+    "You may back up to any folder: another folder on this computer, a USB stick or a network "
+    "drive.  KVL-R names the backup after the database and numbers the backups from 1 to 99, so "
+    "many backups can share one folder; nothing else in that folder is touched.";
 inline constexpr std::string_view kBackupExamples =
     "KVL-RBkup-01.zip, KVL-RBkup-02.zip, KVL-RBkup-23.zip";
 

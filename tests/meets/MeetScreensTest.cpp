@@ -194,7 +194,7 @@ TEST_F(MeetScreens, MeetCardSavesAndKeepsTheCheckWords) {
   EXPECT_EQ(LastShown(), meettxt::kSelectCourse);
   auto* course = Child<QComboBox>(&card, "cboCourse");
   course->setCurrentIndex(course->findData("SO"));
-  EXPECT_EQ(course->currentText(), "SO;use best SC Meter times only");
+  EXPECT_EQ(course->currentText(), "Use best SC Meter times only");
   Child<QLineEdit>(&card, "txtStart")->setText("07/04/2026");
   auto* type = Child<QComboBox>(&card, "CSCboMeetType");
   type->setCurrentIndex(type->findData("USS"));

@@ -38,8 +38,11 @@ frmMeetMaint::frmMeetMaint(AppState& state, int32_t meet, QWidget* parent)
   course_->setObjectName("cboCourse");
   course_->addItem(QString(), QString());
   for (std::string_view choice : meettxt::kCourseChoices) {
+    // The list shows the words; the value stored stays the code before the ';'.
     const auto cut = choice.find(';');
-    course_->addItem(Q(choice), Q(choice.substr(0, cut)));
+    QString words = Q(choice.substr(cut + 1));
+    words[0] = words[0].toUpper();
+    course_->addItem(words, Q(choice.substr(0, cut)));
   }
   start_ = Edit(this, "txtStart", 10);
   end_ = Edit(this, "txtEnd", 10);
