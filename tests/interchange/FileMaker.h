@@ -96,30 +96,22 @@ inline FieldTable Layout(std::string_view spec) {
   return t;
 }
 
+// Only the fields some test sets are named.
 inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
   static const auto tables = [] {
     std::map<std::string, FieldTable, std::less<>> t;
-    // Column 158 stands in every layout: a plain SDIF file must leave it blank.
-    auto add = [&](const char* code, std::string spec) {
-      t[code] = Layout(spec + " column158:158");
-    };
-    add("A0",
+    t["A0"] = Layout(
         "organization:3 version:4-11 file_code:12-13 software_name:44-63 software_version:64-73 "
         "contact_name:74-93 contact_phone:94-105 file_date:106-113 source_code:150-151 "
         "content_code:152-153 reserved:156-157 check_sum:159-160");
-    add("B1",
-        "organization:3 meet_name:12-41 address1:42-63 address2:64-85 location:86-120 "
-        "meet_type:121 start:122-129 end:130-137 course:150");
-    add("B2", "host_name:12-41 address1:42-63 address2:64-85 location:86-120 phone:121-132");
-    add("C1",
+    t["B1"] = Layout(
+        "organization:3 meet_name:12-41 location:86-120 meet_type:121 start:122-129 end:130-137 "
+        "course:150");
+    t["B2"] = Layout("host_name:12-41 location:86-120 phone:121-132");
+    t["C1"] = Layout(
         "organization:3 lsc:12-13 team_code:14-17 team_name:18-47 short_name:48-63 "
-        "address1:64-85 address2:86-107 city:108-127 state:128-129 postal_code:130-139 "
-        "country:140-142 region:143 team_code5:150");
-    add("C2",
-        "organization:3 lsc:12-13 team_code:14-17 coach_name:18-47 coach_phone:48-59 "
-        "count1:60-65r count2:66-71r count3:72-76r count4:77-82r count5:83-88r reserved:89-104 "
-        "reserved150:150");
-    add("D0",
+        "city:108-127 state:128-129 country:140-142 region:143 team_code5:150");
+    t["D0"] = Layout(
         "organization:3 swimmer_name:12-39 swimmer_number:40-51 attach:52 citizen:53-55 "
         "birth:56-63 age:64-65r sex:66 event_sex:67 distance:68-71r stroke:72 "
         "event_number:73-75r event_letter:76 event_age:77-80 swim_date:81-88 seed_time:89-96r "
@@ -127,48 +119,41 @@ inline const std::map<std::string, FieldTable, std::less<>>& SdifTables() {
         "swim_off_course:115 finals_time:116-123r finals_course:124 prelim_heat:125-126r "
         "prelim_lane:127-128r finals_heat:129-130r finals_lane:131-132r prelim_place:133-135r "
         "finals_place:136-138r points:139-142r lower_time_class:143 upper_time_class:144 "
-        "flight:145 private_stroke:150 points_hundredths:151-152r exhibition:156");
-    add("D1",
+        "private_stroke:150 exhibition:156");
+    t["D1"] = Layout(
         "organization:3 lsc:12-13 team_code:14-17 team_code5:18 swimmer_name:19-46 "
         "swimmer_number:48-59 attach:60 citizen:61-63 birth:64-71 age:72-73r sex:74 "
-        "admin1:75-104 admin2:105-124 day_phone:125-136 evening_phone:137-148 "
-        "last_membership:149-156 member_code:157");
-    add("D2",
+        "day_phone:125-136 evening_phone:137-148 last_membership:149-156 member_code:157");
+    t["D2"] = Layout(
         "organization:3 lsc:12-13 team_code:14-17 team_code5:18 swimmer_name:19-46 "
         "addressee:47-76 street:77-106 city:107-126 state:127-128 country:129-140 zip:141-150 "
-        "country_code:151-153 region:154 answer:155 season:156");
-    add("D3",
-        "new_swimmer_number:3-16 preferred_first_name:17-31 ethnicity:32-33 flags:34-41 "
-        "flags2:43-46");
-    add("E0",
+        "region:154 answer:155 season:156");
+    t["D3"] =
+        Layout("new_swimmer_number:3-16 preferred_first_name:17-31 ethnicity:32-33 flags:34-41");
+    t["E0"] = Layout(
         "organization:3 team_letter:12 lsc:13-14 team_code:15-18 f0_count:19-20r event_sex:21 "
         "distance:22-25r stroke:26 event_number:27-29r event_letter:30 event_age:31-34 "
-        "total_age:35-37r swim_date:38-45 seed_time:46-53r seed_course:54 prelim_time:55-62r "
-        "prelim_course:63 swim_off_time:64-71r swim_off_course:72 finals_time:73-80r "
-        "finals_course:81 prelim_heat:82-83r prelim_lane:84-85r finals_heat:86-87r "
-        "finals_lane:88-89r prelim_place:90-92r finals_place:93-95r points:96-99r "
-        "lower_time_class:100 upper_time_class:101 private_stroke:150 points_hundredths:151-152r "
-        "exhibition:156");
-    add("F0",
+        "swim_date:38-45 seed_time:46-53r seed_course:54 prelim_time:55-62r prelim_course:63 "
+        "swim_off_time:64-71r swim_off_course:72 finals_time:73-80r finals_course:81 "
+        "prelim_heat:82-83r prelim_lane:84-85r finals_heat:86-87r finals_lane:88-89r "
+        "prelim_place:90-92r finals_place:93-95r points:96-99r lower_time_class:100 "
+        "upper_time_class:101 private_stroke:150 exhibition:156");
+    t["F0"] = Layout(
         "organization:3 lsc:16-17 team_code:18-21 team_code5:22 swimmer_name:23-45 "
         "swimmer_number:51-62 citizen:63-65 birth:66-73 age:74-75r sex:76 prelim_order:77 "
         "swim_off_order:78 finals_order:79 leg_time:80-87r leg_course:88 take_off:89-92r "
         "new_swimmer_number:93-106");
-    add("G0",
+    t["G0"] = Layout(
         "organization:3 swimmer_name:16-43 swimmer_number:44-55 sequence:56r total_splits:57-58r "
         "split_distance:59-62r split_code:63 prelim_final:144");
-    add("J0",
-        "meet_code:11 event_sex:17 distance:18-21r stroke:22 event_age:47-50 reserved51:51 "
-        "reserved52:52-53 reserved54:54-55 date:66-73");
-    add("J2", "event_sex:3 distance:4-7r stroke:8 color:9-12 date:66-73");
-    add("Z0",
+    t["J0"] =
+        Layout("meet_code:11 event_sex:17 distance:18-21r stroke:22 event_age:47-50 date:66-73");
+    t["J2"] = Layout("event_sex:3 distance:4-7r stroke:8 color:9-12 date:66-73");
+    t["Z0"] = Layout(
         "organization:3 file_code:12-13 notes:14-43 b1_count:44-46r meet_count:47-49r "
         "c1_count:50-53r team_count:54-57r d0_count:58-63r swimmer_count:64-69r e0_count:70-74r "
-        "f0_count:75-80r g0_count:81-86r batch1:87-91r batch2:92-94r batch3:98-100r "
-        "batch4:101-103r");
+        "f0_count:75-80r g0_count:81-86r");
     AddTimes(t["G0"], "split", 10, 64);
-    AddTimes(t["J0"], "time", 3, 23);
-    AddTimes(t["J2"], "time", 6, 13);
     t["J1"] = t["J2"];  // a J1 line is cut like a J2
     return t;
   }();
@@ -189,16 +174,15 @@ inline const std::map<std::string, FieldTable, std::less<>>& Nv3Tables() {
         "age:97-99r");
     t["E1"] = Layout(
         "sex:3 athlete:4-8r last5:9-13 sex2:14 event_sex:15 distance:16-21r stroke_letter:22 "
-        "age_group:23-28 col29:29-31 fee:33-38r event_number:39-41r event_letter:42 "
-        "entry_zero:43-50r seed_time:52-59r seed_course:60 points:61-68r exhibition:81 col84:84 "
-        "age:86-88r age2:89-91r col92:92 lead_off:95 gs_mark:96");
+        "age_group:23-28 fee:33-38r event_number:39-41r event_letter:42 seed_time:52-59r "
+        "seed_course:60 points:61-68r exhibition:81 col84:84 age:86-88r age2:89-91r col92:92 "
+        "lead_off:95 gs_mark:96");
     t["E2"] = t["F2"] = Layout(
         "f_p:3 score:4-11r course:12 nt_letter:13 exhibition:16 place:30-33r number:61-63r "
-        "f_p2:64 score2:65-72r course2:73 nt_letter2:74 exhibition2:77 place2:91-94r");
+        "f_p2:64 score2:65-72r course2:73 nt_letter2:74 place2:91-94r");
     t["F1"] = Layout(
-        "team_code:3-7 relay_letter:8 col9:9-12 col13:13 col14:14 event_sex:15 distance:16-21r "
-        "stroke_letter:22 age_group:23-28 col29:29-31 event_number:39-41r event_letter:42 "
-        "seed_time:52-59r seed_course:60 col84:84");
+        "team_code:3-7 relay_letter:8 col9:9-12 event_sex:15 distance:16-21r stroke_letter:22 "
+        "age_group:23-28 event_number:39-41r event_letter:42 seed_time:52-59r seed_course:60");
     FieldTable& g1 = t["G1"];
     for (int i = 0; i < 11; ++i) {
       const int at = 3 + 11 * i;
@@ -328,12 +312,11 @@ inline std::string FileText(const std::vector<std::string>& lines) {
   return out;
 }
 
-// A whole file of one meet: A0, B1, C1, the swims in the order added, Z0 with the counts
-// of what was added. Defaults make a valid results file (file code "02", version 3, made-
+// A whole file of one meet: A0, B1, C1, the lines in the order added, Z0 with the counts
+// of its lines. Defaults make a valid results file (file code "02", version 3, made-
 // up people); every call's fields override the defaults by name.
 class SdifFile {
  public:
-  using Fields = FieldList;
 
   // `commlink`: a .cl2 (software "Norvan, Ltd", check sums); else a plain .sd3.
   explicit SdifFile(bool commlink = true)
@@ -347,15 +330,8 @@ class SdifFile {
     return *this;
   }
   // A B1 (meet); the first call replaces the default meet.
-  SdifFile& Meet(FieldValues fields = {}) {
-    return Add("B1",
-               "meet_name=Autumn Made-Up Invite|location=Springfield|start=11012026|"
-               "end=11022026|course=Y",
-               fields);
-  }
-  SdifFile& Team(FieldValues fields = {}) {
-    return Add("C1", "lsc=ZZ|team_code=MUST|team_name=Made Up Swim Team", fields);
-  }
+  SdifFile& Meet(FieldValues fields = {}) { return Add("B1", kMeet, fields); }
+  SdifFile& Team(FieldValues fields = {}) { return Add("C1", kTeam, fields); }
   // A D0 and, with `with_d3`, the D3 behind it.
   SdifFile& Swim(FieldValues fields = {}, bool with_d3 = true) {
     Add("D0",
@@ -397,48 +373,36 @@ class SdifFile {
   }
 
   std::vector<std::string> Lines() const {
-    std::vector<std::string> out;
-    out.push_back(Finish("A0", a0_));
-    int b = 0, c = 0, d0 = 0, d1 = 0, e0 = 0, f0 = 0, g0 = 0;
-    const bool default_meet =
-        std::none_of(body_.begin(), body_.end(), [](const Entry& e) { return e.code == "B1"; });
-    if (default_meet) {
-      SdifFile meet(commlink_);
-      meet.Meet();
-      out.push_back(Finish("B1", meet.body_.front().fields));
-      ++b;
+    std::vector<std::string> out = {Finish("A0", a0_)};
+    const auto has = [&out](const char* code) {
+      return std::any_of(out.begin(), out.end(),
+                         [code](const auto& l) { return l.starts_with(code); });
+    };
+    if (std::none_of(body_.begin(), body_.end(), [](const Entry& e) { return e.code == "B1"; })) {
+      out.push_back(Finish("B1", Merged(kMeet, {})));
     }
-    bool team_seen = false;
     for (const Entry& e : body_) {
-      if (e.code == "C1") team_seen = true;
-      if (!team_seen && (e.code == "D0" || e.code == "D1" || e.code == "E0")) {
-        SdifFile team(commlink_);
-        team.Team();
-        out.push_back(Finish("C1", team.body_.front().fields));
-        ++c;
-        team_seen = true;
+      if ((e.code == "D0" || e.code == "D1" || e.code == "E0") && !has("C1")) {
+        out.push_back(Finish("C1", Merged(kTeam, {})));
       }
       out.push_back(e.code.empty() ? e.raw : Finish(e.code, e.fields));
-      b += e.code == "B1" || e.code == "B2";
-      c += e.code == "C1";
-      d0 += e.code == "D0";
-      d1 += e.code == "D1";
-      e0 += e.code == "E0";
-      f0 += e.code == "F0";
-      g0 += e.code == "G0";
     }
+    std::map<std::string, int, std::less<>> n;
+    for (const auto& line : out) ++n[line.substr(0, 2)];
+    const std::string meets = std::to_string(n["B1"] + n["B2"]);
+    const std::string teams = std::to_string(n["C1"]);
     const auto file_code =
         std::find_if(a0_.begin(), a0_.end(), [](const auto& f) { return f.first == "file_code"; });
-    const Fields z0 = {{"file_code", file_code == a0_.end() ? "" : file_code->second},
-                       {"b1_count", std::to_string(b)},
-                       {"meet_count", std::to_string(b)},
-                       {"c1_count", std::to_string(c)},
-                       {"team_count", std::to_string(c)},
-                       {"d0_count", std::to_string(d0)},
-                       {"swimmer_count", std::to_string(d1 > 0 ? d1 : d0)},
-                       {"e0_count", std::to_string(e0)},
-                       {"f0_count", std::to_string(f0)},
-                       {"g0_count", std::to_string(g0)}};
+    const FieldList z0 = {{"file_code", file_code->second},
+                          {"b1_count", meets},
+                          {"meet_count", meets},
+                          {"c1_count", teams},
+                          {"team_count", teams},
+                          {"d0_count", std::to_string(n["D0"])},
+                          {"swimmer_count", std::to_string(n["D1"] > 0 ? n["D1"] : n["D0"])},
+                          {"e0_count", std::to_string(n["E0"])},
+                          {"f0_count", std::to_string(n["F0"])},
+                          {"g0_count", std::to_string(n["G0"])}};
     out.push_back(Finish("Z0", Merged(z0, z0_)));
     return out;
   }
@@ -446,9 +410,13 @@ class SdifFile {
   std::string Text() const { return FileText(Lines()); }
 
  private:
+  static constexpr const char* kMeet =
+      "meet_name=Autumn Made-Up Invite|location=Springfield|start=11012026|end=11022026|course=Y";
+  static constexpr const char* kTeam = "lsc=ZZ|team_code=MUST|team_name=Made Up Swim Team";
+
   struct Entry {
     std::string code;
-    Fields fields;
+    FieldList fields;
     std::string raw;
   };
 
@@ -457,14 +425,14 @@ class SdifFile {
     return *this;
   }
 
-  std::string Finish(std::string_view code, const Fields& fields) const {
+  std::string Finish(std::string_view code, const FieldList& fields) const {
     const std::string line = Sdif(code, fields);
     return commlink_ ? Cl2(line) : line;
   }
 
   bool commlink_;
-  Fields a0_;
-  Fields z0_;
+  FieldList a0_;
+  FieldList z0_;
   std::vector<Entry> body_;
 };
 
