@@ -3,14 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include <QAbstractItemModelTester>
 #include <QPushButton>
 #include <QTableView>
 
-#include "core/TimeText.h"
 #include "standards/GoalsScreen.h"
 #include "support/QtApp.h"
 #include "support/TempHome.h"
@@ -62,7 +60,7 @@ TEST_F(GoalsScreen, TypedGoalsAreStoredAndHandedToTheOtherScreens) {
   EXPECT_FALSE(splits->isEnabled());  // no goal yet
 
   screen.AddComment();
-  EXPECT_TRUE(t.io.Saw(goaltxt::kAddGoalFirst));
+  EXPECT_TRUE(t.io.Saw("You must add a Goal Time before adding a comment."));
   EXPECT_EQ(heading, "");
 
   ASSERT_TRUE(model.setData(model.index(0, GoalGridModel::kTime), "59.80", Qt::EditRole));
@@ -75,16 +73,13 @@ TEST_F(GoalsScreen, TypedGoalsAreStoredAndHandedToTheOtherScreens) {
   EXPECT_NE(split_result, 0);
   screen.AddComment();
   EXPECT_EQ(heading, "Event: 100 Free Goal - Time: 59.80");
-  if (const char* dir = std::getenv("KVLR_SCREENSHOTS")) {
-    screen.show();
-    screen.grab().save(QString(dir) + "/frmGoals.png");
-  }
+  test::Shoot(screen, "frmGoals");
 
   t.io.shown.clear();
   EXPECT_FALSE(model.setData(model.index(1, GoalGridModel::kTime), "7", Qt::EditRole));
-  EXPECT_TRUE(t.io.Saw(kInvalidTime));
+  EXPECT_TRUE(t.io.Saw("Invalid Time"));
   screen.Print();
-  EXPECT_TRUE(t.io.Saw(goaltxt::kPrintNotYet));
+  EXPECT_TRUE(t.io.Saw("Printing goals is not available yet."));
 }
 
 }  // namespace

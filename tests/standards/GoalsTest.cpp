@@ -8,7 +8,6 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
-#include "core/TimeText.h"
 #include "meets/DefaultEvents.h"
 #include "meets/Goals.h"
 #include "support/TempHome.h"
@@ -35,6 +34,12 @@ class Goals : public ::testing::Test {
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
 
+  std::string Row(const std::string& sql, int64_t key) {
+    SQLite::Statement q(Db(), sql);
+    q.bind(1, key);
+    return q.executeStep() ? q.getColumn(0).getString() : "<no row>";
+  }
+
   std::vector<std::string> Texts(const std::vector<GoalRow>& rows) {
     std::vector<std::string> out;
     for (const GoalRow& r : rows) out.push_back(r.event_text);
@@ -46,27 +51,21 @@ class Goals : public ::testing::Test {
 };
 
 TEST_F(Goals, EachCourseGetsItsMeetOnceAndAnyGoalsNamedMeetCounts) {
-  struct Case {
-    char course;
-    std::string_view name;
-  };
-  for (const Case& c : {Case{'Y', goaltxt::kYardName}, Case{'L', goaltxt::kLongName},
-                        Case{'S', goaltxt::kShortName}}) {
-    const int32_t meet = GetGoalMeet(t.state, c.course);
-    ASSERT_NE(meet, 0);
-    EXPECT_EQ(GetGoalMeet(t.state, c.course), meet);  // a second opening finds it
-    SQLite::Statement q(Db(), "SELECT MName, Start, End, Course, Type FROM MEET WHERE Meet = ?");
-    q.bind(1, meet);
-    ASSERT_TRUE(q.executeStep());
-    EXPECT_EQ(q.getColumn(0).getString(), c.name);
-    EXPECT_EQ(q.getColumn(1).getString(), "2000-01-01");
-    EXPECT_EQ(q.getColumn(2).getString(), "2000-01-01");
-    EXPECT_EQ(q.getColumn(3).getString(), std::string(1, c.course));
-    EXPECT_EQ(q.getColumn(4).getString(), "G");
+  const std::pair<char, std::string> meets[] = {
+      {'Y', "Goals - Yard Pools/2000-01-01/2000-01-01/Y/G"},
+      {'L', "Goals - Long Course Meter Pools/2000-01-01/2000-01-01/L/G"},
+      {'S', "Goals - Short Course Meter Pools/2000-01-01/2000-01-01/S/G"}};
+  for (const auto& [course, row] : meets) {
+    const int32_t meet = GetGoalMeet(t.state, course);
+    EXPECT_EQ(GetGoalMeet(t.state, course), meet);  // a second opening finds it
+    EXPECT_EQ(Row("SELECT MName || '/' || Start || '/' || End || '/' || Course || '/' || Type "
+                  "FROM MEET WHERE Meet = ?",
+                  meet),
+              row);
   }
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM MEET"), 3);
   EXPECT_TRUE(t.io.shown.empty());
-  EXPECT_EQ(GoalMeetName('X'), goaltxt::kShortName);
+  EXPECT_EQ(GoalMeetName('X'), "Goals - Short Course Meter Pools");
 
   // Only the first five letters count.
   Db().exec("DELETE FROM MEET");
@@ -97,7 +96,7 @@ TEST_F(Goals, AMeetThatCannotBeHadIsReported) {
   Db().exec("DROP TABLE MEET");
   t.io.Script({Answer::kCancel});  // the error box
   EXPECT_EQ(GetGoalMeet(t.state, 'Y'), 0);
-  EXPECT_TRUE(t.io.Saw(goaltxt::kProblemGettingGoalMeet));
+  EXPECT_TRUE(t.io.Saw("Problem getting Goal Meet"));
 }
 
 TEST_F(Goals, TheGridHoldsTheSwimmersSexByStrokeAndDistance) {
@@ -128,24 +127,17 @@ TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].result, 0);
   EXPECT_EQ(rows[0].TimeText(), "");
+  EXPECT_EQ(GoalCommentHeading(t.state, rows[0]), "");
+  EXPECT_TRUE(t.io.Saw("You must add a Goal Time before adding a comment."));
   ASSERT_TRUE(WriteGoal(t.state, rows[0], "1:05.50", 12, 7));
   EXPECT_EQ(t.state.gCurrentMeet, 500);
   EXPECT_NE(rows[0].result, 0);
   EXPECT_EQ(rows[0].TimeText(), "1:05.50");
 
-  SQLite::Statement q(Db(),
-                      "SELECT MEET, ATHLETE, I_R, SCORE, RANK, TRANK, MTEVENT, AGE FROM RESULT "
-                      "WHERE RESULT = ?");
-  q.bind(1, rows[0].result);
-  ASSERT_TRUE(q.executeStep());
-  EXPECT_EQ(q.getColumn(0).getInt(), meet);
-  EXPECT_EQ(q.getColumn(1).getInt(), 7);
-  EXPECT_EQ(q.getColumn(2).getString(), "G");
-  EXPECT_EQ(q.getColumn(3).getInt(), 6550);
-  EXPECT_EQ(q.getColumn(4).getInt(), -1);
-  EXPECT_EQ(q.getColumn(5).getInt(), -1);
-  EXPECT_EQ(q.getColumn(6).getInt(), event);
-  EXPECT_EQ(q.getColumn(7).getInt(), 12);
+  EXPECT_EQ(Row("SELECT MEET || '/' || ATHLETE || '/' || I_R || '/' || SCORE || '/' || RANK || '/' "
+                "|| TRANK || '/' || MTEVENT || '/' || AGE FROM RESULT WHERE RESULT = ?",
+                rows[0].result),
+            std::to_string(meet) + "/7/G/6550/-1/-1/" + std::to_string(event) + "/12");
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT RANK FROM RESULT WHERE MTEVENT = 900"), 9);
 
   // A second goal replaces the first, and a second reading finds it.
@@ -155,27 +147,17 @@ TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
 
   // A refused text writes nothing and says why.
   ASSERT_FALSE(WriteGoal(t.state, rows[0], "7.00", 12, 7));
-  EXPECT_TRUE(t.io.Saw(kInvalidTime));
+  EXPECT_TRUE(t.io.Saw("Invalid Time"));
   EXPECT_EQ(rows[0].score, 6400);
-}
 
-TEST_F(Goals, ACommentNeedsAGoal) {
-  const int32_t meet = GetGoalMeet(t.state, 'S');
-  Db().exec("DELETE FROM MTEVENT");
-  AddEvent(meet, 200, 5, "M");
-  std::vector<GoalRow> rows = LoadGoals(t.state, meet, 3, "M");
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(GoalCommentHeading(t.state, rows[0]), "");
-  EXPECT_TRUE(t.io.Saw(goaltxt::kAddGoalFirst));
-
-  ASSERT_TRUE(WriteGoal(t.state, rows[0], "2:31.07", 15, 3));
-  EXPECT_EQ(GoalCommentHeading(t.state, rows[0]), "Event: 200 IM Goal - Time: 2:31.07");
+  // The comment heading needs the goal; the row tells whether a comment is stored.
+  EXPECT_EQ(GoalCommentHeading(t.state, rows[0]), "Event: 100 Back Goal - Time: 1:04.00");
   EXPECT_FALSE(rows[0].has_comment);
   SQLite::Statement c(Db(),
-                      "INSERT INTO tblComments (Athlete, ResultID, Comment) VALUES (3, ?, ?)");
+                      "INSERT INTO tblComments (Athlete, ResultID, Comment) VALUES (7, ?, ?)");
   SQLite::bind(c, rows[0].result, "Negative split");
   c.exec();
-  EXPECT_TRUE(LoadGoals(t.state, meet, 3, "M")[0].has_comment);
+  EXPECT_TRUE(LoadGoals(t.state, meet, 7, "F")[0].has_comment);
 }
 
 }  // namespace

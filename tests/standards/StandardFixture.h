@@ -53,17 +53,4 @@ inline int32_t AddLine(SQLite::Database& db, const std::string& name, const char
   return InsertStandardLine(db, StandardTableName(name), line);
 }
 
-// A line key; limits are set by the caller through Fast()/Slow().
-inline StandardLine Key(const char* sex, const char* i_r, int16_t lo, int16_t hi, int16_t distance,
-                        int16_t stroke) {
-  StandardLine line;
-  line.sex = sex;
-  line.i_r = i_r;
-  line.lo_age = lo;
-  line.hi_age = hi;
-  line.distance = distance;
-  line.stroke = stroke;
-  return line;
-}
-
 }  // namespace kvlr::test

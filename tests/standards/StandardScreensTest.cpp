@@ -1,4 +1,3 @@
-#include <cstdlib>
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -20,39 +19,26 @@
 namespace kvlr {
 namespace {
 
-using test::Key;
-using test::MakeOpenDatabase;
+using test::AddLine;
 using test::MakeStandard;
-using test::TempHome;
-
-// Set KVLR_SHOTS to a folder to keep a picture of each screen.
-void Shot(QWidget& w, const char* name) {
-  if (const char* folder = std::getenv("KVLR_SHOTS")) {
-    w.grab().save(QString("%1/%2.png").arg(folder, name));
-  }
-}
 
 class StandardScreens : public testing::Test {
  protected:
   StandardScreens() {
     test::QtApp();
-    MakeOpenDatabase(t);
+    test::MakeOpenDatabase(t);
     MakeStandard(db(), "JO", {"AA", "A"});
     MakeStandard(db(), "Zone", {"Z"});
-    StandardLine boys = Key("M", "I", 11, 12, 100, 1);
-    boys.Slow('Y', 0) = 5500;
-    boys.Fast('Y', 0) = 5000;
-    boys.Slow('Y', 1) = 6000;
-    InsertStandardLine(db(), "JO", boys);
-    InsertStandardLine(db(), "JO", Key("F", "R", 0, 10, 200, 5));
-    InsertStandardLine(db(), "JO", Key("F", "I", 13, 14, 50, 2));
+    AddLine(db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500, 5000}, {'Y', 1, 6000}});
+    AddLine(db(), "JO", "F", "R", 0, 10, 200, 5);
+    AddLine(db(), "JO", "F", "I", 13, 14, 50, 2);
     t.state.gStandardName = "JO";
   }
   SQLite::Database& db() { return *t.state.gDb; }
-  TempHome t;
+  test::TempHome t;
 };
 
-TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourse) {
+TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourseFilteredAndSorted) {
   frmStan screen(t.state);
   QAbstractItemModelTester tester(&screen.Model(),
                                   QAbstractItemModelTester::FailureReportingMode::Warning);
@@ -73,35 +59,9 @@ TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourse) {
   EXPECT_EQ(model.columnCount(), 12);
   screen.SelectStandard("JO");
   screen.SetCourse(GridCourse::kSCY);
-  screen.show();
-  Shot(screen, "frmStan");
-}
+  test::Shoot(screen, "frmStan");
 
-TEST_F(StandardScreens, FiltersAndHeadingSorts) {
-  frmStan screen(t.state);
-  StanModel& model = screen.Model();
-  screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(2);  // Females
-  EXPECT_EQ(model.rowCount(), 2);
-  screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(2);  // Back
-  EXPECT_EQ(model.rowCount(), 1);
-  screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(0);
-  screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(0);
-  ASSERT_EQ(model.rowCount(), 3);
-
-  screen.ClickHeading(5);
-  EXPECT_EQ(screen.SortCaption(), stdtext::kRelaysFirst);
-  EXPECT_EQ(model.Line(0).i_r, "R");
-  screen.ClickHeading(5);
-  EXPECT_EQ(screen.SortCaption(), stdtext::kRelaysLast);
-  EXPECT_EQ(model.Line(2).i_r, "R");
-  screen.ClickHeading(3);  // Distance
-  EXPECT_EQ(model.Line(0).distance, 50);
-  EXPECT_EQ(screen.SortCaption(), "");
-}
-
-TEST_F(StandardScreens, EditedTimesAreStoredAtOnceAndBadOnesRefused) {
-  frmStan screen(t.state);
-  StanModel& model = screen.Model();
+  // Edited times are stored at once, bad ones refused.
   const QModelIndex cell = model.index(1, 9);  // Faster A, boys 100 free
   EXPECT_TRUE(model.setData(cell, "1:02.5", Qt::EditRole));
   EXPECT_EQ(model.data(cell, Qt::DisplayRole).toString(), "1:02.50");
@@ -111,6 +71,25 @@ TEST_F(StandardScreens, EditedTimesAreStoredAtOnceAndBadOnesRefused) {
   EXPECT_FALSE(model.setData(model.index(1, 0), "F", Qt::EditRole));
   EXPECT_TRUE(model.setData(cell, "", Qt::EditRole));
   EXPECT_EQ(test::QueryNumber(db(), "SELECT \"S(25)\" IS NULL FROM JO WHERE Sex = 'M'"), 1);
+
+  // Filters and heading sorts.
+  screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(2);  // Females
+  EXPECT_EQ(model.rowCount(), 2);
+  screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(2);  // Back
+  EXPECT_EQ(model.rowCount(), 1);
+  screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(0);
+  screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(0);
+  ASSERT_EQ(model.rowCount(), 3);
+
+  screen.ClickHeading(5);
+  EXPECT_EQ(screen.SortCaption(), "(Relays First)");
+  EXPECT_EQ(model.Line(0).i_r, "R");
+  screen.ClickHeading(5);
+  EXPECT_EQ(screen.SortCaption(), "(Relays Last)");
+  EXPECT_EQ(model.Line(2).i_r, "R");
+  screen.ClickHeading(3);  // Distance
+  EXPECT_EQ(model.Line(0).distance, 50);
+  EXPECT_EQ(screen.SortCaption(), "");
 }
 
 TEST_F(StandardScreens, DeletingALineAndTheWholeStandardAsk) {
@@ -119,7 +98,7 @@ TEST_F(StandardScreens, DeletingALineAndTheWholeStandardAsk) {
   t.io.Script({Answer::kNo});
   screen.DeleteOneStandard(1);
   EXPECT_EQ(model.rowCount(), 3);
-  EXPECT_EQ(t.io.shown.back().title, stdtext::kRemoveLineTitle);
+  EXPECT_EQ(t.io.shown.back().title, "Remove Standard");
   screen.DeleteOneStandard(1);
   EXPECT_EQ(model.rowCount(), 2);
 
@@ -132,7 +111,7 @@ TEST_F(StandardScreens, DeletingALineAndTheWholeStandardAsk) {
   screen.RemoveEntireStandard();
   EXPECT_EQ(list->count(), 0);
   EXPECT_EQ(screen.OpenAdd(), nullptr);
-  EXPECT_TRUE(t.io.Saw(stdtext::kNoStandardYet));
+  EXPECT_TRUE(t.io.Saw("No Standard has been added yet."));
 }
 
 TEST_F(StandardScreens, AddingALineFromTheFilteredGridFixesTheSex) {
@@ -143,7 +122,7 @@ TEST_F(StandardScreens, AddingALineFromTheFilteredGridFixesTheSex) {
   EXPECT_FALSE(add->sex_->isEnabled());
   EXPECT_EQ(add->Form().sex, "M");
   EXPECT_FALSE(add->Save());
-  EXPECT_EQ(t.io.shown.back().text, stdtext::kSetAgeRange);
+  EXPECT_EQ(t.io.shown.back().text, "Please set the age range.");
   add->ages_->setCurrentIndex(kOtherAgeRange);
   EXPECT_TRUE(add->lo_->isEnabled());
   add->lo_->setValue(19);
@@ -151,7 +130,7 @@ TEST_F(StandardScreens, AddingALineFromTheFilteredGridFixesTheSex) {
   add->distance_->setCurrentIndex(add->distance_->findData(200));
   add->stroke_->setCurrentIndex(0);
   add->relay_->setChecked(true);
-  Shot(*add, "frmStanAdd");
+  test::Shoot(*add, "frmStanAdd");
   ASSERT_TRUE(add->Save());
   EXPECT_EQ(screen.Model().rowCount(), 2);
   StandardFilter filter;
@@ -168,9 +147,9 @@ TEST_F(StandardScreens, ANewStandardIsListedAndShown) {
   desig->name_->setText("Sect");
   desig->designators_[0]->setText("S1");
   desig->designators_[2]->setText("S3");
-  Shot(*desig, "frmDesig");
+  test::Shoot(*desig, "frmDesig");
   EXPECT_FALSE(desig->Save());
-  EXPECT_EQ(t.io.shown.back().text, stdtext::kNoSkipping);
+  EXPECT_EQ(t.io.shown.back().text, "You can't skip any lines when adding designators.");
   desig->designators_[1]->setText("S2");
   desig->long_names_[1]->setText("Second");
   ASSERT_TRUE(desig->Save());
@@ -214,8 +193,7 @@ TEST_F(StandardScreens, MakeCurrentIsStoredShownAndJudgedAgainst) {
   EXPECT_EQ(current->text(), "Current standard: JO");
   int16_t level = 0;
   EXPECT_EQ(GetStandard(t.state, level, 5400, "M", 100, 1, 11, "Y", false), "AA");
-  screen.show();
-  Shot(screen, "frmStan-current");
+  test::Shoot(screen, "frmStan-current");
 
   t.io.Script({Answer::kYes});
   screen.RemoveEntireStandard();
