@@ -592,9 +592,13 @@ TEST(SdifCheckTest, CancelStopsBetweenLinesWithoutABox) {
 }
 
 TEST(SdifCheckTest, NoResultsForTheSwimmerIsToldOutsideReports) {
+  // Others of the family name are listed once each, whatever their sex; another family's not.
   const auto lines = SdifFile()
                          .Swim("swimmer_name=DOE, JOHN|sex=M")
+                         .Swim("swimmer_name=DOE, JOHN|sex=M|event_number=14")
                          .Swim({{"swimmer_name", "DOE, MARY B"}})
+                         .Swim({{"swimmer_name", "ROE, JANE"}})
+                         .Swim("swimmer_name=DOE, JANE|sex=M")
                          .Lines();
   {
     SwimmerMatcher matcher(CurrentSwimmer{7, "Jane", "Doe", "F"}, {}, false);
@@ -607,7 +611,7 @@ TEST(SdifCheckTest, NoResultsForTheSwimmerIsToldOutsideReports) {
               "correctly by the meet host.");
     EXPECT_EQ(run->io.shown[1].text,
               "The file did contain the following athlete(s) with the last name of "
-              "Doe\r\nJOHN DOE\r\nMARY B DOE");
+              "Doe\r\nJOHN DOE\r\nMARY B DOE\r\nJANE DOE");
   }
   {
     SwimmerMatcher matcher(CurrentSwimmer{7, "Mary", "Doe", "F"}, {}, false);
