@@ -155,38 +155,31 @@ TEST_F(PsnImportTest, ResultsAndTheirSplits) {
   // Athlete, score, age (the birthday is the day after the start), place, course, I_R, F_P;
   // the event's Lo_Hi, sex, I_R and number.
   SQLite::Statement q(Db(),
-                      "SELECT r.Result, r.Athlete, r.Score, r.Age, r.Place, r.Course, r.I_R, "
+                      "SELECT r.Athlete, r.Score, r.Age, r.Place, r.Course, r.I_R, "
                       "r.F_P, e.Lo_Hi, e.Sex, e.I_R, e.MtEv FROM RESULT r JOIN MTEVENT e "
                       "ON e.MtEvent = r.MtEvent ORDER BY r.Distance DESC");
   const auto row = [&q] {
     std::string text;
-    for (int i = 1; i < q.getColumnCount(); ++i) text += q.getColumn(i).getString() + "|";
+    for (int i = 0; i < q.getColumnCount(); ++i) text += q.getColumn(i).getString() + "|";
     return text;
   };
   ASSERT_TRUE(q.executeStep());
   EXPECT_EQ(row(), std::to_string(pat) + "|6532|11|3|Y|I|F|99|F|I|1|");
-  const int64_t free_key = q.getColumn(0).getInt64();
   ASSERT_TRUE(q.executeStep());
   // A lead-off, in an individual event.
   EXPECT_EQ(row(), std::to_string(pat) + "|3410|11|0|L|L|F|99|F|I|2|");
-  const int64_t back_key = q.getColumn(0).getInt64();
 
   // Every 50 in yards; every 100 in long course, the second line going on from the seventh.
-  struct Split {
-    int64_t result;
-    int index;
-    int value;
-  };
-  const Split splits[] = {{free_key, 2, 1490}, {free_key, 4, 3120}, {free_key, 6, 4785},
-                          {free_key, 8, 6532}, {back_key, 4, 1600}, {back_key, 8, 3410},
-                          {back_key, 56, 7000}};
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM SPLITS"), static_cast<long long>(std::size(splits)));
-  for (const auto& s : splits) {
-    SQLite::Statement one(Db(), "SELECT Split FROM SPLITS WHERE SplitID = ? AND SplitIndex = ?");
-    SQLite::bind(one, s.result, s.index);
-    ASSERT_TRUE(one.executeStep()) << s.index;
-    EXPECT_EQ(one.getColumn(0).getInt(), s.value) << s.index;
+  SQLite::Statement splits(Db(),
+                           "SELECT r.Distance, s.SplitIndex, s.Split FROM SPLITS s JOIN RESULT r "
+                           "ON r.Result = s.SplitID ORDER BY r.Distance DESC, s.SplitIndex");
+  std::string rows;
+  while (splits.executeStep()) {
+    rows += splits.getColumn(0).getString() + "|" + splits.getColumn(1).getString() + "|" +
+            splits.getColumn(2).getString() + "\n";
   }
+  EXPECT_EQ(rows,
+            "100|2|1490\n100|4|3120\n100|6|4785\n100|8|6532\n50|4|1600\n50|8|3410\n50|56|7000\n");
 }
 
 TEST_F(PsnImportTest, TheSameSwimAgainRewritesItsRow) {
