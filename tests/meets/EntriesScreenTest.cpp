@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include <QAbstractItemModelTester>
@@ -20,19 +19,12 @@
 #include "meets/EntryTexts.h"
 #include "meets/EntryWriter.h"
 #include "meets/FavoritesScreen.h"
+#include "meets/ResultsFixture.h"
 #include "support/QtApp.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
 namespace {
-
-// Saves what a screen looks like when KVLR_SCREENSHOTS names a folder.
-void Shot(QWidget& w, const char* name) {
-  if (const char* dir = std::getenv("KVLR_SCREENSHOTS")) {
-    w.show();
-    w.grab().save(QString(dir) + "/" + name + ".png");
-  }
-}
 
 class EntriesScreen : public ::testing::Test {
  protected:
@@ -63,8 +55,8 @@ class EntriesScreen : public ::testing::Test {
 TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
   frmEntNa screen(t.state, 5);
   ASSERT_TRUE(screen.Ready());
-  EXPECT_TRUE(std::find(t.io.progress.begin(), t.io.progress.end(),
-                        std::string(entrytxt::kOpeningEntries)) != t.io.progress.end());
+  EXPECT_TRUE(std::find(t.io.progress.begin(), t.io.progress.end(), "Opening Entries by Name...") !=
+              t.io.progress.end());
   QAbstractItemModelTester swimmers(screen.SwimmerModel(),
                                     QAbstractItemModelTester::FailureReportingMode::Warning);
   QAbstractItemModelTester grid(screen.GridModel(),
@@ -86,12 +78,12 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
             "31.50");
   EXPECT_EQ(model.data(model.index(0, EntryGridModel::kEntered), Qt::CheckStateRole).toInt(),
             Qt::Checked);
-  Shot(screen, "frmEntNa");
+  test::Shoot(screen, "frmEntNa");
 
   QSignalSpy refused(&model, &EntryGridModel::TimeRefused);
   EXPECT_FALSE(model.setData(model.index(0, EntryGridModel::kCustomTime), "fast", Qt::EditRole));
   EXPECT_EQ(refused.count(), 1);
-  EXPECT_TRUE(t.io.Saw(kInvalidEntry));
+  EXPECT_TRUE(t.io.Saw("Invalid Entry"));
   ASSERT_TRUE(model.setData(model.index(0, EntryGridModel::kCustomTime), "30.99", Qt::EditRole));
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT Score FROM ENTRY WHERE Athlete = 2 AND Meet = 5"),
             3099);
@@ -108,22 +100,17 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
   screen.findChild<QPushButton*>("cmdHelp")->click();
   ASSERT_EQ(t.io.shown.size(), 1u);
   EXPECT_NE(t.io.shown[0].text.find("Custom Time"), std::string::npos);
-}
 
-TEST_F(EntriesScreen, AMeetWithoutEntryEventsIsNotShown) {
-  frmEntNa screen(t.state, 6);
-  EXPECT_FALSE(screen.Ready());
-  EXPECT_TRUE(t.io.Saw(entrytxt::kNeedEventForEntries));
+  frmEntNa empty(t.state, 6);  // a meet without entry events is not shown
+  EXPECT_FALSE(empty.Ready());
+  EXPECT_TRUE(t.io.Saw("You must have at least one event defined before you can do entries."));
 }
 
 class FavoritesScreen : public ::testing::Test {
  protected:
-  void SetUp() override {
-    test::QtApp();
-    test::MakeOpenDatabase(t);
-    t.io.shown.clear();
-  }
+  void SetUp() override { test::QtApp(); }
   test::TempHome t;
+  test::OpenedDatabase open_{t};
 };
 
 TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {
@@ -147,7 +134,7 @@ TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {
   screen.AddFavorite();  // run 1 saves "Summer"
   ASSERT_EQ(screen.Model()->rowCount(), 1);
   screen.AddFavorite();  // run 2 is refused, run 3 saves "Winter"
-  EXPECT_TRUE(t.io.Saw(entrytxt::kNameExists));
+  EXPECT_TRUE(t.io.Saw("This Filter name already exists.  Please choose another."));
   ASSERT_EQ(screen.Model()->rowCount(), 2);
   screen.AddFavorite();  // run 4 is cancelled
   EXPECT_EQ(screen.Model()->rowCount(), 2);
@@ -161,7 +148,7 @@ TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {
                   ->data(screen.Model()->index(0, 0), Qt::DisplayRole)
                   .toString()
                   .startsWith("Summer"));
-  Shot(screen, "frmFav");
+  test::Shoot(screen, "frmFav");
 
   t.io.Script({Answer::kYes});
   screen.DeleteFavorite();
@@ -173,19 +160,19 @@ TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {
   ASSERT_EQ(t.io.shown.size(), 1u);
   EXPECT_NE(t.io.shown[0].text.find("Heart"), std::string::npos);
 
-  // No default: the first answer keeps the screen open, the second lets it go.
+  // No default: Yes keeps the screen open to choose one, No lets it go.
   screen.show();
-  t.io.Script({Answer::kOk, Answer::kYes});
+  t.io.Script({Answer::kYes});
   screen.reject();
   EXPECT_TRUE(screen.isVisible());
-  t.io.Script({Answer::kOk, Answer::kNo});
+  t.io.Script({Answer::kNo});
   screen.reject();
   EXPECT_FALSE(screen.isVisible());
 }
 
 TEST_F(FavoritesScreen, TheEditBoxOffersNoneAndTheCourseWords) {
   frmFavEdit box(t.state, {0, "Club", "", "SCM"});
-  Shot(box, "frmFavEdit");
+  test::Shoot(box, "frmFavEdit");
   auto* course = box.findChild<QComboBox*>("cboCourse");
   QStringList words;
   for (int i = 0; i < course->count(); ++i) words << course->itemText(i);

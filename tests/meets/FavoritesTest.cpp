@@ -8,7 +8,6 @@
 
 #include <SQLiteCpp/Statement.h>
 
-#include "meets/EntryTexts.h"
 #include "meets/Favorites.h"
 #include "store/Database.h"
 #include "support/TempHome.h"
@@ -44,14 +43,16 @@ class Favorites : public ::testing::Test {
 
 TEST_F(Favorites, NamesAreCheckedBeforeAnyRowIsWritten) {
   ASSERT_NE(Add("Summer", "AG", "LCM"), 0);
+  const std::string_view kRequired = "You must enter a name for this Favorite";
+  const std::string_view kNoQuotes = "No quote marks are allowed in the Favorite Name";
+  const std::string_view kExists = "This Filter name already exists.  Please choose another.";
   struct Case {
     std::string name;
     std::string_view message;
   };
   const std::vector<Case> cases = {
-      {"", entrytxt::kNameRequired},      {"   ", entrytxt::kNameRequired},
-      {"Kid's", entrytxt::kNoQuoteMarks}, {"A\"B", entrytxt::kNoQuoteMarks},
-      {"summer", entrytxt::kNameExists},  {"  SUMMER ", entrytxt::kNameExists},
+      {"", kRequired},     {"   ", kRequired},  {"Kid's", kNoQuotes},
+      {"A\"B", kNoQuotes}, {"summer", kExists}, {"  SUMMER ", kExists},
   };
   for (const Case& c : cases) {
     t.io.shown.clear();
@@ -75,6 +76,12 @@ TEST_F(Favorites, AddingAndEditingKeepTheValuesByName) {
   EXPECT_EQ(all[0].name, "club");
   EXPECT_EQ(all[0].meet_type, "AG");
   EXPECT_EQ(all[0].course, "LCM");
+
+  // The meet types offered come from the codes of meets.
+  std::vector<std::string> abbrs;
+  for (const auto& [abbr, desc] : FavoriteMeetTypes(t.state)) abbrs.push_back(abbr);
+  // A new database holds two meet types and two codes of another kind.
+  EXPECT_EQ(abbrs, (std::vector<std::string>{"AG", "HS"}));
 }
 
 TEST_F(Favorites, RemovingAsksAndEmptiesTheDefaultItWas) {
@@ -86,9 +93,9 @@ TEST_F(Favorites, RemovingAsksAndEmptiesTheDefaultItWas) {
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(DeleteFavorite(t.state, all[0]));
   ASSERT_EQ(t.io.shown.size(), 1u);
-  EXPECT_EQ(t.io.shown[0].title, entrytxt::kRemoveTitle);
-  EXPECT_NE(t.io.shown[0].text.find(entrytxt::kRemoveWarning), std::string::npos);
-  EXPECT_NE(t.io.shown[0].text.find(entrytxt::kRemoveQuestion), std::string::npos);
+  EXPECT_EQ(t.io.shown[0].title, "Remove Favorite");
+  EXPECT_TRUE(t.io.Saw("Warning: This action will remove the selected favorite."));
+  EXPECT_NE(t.io.shown[0].text.find("Do you still want to remove it?"), std::string::npos);
   EXPECT_EQ(Names().size(), 2u);
 
   // Another one goes; the default stays.
@@ -122,10 +129,8 @@ TEST_F(Favorites, TheDefaultLoadsItsValuesAndEmptyFieldsGiveEmptyTexts) {
   GetFavorites(t.state);
   EXPECT_EQ(t.state.gFavoriteMeetType, "");
   EXPECT_EQ(t.state.gFavoriteCourse, "");
-}
 
-TEST_F(Favorites, OpeningADatabaseAppliesTheDefaultThroughTheHook) {
-  Add("Summer", "AG", "LCM");
+  // Opening a database applies the default through the hook.
   InstallFavoriteHooks(t.state);
   Db().exec("UPDATE OPTIONS SET Favorite = 'summer'");
   ApplyDatabaseSettings(t.state);
@@ -157,13 +162,6 @@ TEST_F(Favorites, LeavingWithoutADefaultAsksFirst) {
   t.state.gFavorite = "Summer";
   EXPECT_TRUE(MayLeaveFavorites(t.state));
   EXPECT_TRUE(t.io.shown.empty());
-}
-
-TEST_F(Favorites, MeetTypesComeFromTheCodesOfMeets) {
-  std::vector<std::string> abbrs;
-  for (const auto& [abbr, desc] : FavoriteMeetTypes(t.state)) abbrs.push_back(abbr);
-  // A new database holds two meet types and two codes of another kind.
-  EXPECT_EQ(abbrs, (std::vector<std::string>{"AG", "HS"}));
 }
 
 }  // namespace

@@ -15,14 +15,7 @@ inline int32_t AddMeetRow(SQLite::Database& db, const std::string& name, const s
                           const std::string& end = "") {
   SQLite::Statement q(db,
                       "INSERT INTO MEET (MName, Start, End, Course, Type) VALUES (?, ?, ?, ?, ?)");
-  q.bind(1, name);
-  q.bind(2, start);
-  if (end.empty())
-    q.bind(3, start);
-  else
-    q.bind(3, end);
-  q.bind(4, course);
-  q.bind(5, type);
+  SQLite::bind(q, name, start, end.empty() ? start : end, course, type);
   q.exec();
   return static_cast<int32_t>(db.getLastInsertRowid());
 }

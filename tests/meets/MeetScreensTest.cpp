@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QComboBox>
@@ -47,24 +45,10 @@ class MeetScreens : public ::testing::Test {
     return test::QueryNumber(Db(), sql, value);
   }
   std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
-  template <typename T>
-  static T* Child(QObject* parent, const char* name) {
-    T* child = parent->findChild<T*>(name);
-    EXPECT_NE(child, nullptr) << name;
-    return child;
-  }
   static QStringList Column(QAbstractItemModel* model, int column) {
     QStringList out;
     for (int r = 0; r < model->rowCount(); ++r) out << model->index(r, column).data().toString();
     return out;
-  }
-  // With KVLR_SCREENSHOTS set to a folder, the screen is saved there to be looked at.
-  static void Shot(QWidget& w, const char* name) {
-    if (const char* dir = std::getenv("KVLR_SCREENSHOTS")) {
-      w.show();
-      QApplication::processEvents();
-      w.grab().save(QString::fromLocal8Bit(dir) + "/" + name + ".png");
-    }
   }
 
   test::TempHome t;
@@ -100,7 +84,7 @@ TEST_F(MeetScreens, MeetListModelColumnsSortsAndFilters) {
   EXPECT_EQ(Column(&model, 0), (QStringList{"Bay Open"}));
 }
 
-TEST_F(MeetScreens, DroppingOneMeetOnAnotherAsksForMerge) {
+TEST_F(MeetScreens, DroppingOneMeetOnAnotherMergesAfterTheQuestion) {
   const int32_t a = AddMeetRow(Db(), "Bay Open", "2026-03-01");
   const int32_t b = AddMeetRow(Db(), "Bay Open 2", "2026-03-02");
   MeetListModel model(t.state);
@@ -114,6 +98,11 @@ TEST_F(MeetScreens, DroppingOneMeetOnAnotherAsksForMerge) {
   EXPECT_EQ(spy.at(0).at(0).toInt(), a);
   EXPECT_EQ(spy.at(0).at(1).toInt(), b);
   EXPECT_EQ(model.rowCount(), 2);
+
+  frmMeets screen(t.state);  // the screen merges after the question
+  screen.MergeRows(screen.Model()->RowOf(a), screen.Model()->RowOf(b));
+  EXPECT_TRUE(t.io.Saw("Operation is not reversible!  Backup is recommended first."));
+  EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"Bay Open 2"}));
 }
 
 TEST_F(MeetScreens, MeetListStartsFromFavouriteAndFollowsTheRow) {
@@ -123,9 +112,9 @@ TEST_F(MeetScreens, MeetListStartsFromFavouriteAndFollowsTheRow) {
   Db().exec("INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3)");
   t.state.gFavoriteCourse = "L";
   frmMeets screen(t.state);
-  Shot(screen, "frmMeets");
+  test::Shoot(screen, "frmMeets");
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"Cove Cup", "Bay Open"}));
-  EXPECT_EQ(Child<QLabel>(&screen, "lblSort")->text(), "Start Date (newest first)");
+  EXPECT_EQ(test::Child<QLabel>(screen, "lblSort")->text(), "Start Date (newest first)");
 
   QTest::keyClick(screen.Grid(), Qt::Key_C);
   EXPECT_EQ(screen.Grid()->currentIndex().row(), 0);
@@ -133,27 +122,26 @@ TEST_F(MeetScreens, MeetListStartsFromFavouriteAndFollowsTheRow) {
   QTest::keyClick(screen.Grid(), Qt::Key_B);
   EXPECT_EQ(screen.Grid()->currentIndex().row(), 0);  // "Cove Cup" is the first from B here
 
-  Child<QComboBox>(&screen, "cboCourse")->setCurrentIndex(0);
-  auto* type = Child<QComboBox>(&screen, "cboMeetType");
+  test::Child<QComboBox>(screen, "cboCourse")->setCurrentIndex(0);
+  auto* type = test::Child<QComboBox>(screen, "cboMeetType");
   type->setCurrentIndex(type->findData("USS"));
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"Dune Dual", "Bay Open"}));
   screen.Grid()->horizontalHeader()->sectionClicked(0);
-  EXPECT_EQ(Child<QLabel>(&screen, "lblSort")->text(), "Meet Name");
+  EXPECT_EQ(test::Child<QLabel>(screen, "lblSort")->text(), "Meet Name");
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"Bay Open", "Dune Dual"}));
 }
 
-TEST_F(MeetScreens, EmptyListOffersTheCardAndCommandsNeedAMeet) {
-  frmMeets screen(t.state);
-  screen.OfferAddWhenEmpty();
-  EXPECT_TRUE(t.io.Saw(meettxt::kNoMeetsGoToAdd));
-  auto* card = screen.findChild<frmMeetMaint*>("frmMeetMaint");
+TEST_F(MeetScreens, EmptyListOffersTheCardAndResultsAndEntriesOpenThroughCallbacks) {
+  frmMeets empty(t.state);
+  empty.OfferAddWhenEmpty();
+  EXPECT_TRUE(t.io.Saw(
+      "Since there are no meets setup yet, KVL-R will take you directly to the Meet Add Form."));
+  auto* card = empty.findChild<frmMeetMaint*>("frmMeetMaint");
   ASSERT_NE(card, nullptr);
   card->reject();
-  screen.Edit();
-  EXPECT_EQ(LastShown(), meettxt::kNoMeetsYet);
-}
+  empty.Edit();
+  EXPECT_EQ(LastShown(), "No meets have been setup yet.");
 
-TEST_F(MeetScreens, ResultsAndEntriesOpenThroughCallbacks) {
   const int32_t meet = AddMeetRow(Db(), "Bay Open", "2026-03-01");
   AddEventRow(Db(), "MTEVENTE", meet, 1);
   frmMeets screen(t.state);
@@ -176,27 +164,18 @@ TEST_F(MeetScreens, ResultsAndEntriesOpenThroughCallbacks) {
   EXPECT_EQ(t.state.gCurrentMeet, meet);
 }
 
-TEST_F(MeetScreens, MergeRowsMergesAfterTheQuestion) {
-  const int32_t a = AddMeetRow(Db(), "Bay Open", "2026-03-01");
-  const int32_t b = AddMeetRow(Db(), "Bay Open Day 2", "2026-03-02");
-  frmMeets screen(t.state);
-  screen.MergeRows(screen.Model()->RowOf(a), screen.Model()->RowOf(b));
-  EXPECT_TRUE(t.io.Saw(meettxt::kMergeNotReversible));
-  EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"Bay Open Day 2"}));
-}
-
 TEST_F(MeetScreens, MeetCardSavesAndKeepsTheCheckWords) {
   Db().exec("INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3)");
   frmMeetMaint card(t.state, 0);
-  Shot(card, "frmMeetMaint");
-  Child<QLineEdit>(&card, "txtMName")->setText("Harbor Sprint");
+  test::Shoot(card, "frmMeetMaint");
+  test::Child<QLineEdit>(card, "txtMName")->setText("Harbor Sprint");
   EXPECT_FALSE(card.Save());
-  EXPECT_EQ(LastShown(), meettxt::kSelectCourse);
-  auto* course = Child<QComboBox>(&card, "cboCourse");
+  EXPECT_EQ(LastShown(), "Please select a course");
+  auto* course = test::Child<QComboBox>(card, "cboCourse");
   course->setCurrentIndex(course->findData("SO"));
   EXPECT_EQ(course->currentText(), "Use best SC Meter times only");
-  Child<QLineEdit>(&card, "txtStart")->setText("07/04/2026");
-  auto* type = Child<QComboBox>(&card, "CSCboMeetType");
+  test::Child<QLineEdit>(card, "txtStart")->setText("07/04/2026");
+  auto* type = test::Child<QComboBox>(card, "CSCboMeetType");
   type->setCurrentIndex(type->findData("USS"));
   ASSERT_TRUE(card.Save());
   EXPECT_EQ(card.result(), QDialog::Accepted);
@@ -217,7 +196,7 @@ TEST_F(MeetScreens, MeetTypeListAndCard) {
       "INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3), "
       "('HS', 'High School', 3)");
   frmCodes screen(t.state);
-  Shot(screen, "frmCodes");
+  test::Shoot(screen, "frmCodes");
   QAbstractItemModelTester tester(screen.Model(),
                                   QAbstractItemModelTester::FailureReportingMode::Fatal);
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"USS", "HS"}));
@@ -229,7 +208,7 @@ TEST_F(MeetScreens, MeetTypeListAndCard) {
   ASSERT_NE(card, nullptr);
   card->AbbrBox()->setText("JV");
   EXPECT_FALSE(card->Save());
-  EXPECT_EQ(LastShown(), meettxt::kDescriptionRequired);
+  EXPECT_EQ(LastShown(), "You must enter a Description");
   card->DescBox()->setText("Junior Varsity");
   ASSERT_TRUE(card->Save());
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"HS", "JV", "USS"}));
@@ -244,7 +223,7 @@ TEST_F(MeetScreens, EventListModelFiltersAndSorts) {
   AddEventRow(Db(), "MTEVENT", meet, 1, "A", 1599, 400, 5, "F");
   AddEventRow(Db(), "MTEVENT", meet, 3, "", 10, 200, 1, "X", "R");
   frmEvent screen(t.state, EventList::kResults, meet);
-  Shot(screen, "frmEvent");
+  test::Shoot(screen, "frmEvent");
   EXPECT_EQ(screen.windowTitle(), "Bay Open  - 03/01/2026 LC Meters [Results]");
   QAbstractItemModelTester tester(screen.Model(),
                                   QAbstractItemModelTester::FailureReportingMode::Fatal);
@@ -253,10 +232,10 @@ TEST_F(MeetScreens, EventListModelFiltersAndSorts) {
   EXPECT_EQ(Column(screen.Model(), 4), (QStringList{"15 & Over", "11 - 12", "10 & Under"}));
   screen.Grid()->horizontalHeader()->sectionClicked(1);
   EXPECT_EQ(Column(screen.Model(), 1), (QStringList{"X", "M", "F"}));
-  EXPECT_EQ(Child<QLabel>(&screen, "lblSort")->text(), "(Men First)");
+  EXPECT_EQ(test::Child<QLabel>(screen, "lblSort")->text(), "(Men First)");
   screen.Grid()->horizontalHeader()->sectionClicked(1);
-  EXPECT_EQ(Child<QLabel>(&screen, "lblSort")->text(), "(Women Last)");
-  auto* stroke = Child<QComboBox>(&screen, "cboStroke");
+  EXPECT_EQ(test::Child<QLabel>(screen, "lblSort")->text(), "(Women Last)");
+  auto* stroke = test::Child<QComboBox>(screen, "cboStroke");
   stroke->setCurrentIndex(stroke->findData(2));
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"2"}));
 }
@@ -267,7 +246,7 @@ TEST_F(MeetScreens, EventCardAddsAndStaysOpen) {
   list.Add();
   auto* card = list.findChild<frmEvntAdd*>("frmEvntAdd");
   ASSERT_NE(card, nullptr);
-  Shot(*card, "frmEvntAdd");
+  test::Shoot(*card, "frmEvntAdd");
   card->NumberBox()->setText("4b");
   card->LowBox()->setValue(11);
   card->HighBox()->setValue(12);
@@ -276,7 +255,7 @@ TEST_F(MeetScreens, EventCardAddsAndStaysOpen) {
   card->SexBox()->setCurrentIndex(card->SexBox()->findData("F"));
   EXPECT_TRUE(card->Dirty());
   EXPECT_FALSE(card->ShowEvent(0));
-  EXPECT_EQ(LastShown(), meettxt::kSaveBeforeMoving);
+  EXPECT_EQ(LastShown(), "You need to save your changes before changing to a new event.");
   ASSERT_TRUE(card->Save());
   EXPECT_EQ(card->Status(), "New Event Added");
   EXPECT_EQ(Column(list.Model(), 0), (QStringList{"4B"}));
@@ -286,7 +265,7 @@ TEST_F(MeetScreens, EventCardAddsAndStaysOpen) {
 
   card->NumberBox()->setText("12345");
   emit card->NumberBox()->editingFinished();
-  EXPECT_EQ(LastShown(), meettxt::kEventNumberShape);
+  EXPECT_EQ(LastShown(), "3 digits and one alpha character permitted.");
 }
 
 TEST_F(MeetScreens, ResultListOffersEntryEventsAndCopiesFromAnotherMeet) {
@@ -298,16 +277,16 @@ TEST_F(MeetScreens, ResultListOffersEntryEventsAndCopiesFromAnotherMeet) {
   {
     frmEvent screen(t.state, EventList::kResults, meet);
     screen.OfferEntryEvents();
-    EXPECT_TRUE(t.io.Saw(meettxt::kCopyEntryEventsQuestion));
+    EXPECT_TRUE(t.io.Saw("Do you want to copy the Entry Events for use with Results?"));
     EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"1"}));
   }
   frmCopyEvents copy(t.state, EventList::kResults, meet);
-  Shot(copy, "frmCopyEvents");
+  test::Shoot(copy, "frmCopyEvents");
   auto* meets = copy.MeetBox();
   meets->setCurrentIndex(meets->findData(other));
   copy.SetWhich(CopyWhich::kRelay);
   ASSERT_TRUE(copy.Copy());
-  EXPECT_TRUE(t.io.Saw(meettxt::kNoEntryEventsFound));
+  EXPECT_TRUE(t.io.Saw("No Entry Events found.  Will try to copy Result Events."));
   EXPECT_EQ(Count("SELECT MtEv FROM MTEVENT WHERE Meet = ?", meet), 8);
 }
 

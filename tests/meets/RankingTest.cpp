@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "ResultRows.h"
+#include "ResultsFixture.h"
 #include "meets/MeetHooks.h"
 #include "meets/ResultWriter.h"
 #include "support/TempHome.h"
@@ -15,21 +14,12 @@ namespace {
 using test::Ranks;
 using test::ResultRow;
 
-// Opens a new database before the rows are reached.
-struct OpenDatabase {
-  explicit OpenDatabase(test::TempHome& t) {
-    test::MakeOpenDatabase(t);
-    t.io.shown.clear();
-    t.io.progress.clear();
-  }
-};
-
 class Ranking : public ::testing::Test {
  protected:
   SQLite::Database& Db() { return *t.state.gDb; }
 
   test::TempHome t;
-  OpenDatabase open_{t};
+  test::OpenedDatabase open_{t};
   test::ResultTable results{*t.state.gDb};
 };
 
@@ -45,25 +35,21 @@ ResultRow Swim(int32_t score, std::string course = "Y", std::string i_r = "I",
 }
 
 // The whole ranking and the one-group ranking agree on groups that start with a real time.
-using Ranker = std::function<bool(AppState&)>;
-struct RankerCase {
-  const char* name;
-  Ranker rank;
-};
-void PrintTo(const RankerCase& c, std::ostream* os) {
-  *os << c.name;
-}
+const std::pair<const char*, bool (*)(AppState&)> kRankers[] = {
+    {"whole", [](AppState& s) { return AddRank(s); }},
+    {"group", [](AppState& s) { return AddRankForOne(s, 1, 1, 100, "Y"); }}};
 
-class BothRankings : public Ranking, public ::testing::WithParamInterface<RankerCase> {};
-
-TEST_P(BothRankings, TiesShareAndSkipNonTimesGet999) {
+TEST_F(Ranking, BothRankingsShareTiesSkipAndGiveNonTimes999) {
   const auto ids =
       results.AddAll({Swim(6000), Swim(6100), Swim(6000), Swim(5900, "Y", "I", 5), Swim(6200)});
-  ASSERT_TRUE(GetParam().rank(t.state));
-  EXPECT_EQ(results.Ranks(ids), (Ranks{1, 3, 1, 999, 4}));
+  for (const auto& [name, rank] : kRankers) {
+    Db().exec("UPDATE RESULT SET RANK = 0");
+    ASSERT_TRUE(rank(t.state));
+    EXPECT_EQ(results.Ranks(ids), (Ranks{1, 3, 1, 999, 4})) << name;
+  }
 }
 
-TEST_P(BothRankings, OnlyTheSameSwimmerDistanceStrokeAndCourseCompete) {
+TEST_F(Ranking, BothRankingsSetOnlyTheSameSwimmerDistanceStrokeAndCourseAgainstEachOther) {
   ResultRow other_swimmer = Swim(5000);
   other_swimmer.athlete = 2;
   ResultRow other_distance = Swim(5000);
@@ -73,27 +59,25 @@ TEST_P(BothRankings, OnlyTheSameSwimmerDistanceStrokeAndCourseCompete) {
   const auto mine = results.AddAll({Swim(6000), Swim(5500)});
   results.AddAll(
       {other_swimmer, other_distance, other_stroke, Swim(5000, "L"), Swim(4000, "Y", "N")});
-  ASSERT_TRUE(GetParam().rank(t.state));
-  EXPECT_EQ(results.Ranks(mine), (Ranks{2, 1}));
+  for (const auto& [name, rank] : kRankers) {
+    Db().exec("UPDATE RESULT SET RANK = 0");
+    ASSERT_TRUE(rank(t.state));
+    EXPECT_EQ(results.Ranks(mine), (Ranks{2, 1})) << name;
+  }
 }
 
-TEST_P(BothRankings, LeadOffLegsJoinIndividualSwimsOnlyWithUseLeadOff) {
+TEST_F(Ranking, BothRankingsJoinLeadOffLegsToIndividualSwimsOnlyWithUseLeadOff) {
   const auto ids =
       results.AddAll({Swim(6000), Swim(5800, "Y", "L"), Swim(6100), Swim(6200, "Y", "L")});
-  t.state.gUseLeadOff = true;
-  ASSERT_TRUE(GetParam().rank(t.state));
-  EXPECT_EQ(results.Ranks(ids), (Ranks{2, 1, 3, 4}));
-  t.state.gUseLeadOff = false;
-  ASSERT_TRUE(GetParam().rank(t.state));
-  EXPECT_EQ(results.Ranks(ids), (Ranks{1, 1, 2, 2}));
+  for (const auto& [name, rank] : kRankers) {
+    t.state.gUseLeadOff = true;
+    ASSERT_TRUE(rank(t.state));
+    EXPECT_EQ(results.Ranks(ids), (Ranks{2, 1, 3, 4})) << name;
+    t.state.gUseLeadOff = false;
+    ASSERT_TRUE(rank(t.state));
+    EXPECT_EQ(results.Ranks(ids), (Ranks{1, 1, 2, 2})) << name;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Ranking, BothRankings,
-    ::testing::Values(RankerCase{"Whole", [](AppState& s) { return AddRank(s); }},
-                      RankerCase{"Group",
-                                 [](AppState& s) { return AddRankForOne(s, 1, 1, 100, "Y"); }}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(Ranking, GroupRankingCountsAnLeadOffAsFastAsTheLastIndividualSwimAsATieOfNothing) {
   // The last score isn't reset at the change from 'I' to 'L'.
@@ -252,54 +236,44 @@ TEST_F(Ranking, AStoppedWholeRankingKeepsTheRowsDone) {
   t.state.io = &user;
   EXPECT_FALSE(AddRank(t.state));
   EXPECT_EQ(results.Ranks(ids), (Ranks{1, 2, 3, 4, 0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(user.shown, std::vector<std::string>{std::string(kRankAbortMessage)});
+  EXPECT_EQ(user.shown,
+            std::vector<std::string>{"You fastest times may not be correct.  Run Repair."});
   // The stop ended the transaction: the next write is on its own again.
   t.state.io = &t.io;
   EXPECT_TRUE(AddRankForOne(t.state, 1, 1, 100, "Y"));
   EXPECT_EQ(results.Ranks(ids), (Ranks{1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
 }
 
-struct FailureCase {
-  const char* name;
-  std::vector<Answer> answers;
-  bool result;
-  Ranks ranks;
-  bool abort_message;
-};
-void PrintTo(const FailureCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
-class RankingFailure : public Ranking, public ::testing::WithParamInterface<FailureCase> {};
-
-TEST_P(RankingFailure, TheAnswerDecidesWhatStays) {
+TEST_F(Ranking, AFailedWriteIsDecidedByTheAnswer) {
+  struct Case {
+    const char* name;
+    std::initializer_list<Answer> answers;
+    Ranks ranks;
+    bool abort_message;
+  };
+  const Case cases[] = {
+      {"abort keeps the rows done", {Answer::kAbort}, {1, 2, 0, 0, 0}, true},
+      {"ignore skips the row", {Answer::kIgnore}, {1, 2, 0, 4, 5}, false},
+      {"retry then abort", {Answer::kRetry, Answer::kRetry, Answer::kAbort}, {1, 2, 0, 0, 0}, true},
+      {"any other answer leaves the old ranks", {Answer::kNo}, {0, 0, 0, 0, 0}, false}};
   std::vector<ResultRow> rows;
   for (int i = 0; i < 5; ++i) rows.push_back(Swim(6000 + i));
   const auto ids = results.AddAll(rows);
-  // The store refuses the rank of the third swim.
-  Db().exec(
-      "CREATE TEMP TRIGGER refuse BEFORE UPDATE OF RANK ON RESULT WHEN new.SCORE = 6002 "
-      "BEGIN SELECT RAISE(ABORT, 'refused'); END");
-  for (Answer a : GetParam().answers) t.io.Script({a});
-  EXPECT_EQ(AddRank(t.state), GetParam().result);
-  EXPECT_EQ(results.Ranks(ids), GetParam().ranks);
-  EXPECT_EQ(t.state.gErrorSource, "basUtil.AddRank");
-  EXPECT_EQ(t.io.Saw(kRankAbortMessage), GetParam().abort_message);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    Db().exec("DROP TRIGGER IF EXISTS refuse; UPDATE RESULT SET RANK = 0");
+    // The store refuses the rank of the third swim.
+    Db().exec(
+        "CREATE TEMP TRIGGER refuse BEFORE UPDATE OF RANK ON RESULT WHEN new.SCORE = 6002 "
+        "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+    t.io.shown.clear();
+    t.io.Script(c.answers);
+    EXPECT_FALSE(AddRank(t.state));
+    EXPECT_EQ(results.Ranks(ids), c.ranks);
+    EXPECT_EQ(t.state.gErrorSource, "basUtil.AddRank");
+    EXPECT_EQ(t.io.Saw("You fastest times may not be correct.  Run Repair."), c.abort_message);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Ranking, RankingFailure,
-    ::testing::Values(
-        FailureCase{"AbortKeepsTheRowsDone", {Answer::kAbort}, false, {1, 2, 0, 0, 0}, true},
-        FailureCase{"IgnoreSkipsTheRow", {Answer::kIgnore}, false, {1, 2, 0, 4, 5}, false},
-        FailureCase{"RetryThenAbort",
-                    {Answer::kRetry, Answer::kRetry, Answer::kAbort},
-                    false,
-                    {1, 2, 0, 0, 0},
-                    true},
-        FailureCase{
-            "AnyOtherAnswerLeavesTheOldRanks", {Answer::kNo}, false, {0, 0, 0, 0, 0}, false}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 class TRanking : public Ranking {
  protected:
@@ -332,38 +306,24 @@ class TRanking : public Ranking {
   std::vector<int64_t> ids;
 };
 
-struct SelectionCase {
-  const char* name;
-  TRankSelection selection;
-  Ranks tranks;
-};
-void PrintTo(const SelectionCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
-class TRankSelections : public TRanking, public ::testing::WithParamInterface<SelectionCase> {};
-
-TEST_P(TRankSelections, OnlySelectedSwimsAreNumberedTheRestIsNull) {
-  ASSERT_TRUE(AddTRank(t.state, GetParam().selection));
-  EXPECT_EQ(results.Ranks(ids, "TRANK"), GetParam().tranks);
-}
-
 constexpr auto N = std::nullopt;
 
-INSTANTIATE_TEST_SUITE_P(
-    Ranking, TRankSelections,
-    ::testing::Values(
-        SelectionCase{"Everything", {}, {3, 2, 1, N, 1, N}},
-        SelectionCase{"SinceIncluded", {.since = {2025, 6, 1}}, {N, 2, 1, N, 1, N}},
-        SelectionCase{"UntilIncluded", {.until = {2025, 6, 1}}, {2, 1, N, N, 1, N}},
-        SelectionCase{
-            "BothDates", {.since = {2025, 1, 11}, .until = {2025, 9, 14}}, {N, 1, N, N, 1, N}},
-        SelectionCase{"MeetType", {.meet_type = "AG"}, {2, N, 1, N, N, N}},
-        SelectionCase{"BlankMeetTypeIsEveryType", {.meet_type = "  "}, {3, 2, 1, N, 1, N}},
-        SelectionCase{"Swimmer", {.athlete = 2}, {N, N, N, N, 1, N}},
-        SelectionCase{"Round", {.f_p = "P"}, {N, 1, N, N, N, N}},
-        SelectionCase{"NothingSelected", {.meet_type = "JV"}, {N, N, N, N, N, N}}),
-    [](const auto& info) { return std::string(info.param.name); });
+TEST_F(TRanking, OnlySelectedSwimsAreNumberedTheRestIsNull) {
+  const std::pair<TRankSelection, Ranks> cases[] = {
+      {{}, {3, 2, 1, N, 1, N}},
+      {{.since = {2025, 6, 1}}, {N, 2, 1, N, 1, N}},
+      {{.until = {2025, 6, 1}}, {2, 1, N, N, 1, N}},
+      {{.since = {2025, 1, 11}, .until = {2025, 9, 14}}, {N, 1, N, N, 1, N}},
+      {{.meet_type = "AG"}, {2, N, 1, N, N, N}},
+      {{.meet_type = "  "}, {3, 2, 1, N, 1, N}},  // blank is every type
+      {{.athlete = 2}, {N, N, N, N, 1, N}},
+      {{.f_p = "P"}, {N, 1, N, N, N, N}},
+      {{.meet_type = "JV"}, {N, N, N, N, N, N}}};
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    ASSERT_TRUE(AddTRank(t.state, cases[i].first));
+    EXPECT_EQ(results.Ranks(ids, "TRANK"), cases[i].second) << i;
+  }
+}
 
 TEST_F(TRanking, FirstSelectedSwimWithoutATimeGetsZeroWithUseLeadOff) {
   Db().exec("UPDATE RESULT SET SCORE = 0 WHERE MEET = 1");

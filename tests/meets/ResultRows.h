@@ -10,6 +10,7 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
+#include <SQLiteCpp/VariadicBind.h>
 
 namespace kvlr::test {
 
@@ -36,24 +37,11 @@ class ResultTable {
                         "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, DISTANCE, STROKE, "
                         "COURSE, MTEVENT, RANK, TRANK, PLACE, AGE) "
                         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, 12)");
-    q.bind(1, r.meet);
-    q.bind(2, r.athlete);
-    q.bind(3, r.i_r);
-    q.bind(4, r.score);
-    q.bind(5, r.f_p);
-    if (r.nt)
-      q.bind(6, *r.nt);
-    else
-      q.bind(6);
-    q.bind(7, r.distance);
-    q.bind(8, r.stroke);
-    q.bind(9, r.course);
-    q.bind(10, r.mt_event ? r.mt_event : ++next_event_);
-    if (r.rank)
-      q.bind(11, *r.rank);
-    else
-      q.bind(11);
-    q.bind(12, 77);  // a TRank left by an earlier selection
+    SQLite::bind(q, r.meet, r.athlete, r.i_r, r.score, r.f_p, r.nt.value_or(0), r.distance,
+                 r.stroke, r.course, r.mt_event ? r.mt_event : ++next_event_, r.rank.value_or(0),
+                 77);  // a TRank left by an earlier selection
+    if (!r.nt) q.bind(6);
+    if (!r.rank) q.bind(11);
     q.exec();
     return db_.getLastInsertRowid();
   }
@@ -72,12 +60,6 @@ class ResultTable {
     q.bind(1, id);
     if (!q.executeStep() || q.getColumn(0).isNull()) return std::nullopt;
     return q.getColumn(0).getInt64();
-  }
-
-  std::string Text(int64_t id, std::string_view field) {
-    SQLite::Statement q(db_, "SELECT " + std::string(field) + " FROM RESULT WHERE RESULT = ?");
-    q.bind(1, id);
-    return q.executeStep() ? q.getColumn(0).getString() : "<no row>";
   }
 
   // Several fields of one row as text; "Null" for Null.
@@ -102,17 +84,14 @@ class ResultTable {
 
   void AddMeet(int32_t meet, std::string_view start, std::string_view type) {
     SQLite::Statement q(db_, "INSERT INTO MEET (Meet, MName, Start, Type) VALUES (?, ?, ?, ?)");
-    q.bind(1, meet);
-    q.bind(2, "Lakeside Invitational " + std::to_string(meet));
-    q.bind(3, std::string(start));
-    q.bind(4, std::string(type));
+    SQLite::bind(q, meet, "Lakeside Invitational " + std::to_string(meet), std::string(start),
+                 std::string(type));
     q.exec();
   }
 
   void AddAthlete(int32_t athlete, std::string_view last) {
     SQLite::Statement q(db_, "INSERT INTO ATHLETE (Athlete, Last, First) VALUES (?, ?, 'Pat')");
-    q.bind(1, athlete);
-    q.bind(2, std::string(last));
+    SQLite::bind(q, athlete, std::string(last));
     q.exec();
   }
 

@@ -25,13 +25,6 @@ namespace {
 using Tester = QAbstractItemModelTester;
 constexpr auto kFatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
 
-void Shot(QWidget& w, const char* name) {
-  if (const char* dir = std::getenv("KVLR_SCREENSHOTS")) {
-    w.show();
-    w.grab().save(QString(dir) + "/" + name + ".png");
-  }
-}
-
 class ResultScreens : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -75,7 +68,7 @@ TEST_F(ResultScreens, ResNaTimesDqAndPlace) {
   EXPECT_TRUE(m.setData(time, "1:05.2L"));
   EXPECT_EQ(m.data(time).toString(), " 1:05.20L");  // the course of this row only
   EXPECT_FALSE(m.setData(time, ""));                // blank over a time
-  EXPECT_TRUE(t.io.Saw(kUseBrowserToDelete));
+  EXPECT_TRUE(t.io.Saw("Please use the Results Browser to Delete a Meet Result."));
   EXPECT_EQ(m.data(time).toString(), " 1:05.20L");
 
   EXPECT_TRUE(m.setData(dq, Qt::Checked, Qt::CheckStateRole));
@@ -91,6 +84,12 @@ TEST_F(ResultScreens, ResNaTimesDqAndPlace) {
   EXPECT_EQ(m.data(dq, Qt::CheckStateRole).toInt(), Qt::Checked);
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT SCORE FROM RESULT"), 0);
 
+  // A text that is no time makes no row.
+  t.io.shown.clear();
+  EXPECT_FALSE(m.setData(m.index(0, ColumnOf(m, 1, Kind::kTime)), "abc"));
+  EXPECT_FALSE(t.io.shown.empty());
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM RESULT"), 1);
+
   // A place without a result of the round is refused by the writer.
   t.io.shown.clear();
   m.setData(m.index(0, ColumnOf(m, 1, Kind::kPlace)), "2");
@@ -99,17 +98,15 @@ TEST_F(ResultScreens, ResNaTimesDqAndPlace) {
   screen.EventGrid().setCurrentIndex(m.index(0, 0));
   t.io.shown.clear();
   screen.OpenSplits();
-  EXPECT_TRUE(t.io.Saw(kMustBeInTimeColumn));
+  EXPECT_TRUE(t.io.Saw("You must be in a Time column to show splits."));
   screen.Print();
-  EXPECT_TRUE(t.io.Saw(kPrintNotAvailable));
-  Shot(screen, "frmResNa");
-}
+  EXPECT_TRUE(t.io.Saw("Printing is not available yet."));
+  test::Shoot(screen, "frmResNa");
 
-TEST_F(ResultScreens, ResNaRelayLegsNeedARelay) {
   season.Athlete(2, "Adams", "M");
-  frmResNa screen(t.state, 7);
-  screen.SelectSwimmer(0);  // Adams: no relay for boys
-  screen.OpenRelayLegs();
+  frmResNa boys(t.state, 7);
+  boys.SelectSwimmer(0);  // Adams: no relay for boys
+  boys.OpenRelayLegs();
   EXPECT_TRUE(t.io.Saw(kNoRelayEventsYet));
 }
 
@@ -131,7 +128,11 @@ TEST_F(ResultScreens, BrowserFiltersSortsAndColours) {
   swim.score = 2800;
   season.Result(swim);
 
+  t.state.gFavoriteMeetType = "AG";
+  t.state.gFavoriteCourse = "Yards";
   frmResults screen(t.state);
+  EXPECT_EQ(screen.Filter().meet_type, "AG");  // the favourite's
+  EXPECT_EQ(screen.Filter().course, "Y");
   Tester tester(&screen.Model(), kFatal);
   ResultsBrowserModel& m = screen.Model();
   ASSERT_EQ(m.rowCount(), 2);  // non-lead legs need their tick
@@ -168,15 +169,7 @@ TEST_F(ResultScreens, BrowserFiltersSortsAndColours) {
   t.io.Script({Answer::kYes});
   screen.DeleteCurrent();
   EXPECT_EQ(m.rowCount(), 2);
-  Shot(screen, "frmResults");
-}
-
-TEST_F(ResultScreens, BrowserStartsWithTheFavourite) {
-  t.state.gFavoriteCourse = "LCM";
-  t.state.gFavoriteMeetType = "AG";
-  frmResults screen(t.state);
-  EXPECT_EQ(screen.Filter().course, "L");
-  EXPECT_EQ(screen.Filter().meet_type, "AG");
+  test::Shoot(screen, "frmResults");
 }
 
 TEST_F(ResultScreens, SplitsLapEdit) {
@@ -209,7 +202,7 @@ TEST_F(ResultScreens, SplitsLapEdit) {
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM SPLITS"), 0);
   EXPECT_TRUE(screen.Save());
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM SPLITS"), 3);
-  Shot(screen, "frmSplits");
+  test::Shoot(screen, "frmSplits");
 }
 
 TEST_F(ResultScreens, RelayLegsAndComments) {
@@ -222,7 +215,7 @@ TEST_F(ResultScreens, RelayLegsAndComments) {
   legs.Time().setText("28.75");
   EXPECT_EQ(legs.Save(), RelayLegOutcome::kSaved);
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT DISTANCE FROM RESULT WHERE I_R = 'N'"), 50);
-  Shot(legs, "frmRelayLegs");
+  test::Shoot(legs, "frmRelayLegs");
 
   const int64_t id = test::QueryNumber(*t.state.gDb, "SELECT RESULT FROM RESULT");
   frmComments comments(t.state, {id, "50 Free", "Autumn Open", "Robin Lane"});
@@ -230,7 +223,7 @@ TEST_F(ResultScreens, RelayLegsAndComments) {
   EXPECT_TRUE(comments.Save());
   frmComments again(t.state, {id, "50 Free", "Autumn Open", "Robin Lane"});
   EXPECT_EQ(again.Text().text(), "smooth exchange");
-  Shot(again, "frmComments");
+  test::Shoot(again, "frmComments");
 }
 
 }  // namespace

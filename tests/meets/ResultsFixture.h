@@ -18,6 +18,7 @@ struct OpenedDatabase {
   explicit OpenedDatabase(TempHome& t) {
     MakeOpenDatabase(t);
     t.io.shown.clear();
+    t.io.progress.clear();
   }
 };
 

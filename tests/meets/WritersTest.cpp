@@ -3,6 +3,7 @@
 #include <SQLiteCpp/Statement.h>
 
 #include "ResultRows.h"
+#include "ResultsFixture.h"
 #include "meets/EntryWriter.h"
 #include "meets/ResultWriter.h"
 #include "support/TempHome.h"
@@ -14,16 +15,9 @@ using test::Ranks;
 using test::ResultRow;
 using test::Texts;
 
-struct OpenDatabase {
-  explicit OpenDatabase(test::TempHome& t) {
-    test::MakeOpenDatabase(t);
-    t.io.shown.clear();
-    t.state.gCurrentMeet = 3;
-  }
-};
-
 class Writers : public ::testing::Test {
  protected:
+  void SetUp() override { t.state.gCurrentMeet = 3; }
   SQLite::Database& Db() { return *t.state.gDb; }
 
   // The one result of an event number; 0 when there is none.
@@ -46,7 +40,7 @@ class Writers : public ::testing::Test {
   }
 
   test::TempHome t;
-  OpenDatabase open_{t};
+  test::OpenedDatabase open_{t};
   test::ResultTable results{*t.state.gDb};
   // Event 40 of meet 3, 100 of stroke 2 in yards.
   MtEventRec event{3, "Y", 100, 2, 40, "I"};
@@ -101,7 +95,7 @@ TEST_F(Writers, ATypedCourseRanksOnlyItsNewGroup) {
   r.rank = 2;
   const int64_t stays = results.Add(r);
   ASSERT_TRUE(UpdateResultScore(t.state, 6600, "L", 0, "", "F", event, "I", 12, 1));
-  EXPECT_EQ(results.Text(moved, "COURSE"), "L");
+  EXPECT_EQ(results.Texts(moved, {"COURSE"}), Texts{"L"});
   EXPECT_EQ(results.Ranks({moved, stays}), (Ranks{1, 2}));  // the yards group keeps its gap
 }
 
@@ -117,42 +111,29 @@ TEST_F(Writers, AGoalIsMarkedAndNeverRanked) {
   EXPECT_EQ(results.Int(swim, "RANK"), 5);
 }
 
-struct Refusal {
-  const char* name;
-  int32_t athlete;
-  int32_t current_meet;
-  int32_t mt_event;
-};
-void PrintTo(const Refusal& c, std::ostream* os) {
-  *os << c.name;
-}
-
-class WriterRefusals : public Writers, public ::testing::WithParamInterface<Refusal> {
- protected:
-  void SetUp() override {
-    t.state.gCurrentMeet = GetParam().current_meet;
-    event.mt_event = GetParam().mt_event;
+TEST_F(Writers, NoRowIsAddedWithoutSwimmerMeetOrEvent) {
+  struct Case {
+    const char* name;
+    int32_t athlete, current_meet, mt_event;
+  };
+  for (const Case& c : {Case{"no swimmer", 0, 3, 40}, Case{"no current meet", 1, 0, 40},
+                        Case{"no event", 1, 3, 0}}) {
+    SCOPED_TRACE(c.name);
+    t.io.shown.clear();
+    t.state.gCurrentMeet = c.current_meet;
+    event.mt_event = c.mt_event;
+    EXPECT_FALSE(UpdateResultScore(t.state, 6000, "", 0, "", "F", event, "I", 12, c.athlete));
+    EXPECT_FALSE(UpdateResultDQ(t.state, "", true, "F", event, 12, c.athlete));
+    EXPECT_FALSE(
+        UpdateEntryScore(t.state, 6000, "Y", event.mt_event, "I", false, "", "", c.athlete));
+    EXPECT_EQ(results.Count(), 0);
+    EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 0);
+    ASSERT_EQ(t.io.shown.size(), 3u);
+    EXPECT_EQ(t.io.shown[0].text, "Can't add result");
+    EXPECT_EQ(t.io.shown[1].text, "Can't add result");
+    EXPECT_EQ(t.io.shown[2].text, "Can't add Entry");
   }
-};
-
-TEST_P(WriterRefusals, NoRowIsAddedWithoutSwimmerMeetOrEvent) {
-  const int32_t athlete = GetParam().athlete;
-  EXPECT_FALSE(UpdateResultScore(t.state, 6000, "", 0, "", "F", event, "I", 12, athlete));
-  EXPECT_FALSE(UpdateResultDQ(t.state, "", true, "F", event, 12, athlete));
-  EXPECT_FALSE(UpdateEntryScore(t.state, 6000, "Y", event.mt_event, "I", false, "", "", athlete));
-  EXPECT_EQ(results.Count(), 0);
-  EXPECT_EQ(Db().execAndGet("SELECT count(*) FROM ENTRY").getInt(), 0);
-  ASSERT_EQ(t.io.shown.size(), 3u);
-  EXPECT_EQ(t.io.shown[0].text, "Can't add result");
-  EXPECT_EQ(t.io.shown[1].text, "Can't add result");
-  EXPECT_EQ(t.io.shown[2].text, "Can't add Entry");
 }
-
-INSTANTIATE_TEST_SUITE_P(Writers, WriterRefusals,
-                         ::testing::Values(Refusal{"NoSwimmer", 0, 3, 40},
-                                           Refusal{"NoCurrentMeet", 1, 0, 40},
-                                           Refusal{"NoEvent", 1, 3, 0}),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(Writers, AFailedWriteIsReportedAndChangesNothing) {
   const int64_t id = Existing(6000);
@@ -162,24 +143,24 @@ TEST_F(Writers, AFailedWriteIsReportedAndChangesNothing) {
   EXPECT_EQ(results.Int(id, "SCORE"), 6000);
 }
 
-TEST_F(Writers, DisqualificationKeepsTheTime) {
+TEST_F(Writers, DisqualificationKeepsTheTimeOrAddsARowOfTheEventsKind) {
   const int64_t id = Existing(6100);
   ASSERT_TRUE(UpdateResultDQ(t.state, "", true, "F", event, 12, 1));
   EXPECT_EQ(results.Texts(id, {"NT", "SCORE"}), (Texts{"5", "6100"}));
   ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", event, 12, 1));
   EXPECT_EQ(results.Texts(id, {"NT", "SCORE"}), (Texts{"0", "6100"}));
-}
 
-TEST_F(Writers, DisqualificationAddsARowOfTheEventsKind) {
+  // Without a row, one of the event's kind is added.
+  event.mt_event = 42;
   MtEventRec lead_off = event;
   lead_off.i_r = "L";
   ASSERT_TRUE(UpdateResultDQ(t.state, "S", true, "P", lead_off, 11, 1));
-  EXPECT_EQ(results.Texts(ResultOf(40, "L"), {"NT", "SCORE", "COURSE", "F_P", "AGE"}),
+  EXPECT_EQ(results.Texts(ResultOf(42, "L"), {"NT", "SCORE", "COURSE", "F_P", "AGE"}),
             (Texts{"5", "0", "S", "P", "11"}));
   // Without the tick NT and Score are as the table makes them.
-  event.mt_event = 41;
+  event.mt_event = 43;
   ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", event, 11, 1));
-  EXPECT_EQ(results.Texts(ResultOf(41), {"NT", "SCORE", "COURSE"}), (Texts{"0", "Null", "Y"}));
+  EXPECT_EQ(results.Texts(ResultOf(43), {"NT", "SCORE", "COURSE"}), (Texts{"0", "Null", "Y"}));
 }
 
 TEST_F(Writers, APlaceNeedsAnIndividualResultOfTheRound) {
