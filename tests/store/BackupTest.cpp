@@ -7,12 +7,11 @@
 #include <chrono>
 
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
 #include <fmt/format.h>
 
 #include "core/FileOps.h"
 #include "store/Backup.h"
-#include "store/BackupTexts.h"
-#include "store/StoreTexts.h"
 #include "store/ZipArchive.h"
 #include "support/TempHome.h"
 
@@ -20,7 +19,6 @@ namespace kvlr {
 namespace {
 
 namespace fs = std::filesystem;
-namespace text = backup_text;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
@@ -43,9 +41,7 @@ void MakeZip(const fs::path& file, const std::vector<Member>& members, const std
 }
 
 long long Swimmers(SQLite::Database& db) {
-  SQLite::Statement q(db, "SELECT count(*) FROM Athlete");
-  q.executeStep();
-  return q.getColumn(0).getInt64();
+  return test::QueryNumber(db, "SELECT count(*) FROM Athlete");
 }
 
 long long SwimmersIn(const fs::path& file) {
@@ -54,12 +50,9 @@ long long SwimmersIn(const fs::path& file) {
 }
 
 void AddSwimmer(SQLite::Database& db, int key, const char* first) {
-  SQLite::Statement insert(db,
-                           "INSERT INTO Athlete (Athlete, Last, First, Sex) VALUES (?, ?, ?, ?)");
-  insert.bind(1, key);
-  insert.bind(2, "Lane");
-  insert.bind(3, first);
-  insert.bind(4, "F");
+  SQLite::Statement insert(
+      db, "INSERT INTO Athlete (Athlete, Last, First, Sex) VALUES (?, 'Lane', ?, 'F')");
+  SQLite::bind(insert, key, first);
   insert.exec();
 }
 
@@ -110,7 +103,7 @@ TEST(BackupComment, IsTheMarkerAndUpTo150CharactersBlankFilledTo160) {
     const size_t multibyte = c.kept.find('\xC3') != std::string::npos ? 1 : 0;
     EXPECT_EQ(comment.size(), 160 + multibyte) << c.text;
   }
-  EXPECT_EQ(BackupComment(text::kSilentComment), "KVLRSilent Backup" + std::string(143, ' '));
+  EXPECT_EQ(BackupComment("Silent Backup"), "KVLRSilent Backup" + std::string(143, ' '));
 }
 
 TEST(BackupInfoTexts, MegabytesAndLongPathsAsTheScreenShowsThem) {
@@ -161,7 +154,7 @@ TEST_F(Backups, NumbersRunFrom01AndAfter99TheFirstIsOverwrittenOnlyOnYes) {
             std::string::npos);
   EXPECT_NE(t.io.shown[0].text.find("Do you want to continue and overwrite it?"),
             std::string::npos);
-  EXPECT_TRUE(t.io.Saw(text::kBackupCancelled));
+  EXPECT_TRUE(t.io.Saw("Backup cancelled."));
   EXPECT_EQ(ReadWholeFile(first), "the oldest");
 
   EXPECT_EQ(Backup("again"), first);
@@ -185,13 +178,14 @@ TEST_F(Backups, ArchiveHoldsDatabaseAndNotesWithoutFoldersAndTheComment) {
 TEST_F(Backups, NoOrShortRoomOrAnUnwritableFolderCancelsAndWritesNothing) {
   t.io.Script({Answer::kNo});
   EXPECT_EQ(BackupDatabase(t.state, folder, ""), std::nullopt);
-  EXPECT_TRUE(t.io.Saw(text::kBackupCancelled));
+  EXPECT_TRUE(t.io.Saw("Backup cancelled."));
 
   // Free Kbytes less the database's Kbytes must be above 1000.
   const auto size_kb = fs::file_size(database) / 1024;
   t.disk.free_bytes = (size_kb + 1000) * 1024 + 1023;
   EXPECT_EQ(BackupDatabase(t.state, folder, ""), std::nullopt);
-  EXPECT_TRUE(t.io.Saw(std::string(text::kNotEnoughSpace) + folder.string()));
+  EXPECT_TRUE(t.io.Saw("Backup can not be executed as specified.  Not Enough disk space on: " +
+                       folder.string()));
   EXPECT_FALSE(fs::exists(folder));
   t.disk.free_bytes = (size_kb + 1001) * 1024;
   EXPECT_TRUE(BackupDatabase(t.state, folder, "").has_value());
@@ -199,7 +193,7 @@ TEST_F(Backups, NoOrShortRoomOrAnUnwritableFolderCancelsAndWritesNothing) {
   const fs::path blocked = t.Root() / "a-file";
   WriteFileAtomically(blocked, "");
   EXPECT_EQ(BackupDatabase(t.state, blocked / "sub", ""), std::nullopt);
-  EXPECT_TRUE(t.io.Saw(text::kErrorCreatingBackup));
+  EXPECT_TRUE(t.io.Saw("There was an error creating the backup file.  Error: "));
   EXPECT_NE(ReadWholeFile(t.state.home.Log()).find("frmBackup.BackupDatabase"), std::string::npos);
 }
 
@@ -222,11 +216,9 @@ TEST_F(Backups, SilentArchivesFillFiveSlotsThenReplaceTheOldest) {
 
   fs::remove(slot(2));
   EXPECT_EQ(SilentArchiveName(database), slot(2)) << "with fewer than five, the free digit";
-}
 
-TEST_F(Backups, SilentBackupOfAMissingFileFailsAndSaysSo) {
   EXPECT_FALSE(SilentBackup(t.state, t.Data() / "gone.mdb"));
-  EXPECT_TRUE(t.io.Saw(text::kErrorCreatingSilent));
+  EXPECT_TRUE(t.io.Saw("There was an error creating silent backup file.  Error: "));
   EXPECT_FALSE(fs::exists(t.Data() / "KVL-RArchive-gone-01.zip"));
 }
 
@@ -245,9 +237,9 @@ TEST_F(Backups, LoadBackupInfoRefusesWhatIsNotABackupOfThisSystem) {
   };
   const Case cases[] = {
       {t.Root() / "backup.rar", "Not a valid filename: backup.rar"},
-      {t.Root() / "other.zip", text::kNotOurBackup},
-      {t.Root() / "none.zip", text::kNotOurBackup},
-      {t.Root() / "empty.zip", text::kNotValidBackup},
+      {t.Root() / "other.zip", "This is not a KVL-R backup."},
+      {t.Root() / "none.zip", "This is not a KVL-R backup."},
+      {t.Root() / "empty.zip", "Not a valid KVL-R backup."},
       {truncated, "Error Source: frmRestore.LoadBackupInfo"},
       {t.Root() / "missing.zip", "Error Source: frmRestore.LoadBackupInfo"},
   };
@@ -265,14 +257,13 @@ TEST_F(Backups, LoadBackupInfoTakesTheFirstDatabaseAndShowsItsFields) {
            {"first.MDB", std::string(1 << 20, 'a')},
            {"second.mdb", "b"}},
           BackupComment("  two databases  "));
-  std::tm when{};
-  when.tm_year = 2026 - 1900;
-  when.tm_mon = 10;
-  when.tm_mday = 22;
-  when.tm_hour = 13;
-  when.tm_min = 5;
-  when.tm_sec = 8;
-  when.tm_isdst = -1;
+  std::tm when{.tm_sec = 8,
+               .tm_min = 5,
+               .tm_hour = 13,
+               .tm_mday = 22,
+               .tm_mon = 10,
+               .tm_year = 2026 - 1900,
+               .tm_isdst = -1};
   {
     zip_t* archive = zip_open(zip.c_str(), 0, nullptr);
     zip_file_set_mtime(archive, 1, std::mktime(&when), 0);
@@ -323,8 +314,8 @@ TEST_F(Restores, IntoAFolderWithItsNotesUnderTheArchivedOrTheNewName) {
   EXPECT_EQ(*restored, target_folder / "family.MDB");
   EXPECT_EQ(SwimmersIn(*restored), 1);
   EXPECT_EQ(ReadWholeFile(target_folder / "family-WKNotes.txt"), "warm-up 400 easy");
-  EXPECT_TRUE(t.io.Saw(text::kRestored));
-  EXPECT_EQ(t.io.progress.back(), text::kExtracting);
+  EXPECT_TRUE(t.io.Saw("Restore completed successfully..."));
+  EXPECT_EQ(t.io.progress.back(), "Extracting database to temporary directory");
   EXPECT_TRUE(TempEmpty());
   ExpectPreviousOpen();
 
@@ -340,7 +331,7 @@ TEST_F(Restores, RefusesANameWithAColonAndAMissingFolder) {
   EXPECT_TRUE(t.io.Saw("can not include quotes, apostrophes, slashes or colons."));
   EXPECT_EQ(RestoreDatabase(t.state, zip, info, RestoreOption::kSelectedFolder, {}, "", false),
             std::nullopt);
-  EXPECT_TRUE(t.io.Saw(text::kSelectDirectory));
+  EXPECT_TRUE(t.io.Saw("Please select a directory to restore to."));
   EXPECT_TRUE(fs::is_empty(target_folder));
   ExpectPreviousOpen();
 }
@@ -353,14 +344,15 @@ TEST_F(Restores, OverwriteAsksArchivesTheOldFileAndNoLeavesItAlone) {
   t.io.Script({Answer::kNo});
   EXPECT_EQ(Restore(), std::nullopt);
   EXPECT_TRUE(t.io.Saw("Overwrite existing database: " + existing.string() + " ?"));
-  EXPECT_TRUE(t.io.Saw(text::kRestoreCanceled));
+  EXPECT_TRUE(t.io.Saw("Restore Canceled."));
   EXPECT_EQ(SwimmersIn(existing), 2);
   ExpectPreviousOpen();
 
   EXPECT_EQ(Restore(), existing) << "the file whose name differs only in case";
   EXPECT_EQ(SwimmersIn(existing), 1);
   EXPECT_EQ(ReadWholeFile(target_folder / "family-WKNotes.txt"), "warm-up 400 easy");
-  EXPECT_TRUE(t.io.Saw(text::kRestoredArchived));
+  EXPECT_TRUE(
+      t.io.Saw("Restore completed successfully and your previous database has been archived."));
   ZipArchive archived(target_folder / "KVL-RArchive-family-01.zip");
   EXPECT_EQ(archived.Members().size(), 2u);
 }
@@ -387,7 +379,9 @@ TEST_F(Restores, MembersThatClimbOutAreRefusedAndNothingIsWritten) {
     EXPECT_EQ(RestoreDatabase(t.state, bad, *bad_info, RestoreOption::kSelectedFolder,
                               target_folder, "", false),
               std::nullopt);
-    EXPECT_TRUE(t.io.Saw(text::kMemberLeavesFolder)) << name;
+    EXPECT_TRUE(t.io.Saw(
+        "A file in this backup is named so that it would be written outside the restore folder: "))
+        << name;
     EXPECT_FALSE(fs::exists(t.state.home.Root() / "evil.mdb"));
     EXPECT_FALSE(fs::exists(t.state.home.Root().parent_path() / "evil.mdb"));
     EXPECT_FALSE(fs::exists("/abs.mdb"));
@@ -407,7 +401,7 @@ TEST_F(Restores, DamagedOrForeignDatabasesLeaveTheOldTargetUntouched) {
   for (size_t i = 200; i < 400; ++i) bytes[i] = static_cast<char>(bytes[i] ^ 0x5A);
   WriteFileAtomically(zip, bytes);
   EXPECT_EQ(Restore(), std::nullopt);
-  EXPECT_TRUE(t.io.Saw(text::kErrorExtracting));
+  EXPECT_TRUE(t.io.Saw("There was an error extracting the backup file.  Error: "));
 
   // An archive of ours whose database is not a file of this system.
   const fs::path foreign = t.Root() / "KVL-RBkupfamily-02.zip";
@@ -417,7 +411,7 @@ TEST_F(Restores, DamagedOrForeignDatabasesLeaveTheOldTargetUntouched) {
   EXPECT_EQ(RestoreDatabase(t.state, foreign, *foreign_info, RestoreOption::kSelectedFolder,
                             target_folder, "", false),
             std::nullopt);
-  EXPECT_TRUE(t.io.Saw(store_text::kNotValidDatabase));
+  EXPECT_TRUE(t.io.Saw("Not a valid KVL-R Database."));
 
   EXPECT_EQ(ReadWholeFile(existing), before);
   EXPECT_FALSE(fs::exists(target_folder / "KVL-RArchive-family-01.zip"));

@@ -52,9 +52,15 @@ TEST(Completion, MissingTablesComeBackEmptyAndNothingElseChanges) {
   EXPECT_EQ(RowCount(db, "TEAM"), 1);
 }
 
+// Splits belong to a result: none without one, and they go with it; a file made without
+// that relation gains it at open.
 TEST(Completion, SplitsFollowTheirResult) {
   TempHome t;
-  MakeOpenDatabase(t);
+  fs::path file = MakeOpenDatabase(t);
+  Reopen(t, file, [](SQLite::Database& db) {
+    db.exec("DROP TRIGGER ResultsSplits");
+    db.exec("DROP TRIGGER ResultsSplitsCheck");
+  });
   SQLite::Database& db = *t.state.gDb;
   db.exec(
       "INSERT INTO RESULT (MEET, ATHLETE, I_R, MTEVENT, F_P, SCORE) VALUES (1, 1, 'I', 1, 'F', "
@@ -74,28 +80,6 @@ TEST(Completion, SplitsFollowTheirResult) {
   EXPECT_EQ(RowCount(db, "SPLITS"), 0);
 }
 
-TEST(Completion, RelationIsAddedToAFileWithoutIt) {
-  TempHome t;
-  fs::path file = MakeOpenDatabase(t);
-  Reopen(t, file, [](SQLite::Database& db) {
-    db.exec("DROP TRIGGER ResultsSplits");
-    db.exec("DROP TRIGGER ResultsSplitsCheck");
-  });
-  EXPECT_EQ(
-      test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"),
-      2);
-}
-
-TEST(DbVersion, FileWithoutTheFieldGetsItAndTheVersion) {
-  TempHome t;
-  fs::path file = MakeOpenDatabase(t);
-  Reopen(t, file,
-         [](SQLite::Database& db) { db.exec("ALTER TABLE OPTIONS DROP COLUMN DbVersion"); });
-  SQLite::Statement q(*t.state.gDb, "SELECT DbVersion FROM OPTIONS");
-  ASSERT_TRUE(q.executeStep());
-  EXPECT_EQ(q.getColumn(0).getString(), "2.1Da");
-}
-
 TEST(DbVersion, GoalFlyEventsAreAddedOnceToYardsAndShortCourseGoals) {
   TempHome t;
   fs::path file = MakeOpenDatabase(t);
@@ -104,10 +88,14 @@ TEST(DbVersion, GoalFlyEventsAreAddedOnceToYardsAndShortCourseGoals) {
       "INSERT INTO MEET (MName, Start, Course, Type) VALUES "
       "('Goals - Yards', '2026-01-01', 'Y', 'G'), ('Goals - SCM', '2026-01-01', 'S', 'G'), "
       "('Goals - LCM', '2026-01-01', 'L', 'G'), ('Goalsetters Invite', '2026-02-01', 'Y', 'AG')");
-  db.exec("UPDATE OPTIONS SET DbVersion = NULL");
-  Reopen(t, file, [](SQLite::Database&) {});
+  // A file without the version field gets it, the version and the events.
+  Reopen(t, file,
+         [](SQLite::Database& db) { db.exec("ALTER TABLE OPTIONS DROP COLUMN DbVersion"); });
   Reopen(t, file, [](SQLite::Database&) {});  // a second open adds nothing more
   SQLite::Database& again = *t.state.gDb;
+  SQLite::Statement version(again, "SELECT DbVersion FROM OPTIONS");
+  ASSERT_TRUE(version.executeStep());
+  EXPECT_EQ(version.getColumn(0).getString(), "2.1Da");
   EXPECT_EQ(test::QueryNumber(again, "SELECT count(*) FROM MTEVENT"), 4);
   EXPECT_EQ(test::QueryNumber(again,
                               "SELECT count(*) FROM MTEVENT E JOIN MEET M ON M.Meet = E.Meet "

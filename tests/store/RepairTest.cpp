@@ -3,11 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <SQLiteCpp/Statement.h>
-#include <SQLiteCpp/Transaction.h>
 
 #include "store/Repair.h"
 #include "store/StoreTexts.h"
-#include "store/TableBuilder.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -47,16 +45,12 @@ TEST(RepairAndCompact, RemovesOrphansKeepsRelaysAndReopens) {
   EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM AthInfo"), 1);
   EXPECT_EQ(test::QueryNumber(db, "SELECT count(*) FROM RESULT WHERE ATHLETE = 1"), 1);
   EXPECT_EQ(steps, (std::vector<std::string>{"notes", "rank"}));
-  EXPECT_TRUE(t.io.Saw(store_text::kOptimizationCompleted));
+  EXPECT_TRUE(t.io.Saw("Database Optimization Completed."));
   EXPECT_EQ(box::Icon(t.io.shown.back().style), box::kInformation) << "a success, not a warning";
-  EXPECT_EQ(t.io.progress.front(), store_text::kRepairing);
+  EXPECT_EQ(t.io.progress.front(), "Repairing Database...");
   EXPECT_TRUE(fs::exists(t.state.home.ReportDb()));
-}
 
-TEST(RepairAndCompact, WithoutSwimmersEveryIndividualRowGoes) {
-  TempHome t;
-  MakeOpenDatabase(t);
-  AddSwims(*t.state.gDb);
+  // Without swimmers every individual row goes; relays stay.
   t.state.gDb->exec("DELETE FROM Athlete");
   ASSERT_TRUE(RepairAndCompact(t.state));
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM RESULT WHERE I_R = 'I'"), 0);
@@ -71,13 +65,15 @@ TEST(RepairAndCompact, NeedsRoomForItsTemporaryFile) {
 
   t.disk.free_bytes = (file_kb + 999) * 1024;
   EXPECT_FALSE(RepairAndCompact(t.state));
-  EXPECT_TRUE(t.io.Saw(store_text::kNotEnoughRoom));
+  EXPECT_TRUE(
+      t.io.Saw("There is not enough extra disk space available to optimize/repair this database."));
   EXPECT_TRUE(t.state.gDbOpen) << "the database is opened again";
 
   t.io.shown.clear();
   t.disk.free_bytes = (file_kb + 1000) * 1024;
   EXPECT_TRUE(RepairAndCompact(t.state));
-  EXPECT_FALSE(t.io.Saw(store_text::kNotEnoughRoom));
+  EXPECT_FALSE(
+      t.io.Saw("There is not enough extra disk space available to optimize/repair this database."));
 }
 
 TEST(RepairAndCompact, RoomMessageHasTheFiguresInThousands) {
@@ -87,35 +83,6 @@ TEST(RepairAndCompact, RoomMessageHasTheFiguresInThousands) {
             "available to optimize/repair this database.");
   EXPECT_EQ(store_text::Thousands(0), "0");
   EXPECT_EQ(store_text::Thousands(1234567), "1,234,567");
-}
-
-TEST(RepairDamagedFile, SavesTheRowsBeforeTheDamage) {
-  TempHome t;
-  fs::path file = MakeOpenDatabase(t);
-  {
-    SQLite::Transaction transaction(*t.state.gDb);
-    SQLite::Statement insert(*t.state.gDb, "INSERT INTO JOURNAL (Subject, Comment) VALUES (?, ?)");
-    for (int i = 0; i < 2000; ++i) {
-      insert.reset();
-      insert.bind(1, "Day " + std::to_string(i));
-      insert.bind(2, std::string(200, 'a'));
-      insert.exec();
-    }
-    transaction.commit();
-  }
-  t.state.CloseCurrentDB();
-  fs::resize_file(file, fs::file_size(file) * 3 / 4);
-
-  ASSERT_TRUE(RepairDamagedFile(t.state, file));
-  SQLite::Database db(file.string(), SQLite::OPEN_READONLY);
-  SQLite::Statement check(db, "PRAGMA integrity_check");
-  check.executeStep();
-  EXPECT_EQ(check.getColumn(0).getString(), "ok");
-  EXPECT_TRUE(TableExists(db, "Athlete"));
-  EXPECT_GT(RowCount(db, "JOURNAL"), 0);
-  EXPECT_EQ(fs::path(DamagedCopyName(file, t.clock.Now())).filename(),
-            "family-damaged-20261122-103000.mdb");
-  EXPECT_TRUE(fs::exists(DamagedCopyName(file, t.clock.Now())));
 }
 
 }  // namespace

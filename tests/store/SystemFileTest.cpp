@@ -7,7 +7,6 @@
 #include "core/FileOps.h"
 #include "store/LastDatabase.h"
 #include "store/ReportDatabase.h"
-#include "store/StoreTexts.h"
 #include "store/SystemFile.h"
 #include "store/TableBuilder.h"
 #include "support/TempHome.h"
@@ -56,34 +55,15 @@ TEST(LastDatabase, ReopeningMovesAFileToTheTopWithoutACopy) {
   EXPECT_EQ(t.state.gDatabaseName, a.string());
 }
 
-TEST(LastDatabase, NoneWhenEveryFileIsGone) {
-  TempHome t;
-  t.state.gDatabaseName = (t.Data() / "gone.mdb").string();
-  SaveLastDatabase(t.state);
-  t.state.gDatabaseName.clear();
-  EXPECT_EQ(GetLastDatabase(t.state).size(), 1u);
-  EXPECT_EQ(t.state.gDatabaseName, "");
-}
-
-TEST(ReportTables, ImportRulesComeFromTheShippedFile) {
-  TempHome t;
-  ASSERT_TRUE(CheckReportTables(t.state));
-  SQLite::Statement q(*t.state.gReportDb, "SELECT REASON FROM IMPRULES ORDER BY REASON");
-  std::vector<std::string> reasons;
-  while (q.executeStep()) reasons.push_back(q.getColumn(0).getString());
-  EXPECT_EQ(reasons, (std::vector<std::string>{"1", "Y"}));
-  EXPECT_EQ(t.io.progress.front(), store_text::kCheckingReportTables);
-}
-
 TEST(ReportTables, MissingRulesFileIsReported) {
   TempHome t;
   fs::remove(t.state.home.ImportRules());
   EXPECT_FALSE(CheckReportTables(t.state));
-  EXPECT_TRUE(t.io.Saw(store_text::kImportRulesMissing));
+  EXPECT_TRUE(t.io.Saw("Required KVL-Rimprul.txt file not found."));
   t.io.shown.clear();
   CheckSystemTables(t.state);
-  EXPECT_TRUE(t.io.Saw(store_text::kErrorCheckingReportTables));
-  EXPECT_FALSE(t.io.Saw(store_text::kErrorCheckingSystemTables));
+  EXPECT_TRUE(t.io.Saw("Error checking Report Tables"));
+  EXPECT_FALSE(t.io.Saw("Error Checking System Tables"));
 }
 
 TEST(ReportTables, ParseImportRulesTakesOnePairALine) {
@@ -93,21 +73,23 @@ TEST(ReportTables, ParseImportRulesTakesOnePairALine) {
   EXPECT_EQ(rules[2].second, "");
 }
 
-TEST(ReportTables, ANewerReportDatabaseLeftByAnUpdateReplacesTheOld) {
+// A newer report database left by an update replaces the old; the rules come from the
+// shipped file; the system file is made with its tables.
+TEST(ReportTables, AreMadeFromTheNewerFileAndTheShippedRules) {
   TempHome t;
-  {
-    SQLite::Database newer(t.state.home.NewReportDb().string(),
-                           SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    newer.exec("CREATE TABLE MARKER (X INTEGER)");
-  }
+  SQLite::Database(t.state.home.NewReportDb().string(),
+                   SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+      .exec("CREATE TABLE MARKER (X INTEGER)");
   ASSERT_TRUE(CheckReportTables(t.state));
   EXPECT_TRUE(TableExists(*t.state.gReportDb, "MARKER"));
   EXPECT_TRUE(TableExists(*t.state.gReportDb, "RMEETI"));
   EXPECT_FALSE(fs::exists(t.state.home.NewReportDb()));
-}
+  SQLite::Statement q(*t.state.gReportDb, "SELECT REASON FROM IMPRULES ORDER BY REASON");
+  std::vector<std::string> reasons;
+  while (q.executeStep()) reasons.push_back(q.getColumn(0).getString());
+  EXPECT_EQ(reasons, (std::vector<std::string>{"1", "Y"}));
+  EXPECT_EQ(t.io.progress.front(), "Checking Report tables...");
 
-TEST(SystemFile, IsMadeWithItsTables) {
-  TempHome t;
   ASSERT_TRUE(CheckSystemFile(t.state));
   SQLite::Database db(t.state.home.SystemFile().string(), SQLite::OPEN_READONLY);
   EXPECT_TRUE(TableExists(db, "SETTINGS"));
