@@ -1,5 +1,5 @@
-// frmBackup and frmRestore over a scripted user: captions, start folder, enable rules, and
-// the two buttons doing their work.
+// frmBackup and frmRestore over a scripted user: start folder, enable rules, and the two
+// buttons doing their work.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,6 @@
 #include "core/FileOps.h"
 #include "store/Backup.h"
 #include "store/BackupScreen.h"
-#include "store/BackupTexts.h"
 #include "store/RestoreScreen.h"
 #include "support/QtApp.h"
 #include "support/TempHome.h"
@@ -22,25 +21,18 @@ namespace kvlr {
 namespace {
 
 namespace fs = std::filesystem;
-namespace text = backup_text;
-using test::MakeOpenDatabase;
 using test::Child;
+using test::MakeOpenDatabase;
 using test::Shoot;
 using test::TempHome;
 
-QApplication& App() {
-  return test::QtApp();
-}
-
-
 TEST(frmBackup, StartsOnTheDataFolderAndWritesTheArchiveOnBackup) {
-  App();
+  test::QtApp();
   TempHome t;
   MakeOpenDatabase(t);
   frmBackup screen(t.state);
   EXPECT_EQ(screen.windowTitle(), "Backup Current KVL-R Database");
   EXPECT_EQ(screen.Folder().toStdString(), t.Data().string());
-  EXPECT_EQ(Child<QLabel>(screen, "lblHelp")->text().toStdString(), text::kBackupHelp);
   EXPECT_EQ(Child<QLineEdit>(screen, "txtComments")->maxLength(), 150);
   Shoot(screen, "frmBackup");
 
@@ -53,14 +45,8 @@ TEST(frmBackup, StartsOnTheDataFolderAndWritesTheArchiveOnBackup) {
   EXPECT_EQ(screen.result(), QDialog::Accepted);
 }
 
-TEST(frmRestore, FilterKeepsTheThreeListsInQtForm) {
-  EXPECT_EQ(frmRestore::FileDialogFilter().toStdString(),
-            "KVL-R Backup files (KVL-RBkup*.zip KVL-RArchive*.zip);;"
-            "Backup files (KVL-RBkup*.zip);;Archived files (KVL-RArchive*.zip)");
-}
-
 TEST(frmRestore, ShowsTheBackupAndFollowsTheOptionRules) {
-  App();
+  test::QtApp();
   TempHome t;
   const fs::path database = MakeOpenDatabase(t);
   const auto zip = BackupDatabase(t.state, t.Root() / "backups", "  weekly  ");
@@ -89,7 +75,7 @@ TEST(frmRestore, ShowsTheBackupAndFollowsTheOptionRules) {
   EXPECT_TRUE(change->isEnabled());
 
   Child<QPushButton>(screen, "cmdRestore")->click();
-  EXPECT_TRUE(t.io.Saw(text::kSelectDirectory));
+  EXPECT_TRUE(t.io.Saw("Please select a directory to restore to."));
   EXPECT_FALSE(screen.Restored().has_value());
 
   const fs::path folder = t.Root() / "restored";
@@ -105,7 +91,10 @@ TEST(frmRestore, ShowsTheBackupAndFollowsTheOptionRules) {
 }
 
 TEST(frmRestore, WithoutAnOpenDatabaseOnlyTheFolderChoicesAreOffered) {
-  App();
+  EXPECT_EQ(frmRestore::FileDialogFilter().toStdString(),
+            "KVL-R Backup files (KVL-RBkup*.zip KVL-RArchive*.zip);;"
+            "Backup files (KVL-RBkup*.zip);;Archived files (KVL-RArchive*.zip)");
+  test::QtApp();
   TempHome t;
   frmRestore screen(t.state);
   EXPECT_FALSE(Child<QRadioButton>(screen, "optReplace")->isEnabled());

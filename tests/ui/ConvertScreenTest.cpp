@@ -20,10 +20,6 @@ namespace {
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-void EnsureApp() {
-  test::QtApp();
-}
-
 void Type(QWidget* box, const QString& text) {
   for (QChar ch : text) {
     QKeyEvent press(QEvent::KeyPress, ch.unicode(), Qt::NoModifier, QString(ch));
@@ -39,7 +35,7 @@ void Press(QWidget* widget, int key) {
 class ConvertScreen : public testing::Test {
  protected:
   ConvertScreen() {
-    EnsureApp();
+    test::QtApp();
     MakeOpenDatabase(t);
   }
   QLineEdit* Box(const char* name) { return screen->findChild<QLineEdit*>(name); }
@@ -68,9 +64,8 @@ class ConvertScreen : public testing::Test {
   std::unique_ptr<frmConvt> screen;
 };
 
-TEST_F(ConvertScreen, ShowsTheSavedFactorsAndTheHelps) {
+TEST_F(ConvertScreen, ShowsTheSavedFactorsAndLeavingStraightAppliesItsRule) {
   screen = std::make_unique<frmConvt>(t.state);
-  EXPECT_EQ(screen->windowTitle(), "Course Conversion Setup");
   const std::vector<std::pair<const char*, QString>> boxes = {
       {"txtCvtFactor", "1.11"}, {"txtFreeTurn", "0.8"}, {"txtBackTurn", "0.6"},
       {"txtBreastTurn", "1"},   {"txtFlyTurn", "0.7"},  {"txtIMTurn", "0.8"},
@@ -79,28 +74,22 @@ TEST_F(ConvertScreen, ShowsTheSavedFactorsAndTheHelps) {
     ASSERT_NE(Box(name), nullptr) << name;
     EXPECT_EQ(Box(name)->text(), text) << name;
   }
+  EXPECT_EQ(screen->windowTitle(), "Course Conversion Setup");
   EXPECT_TRUE(screen->findChild<QRadioButton*>("optY2L")->isChecked());
   EXPECT_EQ(screen->findChild<QRadioButton*>("optY2L")->text(), "LC Meters to Yards");
   EXPECT_EQ(screen->findChild<QRadioButton*>("optL2S")->text(), "LC Meters to SC Meters");
   EXPECT_TRUE(TurnBoxesEnabled());
-
-  QStringList captions, labels;
-  for (auto* group : screen->findChildren<QGroupBox*>()) captions << group->title();
-  for (auto* label : screen->findChildren<QLabel*>()) labels << label->text();
-  for (std::string_view group : {kYardsGroup, kTurnGroup, kLongGroup}) {
-    EXPECT_TRUE(captions.contains(QString::fromUtf8(group.data(), group.size()))) << group;
-  }
-  std::vector<std::string_view> helps = {kYardsHelp,      kTurnHelp,      kStraightHelp,
+  QStringList shown;
+  for (auto* group : screen->findChildren<QGroupBox*>()) shown << group->title();
+  for (auto* label : screen->findChildren<QLabel*>()) shown << label->text();
+  std::vector<std::string_view> words = {kYardsGroup,     kTurnGroup,     kLongGroup,
+                                         kYardsHelp,      kTurnHelp,      kStraightHelp,
                                          kCvt500Caption,  kCvt500Typical, kCvt1650Caption,
                                          kCvt1650Typical, kLongToMeters,  kLongToYards};
-  helps.insert(helps.end(), kTurnExample.begin(), kTurnExample.end());
-  for (std::string_view help : helps) {
-    EXPECT_TRUE(labels.contains(QString::fromUtf8(help.data(), help.size()))) << help;
-  }
-}
+  words.insert(words.end(), kTurnExample.begin(), kTurnExample.end());
+  for (std::string_view w : words)
+    EXPECT_TRUE(shown.contains(QString::fromUtf8(w.data(), w.size()))) << w;
 
-TEST_F(ConvertScreen, LeavingStraightAppliesItsRule) {
-  screen = std::make_unique<frmConvt>(t.state);
   Retype("txtStraight", "0.05");
   EXPECT_FALSE(TurnBoxesEnabled());
   EXPECT_TRUE(t.io.shown.empty());
@@ -114,17 +103,22 @@ TEST_F(ConvertScreen, LeavingStraightAppliesItsRule) {
   Box("txtStraight")->clear();
   Type(Box("txtStraight"), "-0.05");
   EXPECT_EQ(Box("txtStraight")->text(), "0.05");
-}
 
-TEST_F(ConvertScreen, OpensWithTurnBoxesOffWhenAStraightFactorIsSaved) {
+  // A saved straight factor opens the screen with the turn boxes off.
   t.state.gDb->exec("UPDATE OPTIONS SET Straight = 0.02");
   screen = std::make_unique<frmConvt>(t.state);
   EXPECT_FALSE(TurnBoxesEnabled());
-  EXPECT_TRUE(t.io.shown.empty());
 }
 
-TEST_F(ConvertScreen, SaveWritesAndTakesEffectAtOnce) {
+TEST_F(ConvertScreen, SaveChecksThenWritesAndTakesEffectAtOnce) {
   screen = std::make_unique<frmConvt>(t.state);
+  // A straight box not yet left is checked first.
+  Box("txtStraight")->selectAll();
+  Type(Box("txtStraight"), "0.5");
+  screen->findChild<QPushButton*>("cmdSave")->click();
+  EXPECT_TRUE(t.io.Saw("Maximum allowable is 0.1 ( 10% )"));
+  EXPECT_EQ(OptionsField("Straight"), 0);
+
   Retype("txtCvtFactor", "1.2");
   Retype("txtFreeTurn", "1");
   screen->findChild<QRadioButton*>("optL2S")->click();
@@ -138,14 +132,6 @@ TEST_F(ConvertScreen, SaveWritesAndTakesEffectAtOnce) {
   EXPECT_DOUBLE_EQ(OptionsField("FreeTurn"), 1.0);
   EXPECT_EQ(OptionsField("Y2L"), 0);
   EXPECT_EQ(OptionsField("CvtType"), 2);
-}
-
-TEST_F(ConvertScreen, SaveChecksAStraightBoxNotYetLeft) {
-  screen = std::make_unique<frmConvt>(t.state);
-  Box("txtStraight")->selectAll();
-  Type(Box("txtStraight"), "0.5");
-  screen->findChild<QPushButton*>("cmdSave")->click();
-  EXPECT_TRUE(t.io.Saw("Maximum allowable is 0.1 ( 10% )"));
   EXPECT_EQ(OptionsField("Straight"), 0);
 }
 
@@ -164,9 +150,8 @@ TEST_F(ConvertScreen, CancelAndEscapeLeaveEverythingAsItWas) {
     EXPECT_EQ(t.state.gCvtFactors[0], 1.11) << escape;
     EXPECT_DOUBLE_EQ(OptionsField("CvtFactor"), 1.11) << escape;
   }
-}
 
-TEST_F(ConvertScreen, AFailedSaveIsReportedAndKeepsTheScreen) {
+  // A failed save is reported and keeps the screen.
   screen = std::make_unique<frmConvt>(t.state);
   screen->show();
   t.state.gDb->exec("DROP TABLE OPTIONS");

@@ -14,12 +14,8 @@
 namespace kvlr {
 namespace {
 
-QApplication& App() {
-  return test::QtApp();
-}
-
 TEST(ReRankScreen, ShownWithASelectionItRanksAndClosesItself) {
-  App();
+  test::QtApp();
   test::TempHome t;
   test::MakeOpenDatabase(t);
   test::ResultTable results(*t.state.gDb);
