@@ -20,6 +20,8 @@
 #include <utility>
 #include <vector>
 
+#include "interchange/ImportTypes.h"
+
 namespace kvlr::testing {
 
 struct FieldSpot {
@@ -183,6 +185,7 @@ inline const std::map<std::string, FieldTable, std::less<>>& Nv3Tables() {
     t["F1"] = Layout(
         "team_code:3-7 relay_letter:8 col9:9-12 event_sex:15 distance:16-21r stroke_letter:22 "
         "age_group:23-28 event_number:39-41r event_letter:42 seed_time:52-59r seed_course:60");
+    for (const char* code : {"C2", "D2", "D3", "D4", "E3"}) t[code] = {};  // only their code
     FieldTable& g1 = t["G1"];
     for (int i = 0; i < 11; ++i) {
       const int at = 3 + 11 * i;
@@ -220,17 +223,12 @@ std::string Place(const std::map<std::string, FieldTable, std::less<>>& tables,
   return line;
 }
 
-// Two low decimal digits of `value`, the last one first.
-inline std::string ReversedLowDigits(long value) {
-  const std::string digits = std::to_string(value);
-  if (digits.size() < 2) throw std::invalid_argument("check value below 10");
-  return {digits[digits.size() - 1], digits[digits.size() - 2]};
-}
-
-inline long FloorDiv(long sum, long divisor) {
-  long q = sum / divisor;
-  if (sum % divisor != 0 && sum < 0) --q;
-  return q;
+// The two low digits of `sum` / `divisor` + `add`, the last one first. The fixtures' sums
+// stay within 16 bits, where the program's arithmetic would wrap.
+inline std::string SumDigits(long sum, long divisor, long add) {
+  if (sum > 32767) throw std::invalid_argument("check sum passes 16 bits");
+  const std::string digits = std::to_string(sum / divisor + add);
+  return {digits.back(), digits[digits.size() - 2]};
 }
 
 }  // namespace file_maker_detail
@@ -259,14 +257,13 @@ inline std::string SdifLine(std::string_view code, std::string_view spec) {
   return line;
 }
 
-// Sum of the bytes of columns 1-156, /19 floored, +211, low digits reversed.
+// Sum of the bytes of columns 1-156, /19, +211, low digits reversed.
 inline std::string Cl2Sum(std::string_view line) {
   long sum = 0;
   for (size_t i = 0; i < std::min<size_t>(156, line.size()); ++i) {
     sum += static_cast<unsigned char>(line[i]);
   }
-  if (sum > 32767) throw std::invalid_argument("Commlink sum passes 16 bits");
-  return file_maker_detail::ReversedLowDigits(file_maker_detail::FloorDiv(sum, 19) + 211);
+  return file_maker_detail::SumDigits(sum, 19, 211);
 }
 
 // `line` (padded to 160 columns) with its Commlink check sum in columns 159-160.
@@ -276,28 +273,20 @@ inline std::string Cl2(std::string line) {
   return line;
 }
 
-// Over columns 1-128: odd columns once, even twice; /21 floored, +205, low digits reversed.
+// Over columns 1-128: odd columns once, even twice; /21, +205, low digits reversed.
 inline std::string Nv3Sum(std::string_view line) {
   long sum = 0;
   for (size_t col = 1; col <= 128; ++col) {
     const long c = col <= line.size() ? static_cast<unsigned char>(line[col - 1]) : ' ';
     sum += col % 2 == 1 ? c : 2 * c;
   }
-  if (sum > 32767) throw std::invalid_argument("NV3 sum passes 16 bits");
-  return file_maker_detail::ReversedLowDigits(file_maker_detail::FloorDiv(sum, 21) + 205);
+  return file_maker_detail::SumDigits(sum, 21, 205);
 }
 
 // A 130-column NV3 line with its check sum in columns 129-130.
 inline std::string Nv3(std::string_view code, FieldValues fields = {}) {
   std::string line =
       file_maker_detail::Place(file_maker_detail::Nv3Tables(), code, fields, kNv3Width);
-  line.replace(128, 2, Nv3Sum(line));
-  return line;
-}
-
-// The same line with columns 129-130 recomputed (after a test changed a column).
-inline std::string Nv3Resum(std::string line) {
-  line.resize(kNv3Width, ' ');
   line.replace(128, 2, Nv3Sum(line));
   return line;
 }
@@ -317,7 +306,6 @@ inline std::string FileText(const std::vector<std::string>& lines) {
 // up people); every call's fields override the defaults by name.
 class SdifFile {
  public:
-
   // `commlink`: a .cl2 (software "Norvan, Ltd", check sums); else a plain .sd3.
   explicit SdifFile(bool commlink = true)
       : commlink_(commlink),
@@ -434,6 +422,18 @@ class SdifFile {
   FieldList a0_;
   FieldList z0_;
   std::vector<Entry> body_;
+};
+
+// Records what a pass reports; answers "stop" from the question after `cancel_after`.
+class Monitor : public ImportMonitor {
+ public:
+  void Status(std::string_view s) override { statuses.emplace_back(s); }
+  void Counts(const ImportCounts& c) override { last = c; }
+  bool Cancelled() override { return ++asked > cancel_after; }
+  std::vector<std::string> statuses;
+  ImportCounts last;
+  int asked = 0;
+  int cancel_after = 1 << 30;
 };
 
 }  // namespace kvlr::testing

@@ -23,12 +23,6 @@ using testing::Nv3;
 using testing::Sdif;
 using testing::SdifFile;
 
-class Statuses : public ImportMonitor {
- public:
-  void Status(std::string_view s) override { seen.emplace_back(s); }
-  std::vector<std::string> seen;
-};
-
 class PrepareTest : public ::testing::Test {
  protected:
   PrepareTest() {
@@ -55,7 +49,7 @@ class PrepareTest : public ::testing::Test {
   }
 
   test::TempHome t_;
-  Statuses monitor_;
+  testing::Monitor monitor_;
 };
 
 TEST_F(PrepareTest, ReadingRefusalsHaveTheirWords) {
@@ -162,7 +156,7 @@ std::vector<std::string> Nv3File() {
 TEST_F(PrepareTest, AnNv3FillsThePanelFromItsFirstTwoLines) {
   const ImportFile report = Prepare("w.nv3", testing::FileText(Nv3File()));
   ASSERT_TRUE(report.ready) << OnlyBox();
-  EXPECT_EQ(monitor_.seen.front(), "Initial File Check... ");
+  EXPECT_EQ(monitor_.statuses.front(), "Initial File Check... ");
   EXPECT_EQ(report.panel.created_by, "Norvan, Ltd 2.1Da");
   EXPECT_EQ(report.panel.file_type, "Exported Results");
   EXPECT_EQ(report.panel.meet_name, "Made Up Winter Meet");

@@ -19,14 +19,6 @@ namespace {
 using testing::Nv3;
 using testing::SdifFile;
 
-class Watcher : public ImportMonitor {
- public:
-  void Status(std::string_view text) override { statuses.emplace_back(text); }
-  bool Cancelled() override { return stop_after >= 0 && stop_after-- == 0; }
-  std::vector<std::string> statuses;
-  int stop_after = -1;  // lines walked before the user stops
-};
-
 class ImportReportTest : public ::testing::Test {
  protected:
   ImportReportTest() {
@@ -56,7 +48,7 @@ class ImportReportTest : public ::testing::Test {
   std::vector<ReportRow> Rows(bool relay) { return ReadIsdinRows(*t_.state.gReportDb, relay); }
 
   test::TempHome t_;
-  Watcher watcher_;
+  testing::Monitor watcher_;
 };
 
 const ReportRow* FindByName(const std::vector<ReportRow>& rows, std::string_view ln,
@@ -192,7 +184,7 @@ TEST_F(ImportReportTest, Nv3FileReportsSwimsUnderTheSwimmerOfTheirNumber) {
           "sex=F|athlete=7|event_sex=F|distance=100|stroke_letter=A|age_group= 11 12|"
           "event_number=12|age=12"),
       Nv3("E2", "f_p=F|score=65.32|course=Y|f_p2=P|score2=66.01|course2=Y"),
-      testing::Nv3Resum("E3"),
+      Nv3("E3"),
       Nv3("E1", "sex=F|athlete=8|event_sex=F|distance=1|stroke_letter=H|age_group=  0109"),
       Nv3("E2", "f_p=F|score=245.50"),
       Nv3("E1", "sex=F|athlete=7|event_sex=F|distance=50|stroke_letter=B|age_group=  0 10"),
@@ -235,7 +227,7 @@ TEST_F(ImportReportTest, Nv3FileReportsSwimsUnderTheSwimmerOfTheirNumber) {
 TEST_F(ImportReportTest, StoppingKeepsTheRowsWrittenAndFailuresSayErrorCreatingReport) {
   SdifFile file;
   file.Swim().Swim({{"swimmer_name", "ROE, ANN"}});
-  watcher_.stop_after = 4;  // A0, B1, C1, the first D0
+  watcher_.cancel_after = 4;  // A0, B1, C1, the first D0
   const ImportOutcome stopped = Report(file.Lines(), ".CL2");
   EXPECT_FALSE(stopped.ok);
   EXPECT_TRUE(stopped.cancelled);
@@ -243,6 +235,7 @@ TEST_F(ImportReportTest, StoppingKeepsTheRowsWrittenAndFailuresSayErrorCreatingR
   const auto rows = Rows(false);
   EXPECT_NE(FindByName(rows, "DOE", "JANE"), nullptr);
   EXPECT_EQ(FindByName(rows, "ROE", "ANN"), nullptr);
+  watcher_.cancel_after = 1 << 30;
 
   const ImportOutcome psn = Report(file.Lines(), ".PSN");
   EXPECT_FALSE(psn.ok);
@@ -353,7 +346,7 @@ TEST(NV3AthleteCheck, FindsTheSwimmerOrSaysWhoIsThereOrStopsAtAnUnreadableLine) 
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     test::TempHome t;
-    Watcher monitor;
+    testing::Monitor monitor;
     SwimmerMatcher matcher(CurrentSwimmer{1, c.first, "Smith", "F"}, {}, false);
     std::vector<std::string> lines = {Nv3("A1", "file_code=09|creator=Norvan, Ltd"),
                                       Nv3("B1", {{"meet_name", "Made-Up Meet"}})};

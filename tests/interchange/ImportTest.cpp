@@ -34,16 +34,6 @@ std::string JaneSplits(const char* total, const char* distance, FieldValues spli
                                                           splits)));
 }
 
-// Stops a run after a number of lines.
-class StopAfter : public ImportMonitor {
- public:
-  explicit StopAfter(int lines) : left_(lines) {}
-  bool Cancelled() override { return left_-- <= 0; }
-
- private:
-  int left_;
-};
-
 class ImportTest : public ::testing::Test {
  protected:
   ImportTest() {
@@ -351,7 +341,8 @@ TEST_F(ImportTest, AStoppedRunKeepsWhatItStored) {
   for (int e = 1; e <= 6; ++e) {
     file.Swim({{"event_number", std::to_string(e)}, {"distance", std::to_string(25 * e)}});
   }
-  StopAfter stop(4);  // A0, B1, C1, D0 with its D3
+  testing::Monitor stop;
+  stop.cancel_after = 4;  // A0, B1, C1, D0 with its D3
   const ImportOutcome out = Run(file.Lines(), ".CL2", {}, &stop);
   EXPECT_TRUE(out.cancelled);
   EXPECT_EQ(out.status, "Import aborted by user.");
@@ -385,21 +376,16 @@ TEST_F(ImportTest, AStoreFailureLeavesTheDatabaseAsItWas) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 0);
 }
 
-// A record with nothing but its code.
-std::string Nv3Bare(const char* code) {
-  return testing::Nv3Resum(std::string(code) + std::string(128, ' '));
-}
-
 std::vector<std::string> Nv3File(std::vector<std::string> swims, const char* file_code = "09") {
   std::vector<std::string> lines = {
       Nv3("A1", {{"file_code", file_code}, {"creator", "Norvan, Ltd"}, {"version", "2.1Da"}}),
       Nv3("B1", "meet_name=Made-Up Sprint Meet|start=10102026|end=10112026"),
       Nv3("B2", {{"course_letter", "L"}}),
       Nv3("C1", "team_code=MUST|team_name=Made Up Swim Team"),
-      Nv3Bare("C2"),
+      Nv3("C2"),
       Nv3("D1", "sex=F|athlete=7|last=Doe|first=Jane"),
-      Nv3Bare("D2"),
-      Nv3Bare("D3")};
+      Nv3("D2"),
+      Nv3("D3")};
   for (std::string& s : swims) lines.push_back(std::move(s));
   return lines;
 }
@@ -455,7 +441,7 @@ TEST_F(ImportTest, Nv3LinesOutOfPlaceStopTheRun) {
   for (const auto& [code, words] : cases) {
     auto lines = Nv3File({});
     lines.push_back(Nv3("C1", {{"team_code", "OTHR"}}));
-    lines.push_back(Nv3Bare(code));
+    lines.push_back(Nv3(code));
     Run(lines, ".NV3");
     EXPECT_TRUE(t_.io.Saw(std::string("Problem: ") + words)) << code;
   }

@@ -446,22 +446,10 @@ TEST(ShowFileStatisticsTest, PanelNamesCreatorAndFirstMeet) {
   EXPECT_EQ(panel.start_date, "14/03/2026");
 }
 
-// A monitor that records and can stop the pass after a number of questions.
-class Recorder : public ImportMonitor {
- public:
-  void Status(std::string_view s) override { statuses.emplace_back(s); }
-  void Counts(const ImportCounts& c) override { last = c; }
-  bool Cancelled() override { return ++asked > cancel_after; }
-  std::vector<std::string> statuses;
-  ImportCounts last;
-  int asked = 0;
-  int cancel_after = 1 << 30;
-};
-
 struct Run {
   SdifCheckResult result;
   test::ScriptedUserIo io;
-  Recorder monitor;
+  testing::Monitor monitor;
 };
 
 std::unique_ptr<Run> Check(const std::vector<std::string>& lines, std::string_view ext,
