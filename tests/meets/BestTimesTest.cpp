@@ -80,6 +80,11 @@ Date D(const char* iso) {
   return *Date::FromIso(iso);
 }
 
+// Score, converted time and course of a record.
+std::string Seen(const BestTimeRec& r) {
+  return std::to_string(r.score) + "/" + std::to_string(r.converted) + "/" + r.course;
+}
+
 TEST_F(BestTimesTest, FastPathTakesRankOneOfTheAskedGroupOnly) {
   const int32_t other = AddMeet("Winter Cup", "2024-12-01");
   Add({.score = 5900, .rank = 2});  // stale rank: not looked at
@@ -88,17 +93,11 @@ TEST_F(BestTimesTest, FastPathTakesRankOneOfTheAskedGroupOnly) {
   Add({.score = 5500, .rank = 1, .i_r = "N"});  // relay legs never count
   Add({.score = 5400, .rank = 1, .athlete = 2});
   Add({.course = 'S', .score = 6500, .rank = 1});
-
   const BestTimeRec y = GetFastestByCourse(state(), 1, 100, kBack, 'Y');
-  EXPECT_EQ(y.score, 6000);
-  EXPECT_EQ(y.converted, 6000);
-  EXPECT_EQ(y.course, "Y");
+  EXPECT_EQ(Seen(y), "6000/6000/Y");
   EXPECT_EQ(y.meet, other);
-
-  EXPECT_EQ(GetFastestByCourse(state(), 1, 100, kBack, 'S').score, 6500);
-  const BestTimeRec none = GetFastestByCourse(state(), 1, 100, kBack, 'L');
-  EXPECT_EQ(none.score, 0);
-  EXPECT_EQ(none.course, "");
+  EXPECT_EQ(Seen(GetFastestByCourse(state(), 1, 100, kBack, 'S')), "6500/6500/S");
+  EXPECT_EQ(Seen(GetFastestByCourse(state(), 1, 100, kBack, 'L')), "0/0/");
   EXPECT_EQ(GetFastestByCourse(state(), 1, 200, kBack, 'Y').score, 0);
 }
 
@@ -109,12 +108,9 @@ TEST_F(BestTimesTest, FilteredPathIgnoresStaleRanksButNeedsATimeOnTheRow) {
   Add({.meet = fastest_meet, .score = 5900, .rank = 3, .nt = std::nullopt});
   Add({.score = 5800, .rank = 2, .nt = 5});  // a non-time whose rank wasn't updated
   Add({.score = 0, .rank = 4});
-
   EXPECT_EQ(GetFastestByCourse(state(), 1, 100, kBack, 'Y').score, 6100);
   const BestTimeRec rec = GetFastestByCourseSQL(state(), 1, 100, kBack, 'Y', null(), null(), "");
-  EXPECT_EQ(rec.score, 5900);
-  EXPECT_EQ(rec.converted, 5900);
-  EXPECT_EQ(rec.course, "Y");
+  EXPECT_EQ(Seen(rec), "5900/5900/Y");
   EXPECT_EQ(rec.meet, fastest_meet);
   EXPECT_EQ(GetFastestByCourseSQL(state(), 1, 100, kBack, 'S', null(), null(), "").score, 0);
   // An exhibition swim counts.
@@ -129,8 +125,7 @@ TEST_F(BestTimesTest, LeadOffLegs) {
   struct Case {
     bool lead_off;
     std::optional<int32_t> individual;
-    int32_t lead_leg;
-    int32_t expected;
+    int32_t lead_leg, expected;
     bool from_lead_leg;
   };
   const Case cases[] = {
@@ -147,15 +142,13 @@ TEST_F(BestTimesTest, LeadOffLegs) {
     if (c.individual) Add({.meet = i_meet, .distance = distance, .score = *c.individual});
     Add({.meet = l_meet, .distance = distance, .score = c.lead_leg, .i_r = "L"});
     state().gUseLeadOff = c.lead_off;
-
-    const BestTimeRec fast = GetFastestByCourse(state(), 1, distance, kBack, 'Y');
-    const BestTimeRec filtered =
-        GetFastestByCourseSQL(state(), 1, distance, kBack, 'Y', null(), null(), "");
-    const BestTimeRec best = Best(distance, kBack, 'Y');
-    for (const BestTimeRec* rec : {&fast, &filtered, &best}) {
-      EXPECT_EQ(rec->score, c.expected);
+    for (const BestTimeRec& rec :
+         {GetFastestByCourse(state(), 1, distance, kBack, 'Y'),
+          GetFastestByCourseSQL(state(), 1, distance, kBack, 'Y', null(), null(), ""),
+          Best(distance, kBack, 'Y')}) {
+      EXPECT_EQ(rec.score, c.expected);
       if (c.expected) {
-        EXPECT_EQ(rec->meet, c.from_lead_leg ? l_meet : i_meet);
+        EXPECT_EQ(rec.meet, c.from_lead_leg ? l_meet : i_meet);
       }
     }
   }
@@ -164,21 +157,14 @@ TEST_F(BestTimesTest, LeadOffLegs) {
 TEST_F(BestTimesTest, OneSwimIsTheBestWhateverTheTarget) {
   const int32_t meet = AddMeet("Summer Champs", "2024-07-20");
   Add({.meet = meet, .score = 6000});  // 100 Back yards
-  struct Case {
-    char target;
-    int32_t converted;
-  };
-  for (const Case& c : {Case{'Y', 6000}, Case{'S', 6660}, Case{'L', 6780}}) {
-    SCOPED_TRACE(c.target);
-    const BestTimeRec rec = Best(100, kBack, c.target);
-    EXPECT_EQ(rec.score, 6000);
-    EXPECT_EQ(rec.converted, c.converted);
-    EXPECT_EQ(rec.course, "Y");
+  for (const auto& [target, seen] : {std::pair{'Y', "6000/6000/Y"}, std::pair{'S', "6000/6660/Y"},
+                                     std::pair{'L', "6000/6780/Y"}}) {
+    const BestTimeRec rec = Best(100, kBack, target);
+    EXPECT_EQ(Seen(rec), seen);
     EXPECT_EQ(rec.meet, meet);
     EXPECT_EQ(rec.text, "");
   }
   EXPECT_EQ(Best(200, kBack, 'Y').score, 0);
-  EXPECT_EQ(Best(100, kBack, 'Y').converted, 6000);
 }
 
 // Yards and metres long events are compared, each converted from its own distance.
@@ -187,28 +173,22 @@ TEST_F(BestTimesTest, LongEventsUseTheirOwnDistancePerCourse) {
     int32_t yards_500;
     int16_t asked;
     char target;
-    int32_t score;
-    int32_t converted;
-    const char* course;
+    const char* seen;
   };
   const Case cases[] = {
       // 400 L 4:40.00 to yards: (28000 - 12 * 80) / 0.875 = 309.03
-      {31000, 500, 'Y', 28000, 30903, "L"},
-      {31000, 400, 'Y', 28000, 30903, "L"},
-      {30500, 500, 'Y', 30500, 30500, "Y"},
+      {31000, 500, 'Y', "28000/30903/L"},
+      {31000, 400, 'Y', "28000/30903/L"},
+      {30500, 500, 'Y', "30500/30500/Y"},
       // 500 Y 5:00.00 to long course: 30000 * 0.875 + 12 * 80 = 4:32.10
-      {30000, 400, 'L', 30000, 27210, "Y"},
-      {30000, 500, 'L', 30000, 27210, "Y"},
+      {30000, 400, 'L', "30000/27210/Y"},
+      {30000, 500, 'L', "30000/27210/Y"},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.yards_500);
     ClearResults();
     Add({.distance = 500, .stroke = kFree, .course = 'Y', .score = c.yards_500});
     Add({.distance = 400, .stroke = kFree, .course = 'L', .score = 28000});
-    const BestTimeRec rec = Best(c.asked, kFree, c.target);
-    EXPECT_EQ(rec.score, c.score);
-    EXPECT_EQ(rec.converted, c.converted);
-    EXPECT_EQ(rec.course, c.course);
+    EXPECT_EQ(Seen(Best(c.asked, kFree, c.target)), c.seen) << c.yards_500 << " " << c.asked;
   }
   // 400 in yards is 500 for freestyle only.
   ClearResults();
@@ -244,41 +224,28 @@ TEST(BestLookupDistanceTest, DistanceTable) {
 // A tie after conversion keeps the course met first in Y, S, L; the target isn't preferred.
 TEST_F(BestTimesTest, CourseOrderDecidesTies) {
   struct Case {
-    Swim first;
-    Swim second;
+    int16_t distance, stroke;
+    char first_course;
+    int32_t first;
+    char second_course;
+    int32_t second;
     char target;
-    int32_t score;
-    int32_t converted;
-    const char* course;
+    const char* seen;
   };
   const Case cases[] = {
       // 100 Back 1:00.00 Y is 1:06.60 S.
-      {{.course = 'Y', .score = 6000}, {.course = 'S', .score = 6660}, 'S', 6000, 6660, "Y"},
-      {{.course = 'Y', .score = 6000}, {.course = 'S', .score = 6661}, 'S', 6000, 6660, "Y"},
-      {{.course = 'Y', .score = 6000}, {.course = 'S', .score = 6659}, 'S', 6659, 6659, "S"},
+      {100, kBack, 'Y', 6000, 'S', 6660, 'S', "6000/6660/Y"},
+      {100, kBack, 'Y', 6000, 'S', 6661, 'S', "6000/6660/Y"},
+      {100, kBack, 'Y', 6000, 'S', 6659, 'S', "6659/6659/S"},
       // 200 Free 2:00.00 S is 2:03.20 L.
-      {{.distance = 200, .stroke = kFree, .course = 'S', .score = 12000},
-       {.distance = 200, .stroke = kFree, .course = 'L', .score = 12320},
-       'L',
-       12000,
-       12320,
-       "S"},
-      {{.distance = 200, .stroke = kFree, .course = 'S', .score = 12000},
-       {.distance = 200, .stroke = kFree, .course = 'L', .score = 12319},
-       'L',
-       12319,
-       12319,
-       "L"},
+      {200, kFree, 'S', 12000, 'L', 12320, 'L', "12000/12320/S"},
+      {200, kFree, 'S', 12000, 'L', 12319, 'L', "12319/12319/L"},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.second.score);
     ClearResults();
-    Add(c.first);
-    Add(c.second);
-    const BestTimeRec rec = Best(c.first.distance, c.first.stroke, c.target);
-    EXPECT_EQ(rec.score, c.score);
-    EXPECT_EQ(rec.converted, c.converted);
-    EXPECT_EQ(rec.course, c.course);
+    Add({.distance = c.distance, .stroke = c.stroke, .course = c.first_course, .score = c.first});
+    Add({.distance = c.distance, .stroke = c.stroke, .course = c.second_course, .score = c.second});
+    EXPECT_EQ(Seen(Best(c.distance, c.stroke, c.target)), c.seen) << c.second;
   }
 }
 
