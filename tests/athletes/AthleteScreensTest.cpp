@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
 
 #include "athletes/AthleteCardScreen.h"
 #include "athletes/AthleteListModel.h"
@@ -31,28 +32,19 @@
 namespace kvlr {
 namespace {
 
-QApplication& App() {
-  return test::QtApp();
-}
-
 class AthleteScreens : public ::testing::Test {
  protected:
   void SetUp() override {
-    App();
+    test::QtApp();
     test::MakeOpenDatabase(t);
   }
 
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "") {
-    SQLite::Statement s(*t.state.gDb,
-                        "INSERT INTO Athlete (Last, First, Sex, Birth) VALUES (?, ?, ?, ?)");
-    s.bind(1, last);
-    s.bind(2, first);
-    s.bind(3, sex);
-    if (birth.empty())
-      s.bind(4);
-    else
-      s.bind(4, birth);
+    SQLite::Statement s(
+        *t.state.gDb,
+        "INSERT INTO Athlete (Last, First, Sex, Birth) VALUES (?, ?, ?, NULLIF(?, ''))");
+    SQLite::bind(s, last, first, sex, birth);
     s.exec();
     return static_cast<int32_t>(t.state.gDb->getLastInsertRowid());
   }
@@ -76,7 +68,7 @@ class AthleteScreens : public ::testing::Test {
 TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {
   Insert("Lane", "Bo", "M", "2010-05-01");
   Insert("Abel", "Cy", "M", "2014-01-09");
-  const int32_t ada = Insert("Lane", "Ada", "F");
+  Insert("Lane", "Ada", "F");
   AthleteListModel model(t.state);
   QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
 
@@ -101,14 +93,11 @@ TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {
   EXPECT_TRUE(model.flags(model.index(0, 0)) & Qt::ItemIsUserCheckable);
   EXPECT_FALSE(model.flags(model.index(0, 1)) & Qt::ItemIsEditable);
   ASSERT_TRUE(model.setData(model.index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
-  SQLite::Statement inactive(*t.state.gDb, "SELECT Inactive FROM Athlete WHERE Athlete = ?");
-  inactive.bind(1, ada);
-  ASSERT_TRUE(inactive.executeStep());
-  EXPECT_EQ(inactive.getColumn(0).getInt(), 1);
+  EXPECT_EQ(Count("SELECT Inactive FROM Athlete WHERE First = 'Ada'"), 1);
   EXPECT_FALSE(model.setData(model.index(0, 1), "Zed", Qt::EditRole));
 }
 
-TEST_F(AthleteScreens, SelectingARowMakesTheSwimmerCurrent) {
+TEST_F(AthleteScreens, SelectingARowMakesTheSwimmerCurrentAndDeletingItClearsThat) {
   const int32_t ada = Insert("Lane", "Ada", "F");
   const int32_t bo = Insert("Lane", "Bo", "M");
   ASSERT_TRUE(SetCurrentAthlete(t.state, bo));
@@ -123,9 +112,18 @@ TEST_F(AthleteScreens, SelectingARowMakesTheSwimmerCurrent) {
   EXPECT_EQ(changed.count(), 1);
   list.Grid()->selectRow(0);
   EXPECT_EQ(changed.count(), 1);
+
+  t.io.Script({Answer::kNo});
+  list.Delete();
+  EXPECT_EQ(list.Model()->rowCount(), 2);
+  list.Delete();
+  EXPECT_EQ(list.Model()->rowCount(), 1);
+  EXPECT_EQ(t.state.gAthlete, 0);
+  EXPECT_EQ(changed.count(), 2);
+  EXPECT_FALSE(list.Grid()->selectionModel()->hasSelection());
 }
 
-TEST_F(AthleteScreens, CommandsWithoutRowsSaySo) {
+TEST_F(AthleteScreens, CommandsWithoutRowsSaySoAndAFifthSwimmerIsRefused) {
   frmAthlete list(t.state);
   for (const char* command : {"cmdEdit", "cmdDelete", "cmdRecruiting", "cmdMerge"}) {
     t.io.shown.clear();
@@ -133,16 +131,15 @@ TEST_F(AthleteScreens, CommandsWithoutRowsSaySo) {
     EXPECT_EQ(LastShown(), "No Athletes have been added yet.") << command;
   }
   EXPECT_EQ(list.findChild<QDialog*>(), nullptr);
-}
 
-TEST_F(AthleteScreens, AFifthSwimmerIsRefusedBeforeTheCardOpens) {
   for (const char* first : {"Ada", "Bo", "Cy"}) Insert("Lane", first, "F");
-  frmAthlete list(t.state);
+  t.io.shown.clear();
   Child<QAction>(&list, "cmdAdd")->trigger();
   frmAthMt* card = list.findChild<frmAthMt*>();
   ASSERT_NE(card, nullptr);
   EXPECT_TRUE(card->isVisible());
   EXPECT_TRUE(card->AddMode());
+  EXPECT_TRUE(t.io.shown.empty());
   card->reject();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
@@ -261,22 +258,6 @@ TEST_F(AthleteScreens, SiblingAddressCopiesOntoTheCard) {
   EXPECT_EQ(Child<QLineEdit>(&card, "txtMailTo")->text(), "");
 }
 
-TEST_F(AthleteScreens, DeletingTheCurrentSwimmerFromTheList) {
-  Insert("Lane", "Ada", "F");
-  const int32_t bo = Insert("Lane", "Bo", "M");
-  ASSERT_TRUE(SetCurrentAthlete(t.state, bo));
-  frmAthlete list(t.state);
-  QSignalSpy changed(&list, &frmAthlete::currentAthleteChanged);
-  t.io.Script({Answer::kNo});
-  list.Delete();
-  EXPECT_EQ(list.Model()->rowCount(), 2);
-  list.Delete();
-  EXPECT_EQ(list.Model()->rowCount(), 1);
-  EXPECT_EQ(t.state.gAthlete, 0);
-  EXPECT_EQ(changed.count(), 1);
-  EXPECT_FALSE(list.Grid()->selectionModel()->hasSelection());
-}
-
 TEST_F(AthleteScreens, MergeScreenOffersTheOthersAndMerges) {
   const int32_t ada = Insert("Lane", "Ada", "F");
   const int32_t bo = Insert("Lane", "Bo", "F");
@@ -351,9 +332,12 @@ TEST_F(AthleteScreens, TeamScreenStartsEmptyAndKeepsOneRow) {
   EXPECT_EQ(team.result(), QDialog::Accepted);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM TEAM"), 1);
 
+  // Reopened it shows the row on one line; saving again edits that row.
   frmTeamMaint again(t.state);
   EXPECT_EQ(Child<QLineEdit>(&again, "txtName")->text(), "Springfield Seals");
   EXPECT_EQ(Child<QLineEdit>(&again, "txtAddr")->text(), "1 Pool Road Suite 2");
+  Child<QPushButton>(&again, "cmdOK")->click();
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM TEAM"), 1);
 }
 
 }  // namespace
