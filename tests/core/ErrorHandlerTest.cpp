@@ -34,37 +34,21 @@ TEST(ErrorHandler, WithoutDisplayItLogsAndGoesOn) {
 }
 
 // A user who ends the program at the box still leaves the entry behind.
-class LogCheckingIo final : public UserIo {
- public:
-  explicit LogCheckingIo(const std::filesystem::path& log) : log_(log) {}
-  Answer Message(std::string_view text, int style, std::string_view title) override {
-    logged_before_box = std::filesystem::exists(log_);
-    text_ = std::string(text);
-    style_ = style;
-    title_ = std::string(title);
-    return answer;
-  }
-  void Progress(std::string_view) override {}
-  bool logged_before_box = false;
-  Answer answer = Answer::kOk;
-  std::string text_, title_;
-  int style_ = 0;
-
- private:
-  std::filesystem::path log_;
-};
-
 TEST(ErrorHandler, LogsBeforeTheBoxAndMapsTheAnswer) {
   TempHome t;
-  LogCheckingIo io(t.state.home.Log());
-  t.state.io = &io;
+  bool logged_before_box = false;
+  t.io.on_message = [&](const auto&) {
+    logged_before_box = std::filesystem::exists(t.state.home.Log());
+  };
+  t.io.Script({Answer::kOk});
   int action =
       ReportError(t.state, "frmResults.SaveResult", FileError(err::kBadFileName, "bad name"));
-  EXPECT_TRUE(io.logged_before_box);
-  EXPECT_EQ(io.title_, "Program Error");
-  EXPECT_EQ(io.style_, 49);  // OK and Cancel: OK retries
+  EXPECT_TRUE(logged_before_box);
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_EQ(t.io.shown[0].title, "Program Error");
+  EXPECT_EQ(t.io.shown[0].style, 49);  // OK and Cancel: OK retries
   EXPECT_EQ(action, action::kRetry);
-  EXPECT_EQ(io.text_,
+  EXPECT_EQ(t.io.shown[0].text,
             "That filename is illegal.\r\n\r\nError Description: bad name\r\nError Source: "
             "frmResults.SaveResult\r\nError Number: 64");
   EXPECT_EQ(t.state.gErrorAction, action::kRetry);

@@ -16,21 +16,13 @@ using test::TempHome;
 TEST(GetOptions, EmptyTableGetsTheDefaultsWithTodayAsLastBackup) {
   TempHome t;
   MakeOpenDatabase(t);  // its first open read OPTIONS
-  SQLite::Statement q(*t.state.gDb,
-                      "SELECT count(*), LastBackup, CvtFactor, Cvt500, Cvt1650, CvtType, Y2L, "
-                      "BackupCheck, UpdateCheck, Course, NoAge FROM OPTIONS");
-  ASSERT_TRUE(q.executeStep());
-  EXPECT_EQ(q.getColumn(0).getInt(), 1);
-  EXPECT_EQ(q.getColumn(1).getString(), "2026-11-22");
-  EXPECT_DOUBLE_EQ(q.getColumn(2).getDouble(), 1.11);
-  EXPECT_DOUBLE_EQ(q.getColumn(3).getDouble(), 0.875);
-  EXPECT_DOUBLE_EQ(q.getColumn(4).getDouble(), 1.006);
-  EXPECT_EQ(q.getColumn(5).getInt(), 2);
-  EXPECT_EQ(q.getColumn(6).getInt(), 1);
-  EXPECT_EQ(q.getColumn(7).getInt(), 7);
-  EXPECT_EQ(q.getColumn(8).getInt(), 7);
-  EXPECT_EQ(q.getColumn(9).getString(), "Y");
-  EXPECT_EQ(q.getColumn(10).getInt(), 1);
+  EXPECT_EQ(t.state.gDb
+                ->execAndGet("SELECT count(*) || ' ' || LastBackup || ' ' || CvtFactor || ' ' || "
+                             "Cvt500 || ' ' || Cvt1650 || ' ' || CvtType || ' ' || Y2L || ' ' || "
+                             "BackupCheck || ' ' || UpdateCheck || ' ' || Course || ' ' || NoAge "
+                             "FROM OPTIONS")
+                .getString(),
+            "1 2026-11-22 1.11 0.875 1.006 2 1 7 7 Y 1");
 
   const std::array<double, 9> expected = {1.11, 0.8, 0.6, 1, 0.7, 0.8, 0, 0.875, 1.006};
   for (size_t i = 0; i < expected.size(); ++i)

@@ -1,10 +1,12 @@
-// The rule for files the user names as output: no database, no foreign kind, no silent
-// replacement.
+// Names the user gives: database names within their rules, and output files that are no
+// database, no foreign kind and no silent replacement.
 
 #include <gtest/gtest.h>
 
+#include "core/DatabaseName.h"
 #include "core/FileOps.h"
 #include "core/OutputFile.h"
+#include "support/ScriptedUserIo.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
@@ -54,6 +56,43 @@ TEST(OutputFileOk, RefusesDatabasesAndForeignFilesAndAsksBeforeReplacing) {
   EXPECT_TRUE(OutputFileOk(t.state, dir / "old.CSV", kCsvOutput, true));
   EXPECT_FALSE(OutputFileOk(t.state, dir / "copy.csv", kCsvOutput, true));
   EXPECT_EQ(t.io.shown.size(), 1u);
+}
+
+TEST(DatabaseNameOk, RefusesEmptyLongPathAndControlCharactersAndLeadingDots) {
+  struct Case {
+    const char* name;
+    bool ok;
+  };
+  const Case cases[] = {
+      {"Family", true},
+      {"  Family  ", true},
+      {"12345678901234567890", true},
+      {"123456789012345678901", false},
+      {"", false},
+      {"   ", false},
+      {"O'Brien", false},
+      {"Say \"hi\"", false},
+      {"a/b", false},
+      {"a\\b", false},
+      {"C:", false},
+      {"a|b", false},
+      {"Swim-Team 2026", true},
+      {".mdb", false},  // what ".mdb" alone leaves as its stem
+      {".hidden", false},
+      {"tab\there", false},
+      {"line\nbreak", false},
+      {"del\x7f", false},
+  };
+  for (const auto& c : cases) {
+    test::ScriptedUserIo io;
+    EXPECT_EQ(DatabaseNameOk(c.name, kMaxDatabaseName, io), c.ok) << c.name;
+    EXPECT_EQ(io.shown.empty(), c.ok) << c.name;
+  }
+  test::ScriptedUserIo io;
+  DatabaseNameOk("a:b", 20, io);
+  EXPECT_EQ(io.shown[0].text,
+            "The database name can not be longer than 20 characters\rand can not include "
+            "quotes, apostrophes, slashes or colons.");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "core/TimeText.h"
 
 #include <gtest/gtest.h>
+#include "core/TimeOfDay.h"
 
 namespace kvlr {
 namespace {
@@ -98,7 +99,7 @@ TEST(CheckEntryTextTest, Paths) {
       {"52.10", 1, {4321, "", "", 2}, {4321, "", "", 2}, true, ""},
       // Refusals: bad characters (the caller has the message), too low.
       {"5:2a", 1, {4321, "", "", 0}, {0, "", "", 0}, false, ""},
-      {"7.99", 1, {4321, "", "", 0}, {0, "", "", 0}, false, kTimeTooLow},
+      {"7.99", 1, {4321, "", "", 0}, {0, "", "", 0}, false, "Time entered is too low."},
       {"8.00", 1, {}, {800, "", "", 0}, true, ""},
       // Diving: Val * 100, halves to even.
       {"0.125", 6, {}, {12, "", "", 0}, true, ""},
@@ -125,11 +126,39 @@ TEST(CheckResultTextTest, Paths) {
       {"x1:05.30L", 2, {}, {6530, "X", "L", 0}, true, ""},
       {"350.25", 6, {}, {23025, "", "", 0}, true, ""},
       // Fewer than three characters (swims) or below 8.00.
-      {"52", 1, {}, {0, "", "", 0}, false, kInvalidTime},
-      {"7.99", 1, {}, {799, "", "", 0}, false, kInvalidTime},
-      {"52", 6, {}, {52, "", "", 0}, false, kInvalidTime}};
+      {"52", 1, {}, {0, "", "", 0}, false, "Invalid Time"},
+      {"7.99", 1, {}, {799, "", "", 0}, false, "Invalid Time"},
+      {"52", 6, {}, {52, "", "", 0}, false, "Invalid Time"}};
   // clang-format on
   for (const CheckCase& c : cases) ExpectCheck(&CheckResultText, c);
+}
+
+TEST(ParseTimeOfDayTest, Forms) {
+  const std::string quarter = "Time must be in 15 minute intervals.";
+  const std::string format = "Invalid Time format";
+  // clang-format off
+  // {typed, text, message}
+  const std::vector<std::tuple<const char*, std::string, std::string>> cases = {
+      {"", "", ""},
+      // 24-hour numbers and h:mm
+      {"9", "9:00", ""}, {"0", "0:00", ""}, {"24", "24:00", ""}, {"25", "", ""},
+      {"930", "9:30", ""}, {"2400", "24:00", ""}, {"2415", "", ""}, {"1310", "", quarter},
+      {"975", "", "Invalid time 975"},
+      {"21:30", "21:30", ""}, {"0:15", "0:15", ""}, {"9:10", "", quarter}, {"25:00", "", ""},
+      {"9:3", "", format}, {"123:00", "", format}, {"abc", "", format},
+      // AM/PM numbers
+      {"9pm", "9:00 PM", ""}, {"9 am", "9:00 AM", ""}, {"1130 PM", "11:30 PM", ""},
+      {"1110pm", "", quarter}, {"45 pm", "", "Invalid time 45"},
+      {"1301pm", "", "Invalid time 1301"}, {"PM", "", format},
+      // AM/PM with h:mm, at most eight characters
+      {"9:30 pm", "9:30 PM", ""}, {"12:45 AM", "12:45 AM", ""}, {"10:30  PM", "", format},
+      {"14:00 PM", "", format}, {"9:20 am", "", quarter}, {"9:75 am", "", format}};
+  // clang-format on
+  for (const auto& [typed, text, message] : cases) {
+    TimeOfDayResult result = ParseTimeOfDay(typed);
+    EXPECT_EQ(result.text, text) << '"' << typed << '"';
+    EXPECT_EQ(result.message, message) << '"' << typed << '"';
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@ namespace kvlr::test {
 
 Answer ScriptedUserIo::Message(std::string_view text, int style, std::string_view title) {
   shown.push_back({std::string(text), style, std::string(title)});
+  if (on_message) on_message(shown.back());
   if (!answers_.empty()) {
     Answer a = answers_.front();
     answers_.pop_front();

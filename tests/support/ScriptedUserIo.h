@@ -2,6 +2,7 @@
 // A user who answers from a script and remembers everything shown.
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,8 @@ class ScriptedUserIo final : public UserIo {
 
   std::vector<Shown> shown;
   std::vector<std::string> progress;
+  // Called as each box is shown, before it is answered.
+  std::function<void(const Shown&)> on_message;
 
  private:
   std::deque<Answer> answers_;
