@@ -1,4 +1,4 @@
-// Start-up, reminders, login and the way out, without windows.
+// Start-up, reminders, login, preferences and the way out, without windows.
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include "shell/Login.h"
 #include "shell/MenuPlan.h"
 #include "shell/OpenDatabase.h"
-#include "shell/ShellTexts.h"
+#include "shell/Preferences.h"
 #include "shell/Startup.h"
 #include "store/LastDatabase.h"
 #include "store/TableBuilder.h"
@@ -60,13 +60,11 @@ TEST(RunSetup, OpensTheNewestLastDatabaseThatStillExists) {
   EXPECT_EQ(outcome.last_files.size(), 2u);
   EXPECT_TRUE(t.state.gDbOpen);
   EXPECT_EQ(t.state.gDatabaseName, older.string());
-  EXPECT_EQ(t.io.progress.back(), shell_text::kApplyingFavorites);
-}
+  EXPECT_EQ(t.io.progress.back(), "Applying Favorite Settings...");
 
-TEST(RunSetup, WithNoDatabaseLeftNothingOpens) {
-  TempHome t;
-  t.state.gDatabaseName = (t.Data() / "gone.mdb").string();
-  SaveLastDatabase(t.state);
+  // With no database left nothing opens.
+  t.state.CloseCurrentDB();
+  fs::remove(older);
   t.state.gDatabaseName.clear();
   RunSetup(t.state);
   EXPECT_FALSE(t.state.gDbOpen);
@@ -85,7 +83,7 @@ TEST(BackupReminder, RunsOnlyAfterMoreDaysThanTheSetting) {
   t.clock.Set(DateTime{Date{2026, 11, 30}, 9, 0, 0});
   EXPECT_TRUE(BackupReminder(t.state));
   EXPECT_TRUE(fs::exists(t.Data() / "KVL-RArchive-family-01.zip"));
-  EXPECT_TRUE(t.io.Saw(shell_text::kAutomaticBackupComplete));
+  EXPECT_TRUE(t.io.Saw("Automatic Backup Complete"));
   ASSERT_TRUE(t.state.gDbOpen);
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT LastBackup = '2026-11-30' FROM OPTIONS"), 1);
   EXPECT_EQ(t.state.gDatabaseName, file.string());
@@ -94,17 +92,14 @@ TEST(BackupReminder, RunsOnlyAfterMoreDaysThanTheSetting) {
   t.state.gBackupDays = 0;
   EXPECT_TRUE(BackupReminder(t.state));
   EXPECT_TRUE(fs::exists(t.Data() / "KVL-RArchive-family-02.zip"));
-}
 
-TEST(BackupReminder, ANonDateIsSetToTodayWithoutABackup) {
-  TempHome t;
-  MakeOpenDatabase(t);
+  // A last backup that is no date is set to today without a backup.
+  t.state.gBackupDays = 7;
   t.state.gDb->exec("UPDATE OPTIONS SET LastBackup = NULL");
   t.clock.Set(DateTime{Date{2027, 6, 1}, 9, 0, 0});
   EXPECT_FALSE(BackupReminder(t.state));
-  SQLite::Statement q(*t.state.gDb, "SELECT LastBackup FROM OPTIONS");
-  q.executeStep();
-  EXPECT_EQ(q.getColumn(0).getString(), "2027-06-01");
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT LastBackup = '2027-06-01' FROM OPTIONS"), 1);
+  EXPECT_FALSE(fs::exists(t.Data() / "KVL-RArchive-family-03.zip"));
 }
 
 TEST(UpdateReminder, AsksAfterMoreDaysAndNeverWithZero) {
@@ -121,9 +116,11 @@ TEST(UpdateReminder, AsksAfterMoreDaysAndNeverWithZero) {
   EXPECT_FALSE(UpdateReminderDue(t.state));
 }
 
-TEST(Login, RowsComeByFirstNameWithTheirDisplayNames) {
+// Login rows, the window's title in each state and the swimmer's background picture.
+TEST(Login, RowsComeByFirstNameAndTheTitleAndPictureFollowTheSwimmer) {
   TempHome t;
   MakeOpenDatabase(t);
+  EXPECT_EQ(MainTitle(t.state), "");  // login pending
   AddSwimmer(*t.state.gDb, "Zoe", "O'Brien", "F");
   AddSwimmer(*t.state.gDb, "Abe", "Lane", "M");
   t.state.gDb->exec("UPDATE Athlete SET Pref = 'Ziggy', Initial = 'Q' WHERE First = 'Zoe'");
@@ -132,38 +129,23 @@ TEST(Login, RowsComeByFirstNameWithTheirDisplayNames) {
   EXPECT_EQ(rows[0].name, "Abe Lane");
   EXPECT_EQ(rows[1].name, "Ziggy Q O'Brien");
   EXPECT_EQ(t.state.gAthleteCount, 2);
+  EXPECT_FALSE(LogIn(t.state, 999));
   ASSERT_TRUE(LogIn(t.state, rows[1].athlete));
   EXPECT_EQ(MainTitle(t.state), "KVL-R for Ziggy Q O'Brien");
-  EXPECT_FALSE(LogIn(t.state, 999));
-}
 
-TEST(Titles, FollowTheThreeStates) {
-  TempHome t;
-  MakeOpenDatabase(t);
-  EXPECT_EQ(MainTitle(t.state), "");  // login pending
-  AddSwimmer(*t.state.gDb, "Ada", "Lane", "F");
-  LogIn(t.state, LoginRows(t.state)[0].athlete);
-  EXPECT_EQ(MainTitle(t.state), "KVL-R for Ada Lane");
+  EXPECT_FALSE(BackgroundPicture(t.state).has_value());
+  WriteFileAtomically(t.state.home.Root() / "KVL-R.BMP", "BM");
+  EXPECT_EQ(BackgroundPicture(t.state)->filename(), "KVL-R.BMP");
+  WriteFileAtomically(t.state.home.Root() / "Zoe.bmp", "BM");
+  EXPECT_EQ(BackgroundPicture(t.state)->filename(), "Zoe.bmp");
+
   t.state.CloseCurrentDB();
   EXPECT_EQ(MainTitle(t.state), "Norvan's KVL RENEWED");
-
   const fs::path foreign = t.Data() / "notes.mdb";
   SQLite::Database(foreign.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
       .exec("CREATE TABLE Notes (Line TEXT)");
   EXPECT_FALSE(OpenOrCreateDatabase(t.state, foreign, nullptr));
   EXPECT_EQ(MainTitle(t.state), "No Database Open");
-}
-
-TEST(Background, TheSwimmersOwnPictureElseTheDefault) {
-  TempHome t;
-  MakeOpenDatabase(t);
-  AddSwimmer(*t.state.gDb, "Ada", "Lane", "F");
-  LogIn(t.state, LoginRows(t.state)[0].athlete);
-  EXPECT_FALSE(BackgroundPicture(t.state).has_value());
-  WriteFileAtomically(t.state.home.Root() / "KVL-R.BMP", "BM");
-  EXPECT_EQ(BackgroundPicture(t.state)->filename(), "KVL-R.BMP");
-  WriteFileAtomically(t.state.home.Root() / "Ada.bmp", "BM");
-  EXPECT_EQ(BackgroundPicture(t.state)->filename(), "Ada.bmp");
 }
 
 TEST(OpenDatabase, NamesAreCheckedBeforeAnythingIsMade) {
@@ -191,12 +173,15 @@ TEST(OpenDatabase, MakesOpensAndListsTheFile) {
   EXPECT_TRUE(t.state.gDbOpen);
   ASSERT_EQ(files.size(), 1u);
   EXPECT_EQ(files[0], (t.Data() / "family.mdb").string());
-  ASSERT_TRUE(OpenOrCreateDatabase(t.state, t.Data() / "second.mdb", &files));
-  EXPECT_EQ(fs::path(files[0]).filename(), "second.mdb");
+  // A name typed without its extension gets .mdb.
+  ASSERT_TRUE(OpenOrCreateDatabase(t.state, t.Data() / "Jones", &files));
+  EXPECT_EQ(fs::path(files[0]).filename(), "Jones.mdb");
+  EXPECT_TRUE(fs::exists(t.Data() / "Jones.mdb"));
+  EXPECT_EQ(fs::path(t.state.gDatabaseName).filename(), "Jones.mdb");
 
   t.io.shown.clear();
   EXPECT_FALSE(OpenLastFile(t.state, t.Data() / "gone.mdb", &files));
-  EXPECT_TRUE(t.io.Saw(shell_text::kFileGone));
+  EXPECT_TRUE(t.io.Saw("That file no longer exists."));
   EXPECT_EQ(t.state.gTitle, "No Database Open");
 }
 
@@ -279,11 +264,85 @@ TEST(RunSetup, AFileNamedAtStartOpensOrIsRefusedAsFileOpenRefusesIt) {
   }
 }
 
-TEST(OpenDatabase, ANameTypedWithoutExtensionGetsMdb) {
+TEST(SystemPreferences, RangesAndTheAgeUpDate) {
+  struct Case {
+    int backup, update;
+    AgeUpChoice age_up;
+    bool has_date;
+    const char* refusal;  // "" when accepted
+  };
+  const Case cases[] = {
+      {7, 7, AgeUpChoice::kMeetStart, false, ""},
+      {1, 0, AgeUpChoice::kMeetEnd, false, ""},
+      {60, 60, AgeUpChoice::kDate, true, ""},
+      {0, 7, AgeUpChoice::kMeetStart, false, "Range for Backup Check is 1 to 60."},
+      {61, 7, AgeUpChoice::kMeetStart, false, "Range for Backup Check is 1 to 60."},
+      {7, 61, AgeUpChoice::kMeetStart, false, "Range for Update Check is 0 to 60."},
+      {0, 61, AgeUpChoice::kMeetStart, false, "Range for Update Check is 0 to 60."},
+      {7, 7, AgeUpChoice::kDate, false, "You must enter a valid Age-Up Date."},
+  };
+  for (const auto& c : cases) {
+    SystemPreferences p;
+    p.backup_days = c.backup;
+    p.update_days = c.update;
+    p.age_up = c.age_up;
+    if (c.has_date) p.age_up_date = Date{2026, 12, 31};
+    auto refusal = CheckSystemPreferences(p);
+    EXPECT_EQ(refusal.value_or(""), c.refusal) << c.backup << "/" << c.update;
+  }
+}
+
+TEST(SystemPreferences, SaveTakesEffectAtOnceAndReranksOnlyOnALeadOffChange) {
   TempHome t;
-  ASSERT_TRUE(OpenOrCreateDatabase(t.state, t.Data() / "Jones", nullptr));
-  EXPECT_TRUE(fs::exists(t.Data() / "Jones.mdb"));
-  EXPECT_EQ(fs::path(t.state.gDatabaseName).filename(), "Jones.mdb");
+  MakeOpenDatabase(t);
+  int reranks = 0;
+  t.state.hooks.rerank_all = [&](AppState&) { ++reranks; };
+  SystemPreferences p = LoadSystemPreferences(t.state);
+  p.backup_days = 14;
+  p.update_days = 0;
+  p.fav_sex = 2;
+  SaveSystemPreferences(t.state, p);
+  EXPECT_EQ(reranks, 0);
+  EXPECT_EQ(t.state.gBackupDays, 14);
+  EXPECT_EQ(t.state.gUpdateDays, 0);
+  p.use_lead_off = true;
+  p.age_up = AgeUpChoice::kDate;
+  p.age_up_date = Date{2027, 1, 1};
+  SaveSystemPreferences(t.state, p);
+  EXPECT_EQ(reranks, 1);
+  SystemPreferences again = LoadSystemPreferences(t.state);
+  EXPECT_TRUE(again.use_lead_off);
+  EXPECT_EQ(again.backup_days, 14);
+  EXPECT_EQ(again.fav_sex, 2);
+  EXPECT_EQ(again.age_up_date, (Date{2027, 1, 1}));
+}
+
+TEST(ReportPreferencesAndDirectories, RoundTripAndSixtyCharactersAtMost) {
+  TempHome t;
+  MakeOpenDatabase(t);
+  ReportPreferences p = LoadReportPreferences(t.state);
+  EXPECT_EQ(p.open_events, 1);
+  p.output_case = 2;
+  p.header1 = "Lakeside Dolphins' Season";
+  p.paper_size = 1;
+  p.printer = PrinterNames{"Den Inkjet", "", ""};
+  SaveReportPreferences(t.state, p);
+  ReportPreferences again = LoadReportPreferences(t.state);
+  EXPECT_EQ(again.output_case, 2);
+  EXPECT_EQ(again.header1, "Lakeside Dolphins' Season");
+  EXPECT_EQ(again.paper_size, 1);
+  EXPECT_EQ(t.state.gPrinter.device, "Den Inkjet");
+
+  const std::string sixty = "/" + std::string(59, 'a');
+  EXPECT_TRUE(SetFavoriteDirectory(t.state, DirectoryKind::kBackup, sixty));
+  EXPECT_TRUE(t.io.Saw("Set Backup/Restore Directory to: " + sixty));
+  EXPECT_FALSE(SetFavoriteDirectory(t.state, DirectoryKind::kImport, sixty + "b"));
+  EXPECT_TRUE(
+      t.io.Saw("Total path length can not exceed 60 characters.  Please select a shorter path."));
+  SQLite::Statement q(*t.state.gDb, "SELECT BackupDir, ImportDir FROM OPTIONS");
+  q.executeStep();
+  EXPECT_EQ(q.getColumn(0).getString(), sixty);
+  EXPECT_TRUE(q.getColumn(1).isNull());
 }
 
 }  // namespace
