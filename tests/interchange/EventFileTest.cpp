@@ -26,7 +26,7 @@ std::vector<std::string> FilesIn(const fs::path& folder) {
   return names;
 }
 
-TEST(EventFileCheckValue, WorkedExamples) {
+TEST(EventFileFields, CheckValueWorkedExamplesSemicolonsAndTheWholeLastField) {
   // "Meet;" sums to 454; 454 / 7 = 64; + 121 = " 185": '5', ' ', "18", then 'e'.
   EXPECT_EQ(EventFileCheckValue("Meet;XXXXX", "Meet"), "5 18e");
   // 70 times 'd' is 7000; 1000 + 121 = "1121".
@@ -35,9 +35,7 @@ TEST(EventFileCheckValue, WorkedExamples) {
   EXPECT_EQ(EventFileCheckValue("12345", "Al"), "1 12");
   // Bytes count from 0 to 255.
   EXPECT_EQ(EventFileCheckValue(std::string(7, '\xff') + "?????", "abc"), "6 37c");
-}
 
-TEST(SplitEventFields, SemicolonsAndTheWholeLastField) {
   struct Case {
     const char* line;
     size_t whole_last;
@@ -108,12 +106,19 @@ TEST(ParseEventFile, MeetAndEventFields) {
                                         {3, "", 400, 4, "I", 10, "M"}}));
 }
 
-TEST(EventCourse, TwoCourseWordsKeepTheirMiddle) {
+TEST(EventCourse, TwoCourseWordsKeepTheirMiddleAndOnlyNvvAndZipNamesAreEventFiles) {
   const std::pair<const char*, const char*> cases[] = {
       {"Y", "Y"},   {"yards", "Y"}, {"LCM", "L"}, {" scm ", "S"}, {"BYLN", "YL"},
       {"bsn", "S"}, {"BN", ""},     {"BEN", "E"}, {"", ""},
   };
   for (const auto& [word, course] : cases) EXPECT_EQ(EventCourse(word), course) << word;
+
+  EXPECT_EQ(EventFileKindOf("/x/meet.nvv"), EventFileKind::kNvv);
+  EXPECT_EQ(EventFileKindOf("/x/MEET.NVV"), EventFileKind::kNvv);
+  EXPECT_EQ(EventFileKindOf("/x/meets.Zip"), EventFileKind::kZip);
+  EXPECT_EQ(EventFileKindOf("/x/meet.nv3"), EventFileKind::kInvalid);
+  EXPECT_EQ(EventFileKindOf("/x/nvv"), EventFileKind::kInvalid);
+  EXPECT_EQ(NotValidEventFileText("/x/meet.nv3"), "/x/meet.nv3Not a valid filename");
 }
 
 class EventImport : public ::testing::Test {
@@ -230,15 +235,6 @@ TEST_F(EventImport, ZipsGiveTheirEventFilesOnly) {
                "not be read as a zip archive: it is damaged or not a zip file. Download "
                "it again."));
   EXPECT_EQ(FilesIn(t.state.home.TempDir()), std::vector<std::string>{"old.nv3"});
-}
-
-TEST(EventFileKindOf, OnlyNvvAndZipNames) {
-  EXPECT_EQ(EventFileKindOf("/x/meet.nvv"), EventFileKind::kNvv);
-  EXPECT_EQ(EventFileKindOf("/x/MEET.NVV"), EventFileKind::kNvv);
-  EXPECT_EQ(EventFileKindOf("/x/meets.Zip"), EventFileKind::kZip);
-  EXPECT_EQ(EventFileKindOf("/x/meet.nv3"), EventFileKind::kInvalid);
-  EXPECT_EQ(EventFileKindOf("/x/nvv"), EventFileKind::kInvalid);
-  EXPECT_EQ(NotValidEventFileText("/x/meet.nv3"), "/x/meet.nv3Not a valid filename");
 }
 
 TEST(UnZipFile, EachZipGetsANewFolderOfItsOwnAndNothingElseIsTouched) {

@@ -68,7 +68,7 @@ TEST(ZipRefusal, OtherProgramsBackupsAreKnownByTheStartOfTheName) {
   for (const auto& c : cases) EXPECT_EQ(ZipRefusal(c.file), c.words) << c.file;
 }
 
-TEST(ImportExtension, IsTheLastFourCharactersInCapitalsAndPicksWhatAModeTakes) {
+TEST(ImportExtension, PicksWhatAModeTakesAndTheDialogFiltersListThePatternsInBothCases) {
   EXPECT_EQ(ImportExtension("/a/b/Meet.Cl2"), ".CL2");
   EXPECT_EQ(ImportExtension("x.zip"), ".ZIP");
   EXPECT_EQ(ImportExtension("cl2"), "CL2");
@@ -90,9 +90,7 @@ TEST(ImportExtension, IsTheLastFourCharactersInCapitalsAndPicksWhatAModeTakes) {
     EXPECT_EQ(AcceptsImportFile(ImportMode::kReport, c.file), c.report) << c.file;
     EXPECT_EQ(AcceptsImportFile(ImportMode::kOnline, c.file), c.online) << c.file;
   }
-}
 
-TEST(QtFileFilter, KeepsTheDescriptionsAndListsThePatternsInBothCases) {
   EXPECT_TRUE(QtFileFilter(ImportDialogFilter(ImportMode::kImport))
                   .starts_with("Import files (*.cl2,*.sd3,*.nv3,*.psn,*.zip) (*.cl2 *.CL2 *.sd3 "
                                "*.SD3 *.nv3 *.NV3 *.psn *.PSN *.zip *.ZIP);;"));

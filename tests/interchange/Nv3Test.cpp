@@ -185,18 +185,16 @@ TEST(Nv3Records, MeetTeamAndAthlete) {
   EXPECT_EQ(LoadNV3AthleteRec(Nv3("D1", {{"age", "0"}}), 0).age, "");
 }
 
-TEST(Nv3Records, AgeGroups) {
-  const std::pair<int, const char*> cases[] = {
+TEST(Nv3Records, AgeGroupsAndStrokeLetters) {
+  const std::pair<int, const char*> groups[] = {
       {1011, " 10 11"}, {99, "  0109"}, {1599, " 15109"}, {10, "  0 10"}, {506, " 05 06"}};
-  for (const auto& [lo_hi, text] : cases) {
+  for (const auto& [lo_hi, text] : groups) {
     EXPECT_EQ(NV3AgeText(lo_hi), text) << lo_hi;
     EXPECT_EQ(Nv3AgeGroup(text), lo_hi) << text;
   }
   EXPECT_EQ(Nv3AgeGroup("1 12"), 12);  // short text padded on the left; low 1 reads as 0
   EXPECT_EQ(Nv3AgeGroup("  1109"), 99);
-}
 
-TEST(Nv3Records, StrokeLetters) {
   struct Case {
     int distance;
     const char* letter;

@@ -20,7 +20,7 @@ using test::PsnResultLine;
 using test::PsnSplitsLine;
 using test::QueryNumber;
 
-TEST(ParsePsnLine, ResultColumns) {
+TEST(ParsePsnLine, ResultColumnsAndBlankColumns77And78MakeASplitsLine) {
   PsnResultFields f;
   f.lead_off = "R";
   PsnLine line = ParsePsnLine(PsnResultLine(f), 0);
@@ -42,10 +42,8 @@ TEST(ParsePsnLine, ResultColumns) {
   EXPECT_TRUE(line.result.end.IsBlank());
   f.start = "13/40/2026";
   EXPECT_TRUE(ParsePsnLine(PsnResultLine(f), 0).result.start.bad);
-}
 
-TEST(ParsePsnLine, BlankColumns77And78MakeASplitsLine) {
-  const PsnLine line = ParsePsnLine(PsnSplitsLine({"14.90", "31.20", "47.85", "1:05.32"}), 0);
+  line = ParsePsnLine(PsnSplitsLine({"14.90", "31.20", "47.85", "1:05.32"}), 0);
   ASSERT_EQ(line.kind, PsnLine::Kind::kSplits);
   EXPECT_EQ(line.splits, (std::array<int32_t, 7>{1490, 3120, 4785, 6532, 0, 0, 0}));
   // Columns behind the groups don't matter while 77-78 are blank.
@@ -217,7 +215,7 @@ struct BlockCase {
   const char* plain;
 };
 
-TEST(UnscrambleBlock, EachRangeOfCodesGoesItsOwnWay) {
+TEST(Unscramble, BlocksByRangeOfCodesAndOnlyTheFiveKeyDigitsOpenALineOfTenColumnBlocks) {
   const BlockCase cases[] = {
       {"A", "3", ">"},           // below 91: c - d
       {"m", "1", "0"},           // 109 and up: c - d - 60
@@ -231,9 +229,7 @@ TEST(UnscrambleBlock, EachRangeOfCodesGoesItsOwnWay) {
   for (const auto& c : cases) {
     EXPECT_EQ(UnscrambleBlock(c.block, c.key), c.plain) << c.block << " / " << c.key;
   }
-}
 
-TEST(UnscrambleLine, OnlyTheFiveKeyDigitsOpenALineWhoseColumnsGoInBlocksOfTen) {
   const std::string body(130, 'Q');
   for (char digit : std::string("12345")) {
     EXPECT_TRUE(UnscrambleLine(digit + body).has_value()) << digit;

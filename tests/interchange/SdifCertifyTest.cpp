@@ -61,7 +61,7 @@ std::string Good(std::string_view code, testing::FieldValues change = {}) {
   return Sdif(code, testing::Merged(kGood.find(code)->second, change));
 }
 
-TEST(Cl2CheckSumTest, WorkedExamples) {
+TEST(Cl2CheckSumTest, WorkedExamplesAndLinesJudged) {
   EXPECT_EQ(CL2CheckSum(std::string(156, ' ')), "37");  // 4992 / 19 -> 262 + 211 = 473
   // Columns behind 156 do not count.
   EXPECT_EQ(CL2CheckSum(std::string(160, ' ')), "37");
@@ -72,9 +72,7 @@ TEST(Cl2CheckSumTest, WorkedExamples) {
   // 19 x 1 = 19 -> 1 + 211 = 212: reversal matters.
   EXPECT_EQ(CL2CheckSum(std::string(19, '\x01')), "21");
   EXPECT_EQ(CL2CheckSum(std::string(156, '\xff')), std::nullopt) << "16-bit overflow";
-}
 
-TEST(Cl2CheckSumTest, LinesAreJudged) {
   const std::string good = Cl2(SdifLine("B1", "12=Autumn Invite"));
   EXPECT_EQ(CheckCL2Line(good), Cl2Line::kGood);
 
@@ -143,7 +141,7 @@ std::string Join(const std::vector<std::string>& lines, std::string_view end) {
   return out;
 }
 
-TEST(ReadInterchangeTest, StopsBehindFirstZ0WithEitherLineEnd) {
+TEST(ReadInterchangeTest, StopsBehindFirstZ0WithEitherLineEndOrAtAWrongLength) {
   const std::vector<std::string> lines = {Cl2(SdifLine("A0", "12=02")), Cl2(SdifLine("B1", "")),
                                           Cl2(SdifLine("Z0", "12=02")), "anything at all",
                                           SdifLine("Z0", "")};
@@ -158,9 +156,7 @@ TEST(ReadInterchangeTest, StopsBehindFirstZ0WithEitherLineEnd) {
   EXPECT_TRUE(open.ok());
   EXPECT_EQ(open.lines.size(), 2u);
   EXPECT_EQ(open.lines[1], lines[1]);
-}
 
-TEST(ReadInterchangeTest, WrongLengthStopsTheReading) {
   // The first line is not measured; a good check sum does not save a short line.
   const std::string short_b1 = Cl2(SdifLine("B1", "")).substr(0, 159);
   const InterchangeLines read = ReadInterchangeText(

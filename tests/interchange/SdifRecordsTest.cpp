@@ -15,13 +15,11 @@ namespace {
 
 using testing::SdifLine;
 
-TEST(SdifFieldsTest, TextIsPaddedAndShortLinesReadBlank) {
+TEST(SdifFieldsTest, TextIsPaddedShortLinesReadBlankAndValuesComeOutAsUtf8) {
   EXPECT_EQ(SdifText("A0 V3", 4, 11), "V3      ");
   EXPECT_EQ(SdifText("D0", 150, 151), "  ");
   EXPECT_EQ(SdifTrimmed("C1         XY TM ", 12, 17), "XY TM");
-}
 
-TEST(SdifFieldsTest, TextValuesComeOutAsUtf8) {
   const std::pair<std::string, std::string> cases[] = {
       {"DOE, ZO\xCB", "DOE, ZO\xC3\x8B"},                            // Latin-1
       {"Zo\xC3\xAB", "Zo\xC3\xAB"},                                  // already UTF-8
@@ -39,13 +37,28 @@ TEST(SdifFieldsTest, TextValuesComeOutAsUtf8) {
             "c");
 }
 
-TEST(SdifFieldsTest, IntIsForgivingAndHeldToSixteenBits) {
+TEST(SdifFieldsTest, IntsTimesAndAgeRanges) {
   const std::vector<std::tuple<std::string, int16_t>> cases = {
       {"0100", 100},    {"  50", 50},       {"12AB", 12}, {"AB12", 0}, {"    ", 0},
       {"99999", 32767}, {"-99999", -32768}, {"2.5 ", 2},  {"3.5 ", 4}};
   for (const auto& [cols, value] : cases) {
     EXPECT_EQ(SdifInt(cols, 1, static_cast<int>(cols.size())), value) << cols;
   }
+
+  const std::vector<std::tuple<std::string, int32_t>> times = {
+      {" 1:02.34", 6234}, {"   59.99", 5999}, {"DQ      ", 0},
+      {"NT      ", 0},    {"        ", 0},    {"10:00.00", 60000}};
+  for (const auto& [text, score] : times) {
+    const FileTime t = ParseFileTime(text);
+    EXPECT_EQ(t.text, text);
+    EXPECT_EQ(t.score, score) << text;
+  }
+
+  const std::vector<std::tuple<std::string, int>> ages = {
+      {"0810", 810}, {"UN10", 10}, {"11OV", 1199}, {"UNOV", 99},  {"15OV", 1599},
+      {"  10", 0},   {"1 10", 0},  {"0010", 0},    {"1000", 0},   {"OVUN", 0},
+      {"AB10", 0},   {"1", 0},     {"", 0},        {"1314", 1314}};
+  for (const auto& [cols, value] : ages) EXPECT_EQ(ParseAgeRange(cols), value) << cols;
 }
 
 TEST(SdifFieldsTest, DatesInEachOrderBlankAndBad) {
@@ -64,25 +77,6 @@ TEST(SdifFieldsTest, DatesInEachOrderBlankAndBad) {
     EXPECT_FALSE(d.IsBlank()) << bad;
     EXPECT_FALSE(d == d) << "the bad date equals nothing";
   }
-}
-
-TEST(SdifFieldsTest, TimesKeepTextAndScore) {
-  const std::vector<std::tuple<std::string, int32_t>> cases = {
-      {" 1:02.34", 6234}, {"   59.99", 5999}, {"DQ      ", 0},
-      {"NT      ", 0},    {"        ", 0},    {"10:00.00", 60000}};
-  for (const auto& [text, score] : cases) {
-    const FileTime t = ParseFileTime(text);
-    EXPECT_EQ(t.text, text);
-    EXPECT_EQ(t.score, score) << text;
-  }
-}
-
-TEST(SdifFieldsTest, AgeRanges) {
-  const std::vector<std::tuple<std::string, int>> cases = {
-      {"0810", 810}, {"UN10", 10}, {"11OV", 1199}, {"UNOV", 99},  {"15OV", 1599},
-      {"  10", 0},   {"1 10", 0},  {"0010", 0},    {"1000", 0},   {"OVUN", 0},
-      {"AB10", 0},   {"1", 0},     {"", 0},        {"1314", 1314}};
-  for (const auto& [cols, value] : cases) EXPECT_EQ(ParseAgeRange(cols), value) << cols;
 }
 
 TEST(SdifRecordsTest, A0B1B2C1C2) {
