@@ -1,4 +1,5 @@
-// The kvlr tool as a user runs it: output, words on stderr, exit codes.
+// The kvlr tool as a user runs it: output, words on stderr, exit codes; the athlete commands
+// with the card's words.
 
 #include <gtest/gtest.h>
 
@@ -43,7 +44,7 @@ class Cli : public ::testing::Test {
   test::TempHome t;
 };
 
-TEST_F(Cli, NewDbMakesACompleteFileThatCheckDbLists) {
+TEST_F(Cli, NewDbMakesACompleteFileThatCheckDbListsAndRepairCompacts) {
   Outcome made = Kvlr({"new-db", Db("family.mdb")});
   ASSERT_EQ(made.code, 0) << made.err;
   EXPECT_EQ(made.out, "Database\tTables\n" + Db("family.mdb") + "\t31\n");
@@ -54,6 +55,11 @@ TEST_F(Cli, NewDbMakesACompleteFileThatCheckDbLists) {
   EXPECT_NE(checked.out.find("\nCODE\t4\n"), std::string::npos);
   EXPECT_NE(checked.out.find("\nEnergy\t9\n"), std::string::npos);
   EXPECT_NE(checked.out.find("\nOPTIONS\t1\n"), std::string::npos);
+
+  Outcome repaired = Kvlr({"repair", Db("family.mdb")});
+  ASSERT_EQ(repaired.code, 0) << repaired.err;
+  EXPECT_EQ(repaired.out.rfind("Database\tBytes before\tBytes after\n", 0), 0u);
+  EXPECT_NE(repaired.err.find("Database Optimization Completed."), std::string::npos);
 }
 
 TEST_F(Cli, RefusalsGiveTheProgramsWordsAndExitOne) {
@@ -81,7 +87,13 @@ TEST_F(Cli, RefusalsGiveTheProgramsWordsAndExitOne) {
   }
 }
 
-TEST_F(Cli, MisuseExitsTwo) {
+TEST_F(Cli, MisuseExitsTwoAndEveryCommandHasHelp) {
+  for (const char* command : {"new-db", "check-db", "repair", "time"}) {
+    Outcome r = Kvlr({command, "--help"});
+    EXPECT_EQ(r.code, 0);
+    EXPECT_EQ(r.out.rfind(std::string("Usage: kvlr ") + command, 0), 0u) << r.out;
+  }
+  EXPECT_NE(Kvlr({"--help"}).out.find("check-db"), std::string::npos);
   for (const auto& args : std::vector<std::vector<std::string>>{{},
                                                                 {"fly"},
                                                                 {"new-db"},
@@ -92,52 +104,11 @@ TEST_F(Cli, MisuseExitsTwo) {
   }
 }
 
-TEST_F(Cli, EveryCommandHasHelp) {
-  for (const char* command : {"new-db", "check-db", "repair", "time"}) {
-    Outcome r = Kvlr({command, "--help"});
-    EXPECT_EQ(r.code, 0);
-    EXPECT_EQ(r.out.rfind(std::string("Usage: kvlr ") + command, 0), 0u) << r.out;
-  }
-  EXPECT_NE(Kvlr({"--help"}).out.find("check-db"), std::string::npos);
-}
-
 TEST_F(Cli, RowsEscapeWhatWouldBreakThem) {
   std::ostringstream out;
   cli::Row(out, {"a\tb", "c\\d", "e\r\nf", ""});
   EXPECT_EQ(out.str(), "a\\tb\tc\\\\d\te\\r\\nf\t\n");
   EXPECT_NE(Kvlr({"--help"}).out.find("a tab \\t"), std::string::npos);
-}
-
-// An export never writes over a database or a foreign file, and replaces its own kind only
-// when told to.
-TEST_F(Cli, StandardExportKeepsOtherFiles) {
-  const std::string db = Db("family.mdb");
-  ASSERT_EQ(Kvlr({"new-db", db}).code, 0);
-  const std::string csv = Db("cuts.csv");
-  WriteFileAtomically(csv,
-                      "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,A Y Faster,A Y Slower,A S Faster,"
-                      "A S Slower,A L Faster,A L Slower\n"
-                      "F,I,11,12,100,2,1:10.00,,,,,\n");
-  ASSERT_EQ(Kvlr({"standard-import", "--db", db, "CUTS", csv}).code, 0);
-  const std::string database = ReadWholeFile(db);
-  WriteFileAtomically(Db("notes.txt"), "notes");
-
-  Outcome over_db = Kvlr({"--yes", "standard-export", "--db", db, "CUTS", db});
-  EXPECT_EQ(over_db.code, 1);
-  EXPECT_EQ(over_db.err, db + " is a database, not a CSV file; choose another name.\n");
-  EXPECT_EQ(ReadWholeFile(db), database);
-  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "CUTS", Db("notes.txt"), "--yes"}).code, 1);
-  EXPECT_EQ(ReadWholeFile(Db("notes.txt")), "notes");
-
-  WriteFileAtomically(csv, "old");
-  Outcome unanswered = Kvlr({"standard-export", "--db", db, "CUTS", csv});
-  EXPECT_EQ(unanswered.code, 1);
-  EXPECT_NE(unanswered.err.find(csv + " already exists. Do you want to replace it?"),
-            std::string::npos);
-  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "CUTS", csv, "--no"}).code, 1);
-  EXPECT_EQ(ReadWholeFile(csv), "old");
-  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "CUTS", csv, "--yes"}).code, 0);
-  EXPECT_NE(ReadWholeFile(csv).find("F,I,11,12,100,2,1:10.00"), std::string::npos);
 }
 
 TEST_F(Cli, TimeShowsEveryReading) {
@@ -150,14 +121,6 @@ TEST_F(Cli, TimeShowsEveryReading) {
             "X\t\t0\t00.00\t   00.00\t\n"
             "-\t\t0\t00.00\t   00.00\t\n"
             "7.99\t00:07.99\t799\t07.99\t   07.99\tError\n");
-}
-
-TEST_F(Cli, RepairCompactsAndReports) {
-  ASSERT_EQ(Kvlr({"new-db", Db("family.mdb")}).code, 0);
-  Outcome r = Kvlr({"repair", Db("family.mdb")});
-  ASSERT_EQ(r.code, 0) << r.err;
-  EXPECT_EQ(r.out.rfind("Database\tBytes before\tBytes after\n", 0), 0u);
-  EXPECT_NE(r.err.find("Database Optimization Completed."), std::string::npos);
 }
 
 // A damaged file: the question is answered by a flag or a terminal, else the command stops.
@@ -180,11 +143,90 @@ TEST_F(Cli, DamagedFileAsksBeforeRepair) {
   EXPECT_NE(fixed.out.find("\nAthlete\t0\n"), std::string::npos);
 }
 
-}  // namespace
-}  // namespace kvlr
+// The athlete commands: a new database each, and a swimmer added with the card's checks.
+class AthleteCommands : public Cli {
+ protected:
+  void SetUp() override { ASSERT_EQ(Kvlr({"new-db", db}).code, 0); }
+  Outcome Add(const std::string& last, const std::string& first, const std::string& sex,
+              std::vector<std::string> more = {}, const std::string& global = "") {
+    std::vector<std::string> args = {"add-athlete", "--db", db,      "--last", last,
+                                     "--first",     first,  "--sex", sex};
+    args.insert(args.end(), more.begin(), more.end());
+    if (!global.empty()) args.insert(args.begin(), global);
+    return Kvlr(args);
+  }
 
-namespace kvlr {
-namespace {
+  std::string db = Db("family.mdb");
+};
+
+TEST_F(AthleteCommands, AddedSwimmersAreListed) {
+  Outcome added =
+      Add("o'brien", "ADA", "f",
+          {"--initial", "Q", "--pref", "Addie", "--birth", "2012-11-22", "--id", "A12"});
+  ASSERT_EQ(added.code, 0) << added.err;
+  EXPECT_EQ(added.out, "Athlete\n1\n");
+  ASSERT_EQ(Add("Lane", "Bo", "M").code, 0);
+
+  Outcome listed = Kvlr({"athletes", "--db", db});
+  ASSERT_EQ(listed.code, 0) << listed.err;
+  EXPECT_EQ(listed.out,
+            "Athlete\tLast\tFirst\tInitial\tSex\tBirth\tAge\tPref\tID_NO\tActive\n"
+            "2\tLane\tBo\t\tM\t\t\t\t\t1\n"
+            "1\tO'Brien\tAda\tQ\tF\t2012-11-22\t14\tAddie\tA12\t1\n");
+}
+
+TEST_F(AthleteCommands, RefusalsUseTheCardsWords) {
+  ASSERT_EQ(Add("Lane", "Ada", "F").code, 0);
+  struct Case {
+    std::vector<std::string> args;
+    std::string words;
+  };
+  const Case cases[] = {
+      {{"Lane", "  ", "F"}, "You must enter a First Name."},
+      {{"Lane", "Bo", ""}, "You must select the gender of the athlete."},
+      {{"LANE", "ada", "M"}, "Duplicate Names with different sexes are not allowed."},
+      {{"Lane", "Ada", "F"}, "Do you want to save this swimmer's record as entered?"},
+      {{"Lane", "Bo", "M", "--initial", "AB"}, "Initial can not be longer than 1 character.\n"},
+      {{std::string(40, 'x'), "Bo", "M"}, "Last can not be longer than 20 characters.\n"},
+      {{"Lane", "Bo", "M", "--birth", "1929-12-31"},
+       "Please use the drop-down calendar to enter dates before 1930."},
+      {{"Lane", "Bo", "M", "--birth", "2026-11-23"}, "The birth date can not be later than today."},
+  };
+  for (const auto& c : cases) {
+    Outcome r = Add(c.args[0], c.args[1], c.args[2],
+                    std::vector<std::string>(c.args.begin() + 3, c.args.end()));
+    EXPECT_EQ(r.code, 1) << c.words;
+    EXPECT_NE(r.err.find(c.words), std::string::npos) << r.err;
+    EXPECT_EQ(r.out, "");
+  }
+}
+
+TEST_F(AthleteCommands, TheDuplicateQuestionIsAnsweredByYesOrNo) {
+  ASSERT_EQ(Add("Lane", "Ada", "F").code, 0);
+  EXPECT_EQ(Add("Lane", "Ada", "F", {}, "--yes").out, "Athlete\n2\n");
+  // No merges into the swimmer on file: its key comes back, nothing is added.
+  EXPECT_EQ(Add("Lane", "Ada", "F", {"--pref", "Addie"}, "--no").out, "Athlete\n1\n");
+  Outcome listed = Kvlr({"athletes", "--db", db});
+  EXPECT_NE(listed.out.find("\tAddie\t"), std::string::npos);
+  EXPECT_EQ(std::count(listed.out.begin(), listed.out.end(), '\n'), 3);
+}
+
+TEST_F(AthleteCommands, AFifthSwimmerIsRefused) {
+  for (const char* first : {"Ada", "Bo", "Cy", "Di"}) ASSERT_EQ(Add("Lane", first, "F").code, 0);
+  Outcome r = Add("Lane", "Eve", "F");
+  EXPECT_EQ(r.code, 1);
+  EXPECT_EQ(r.err, "KVL-R allows a maximum of 4 Athletes.\n");
+}
+
+TEST_F(AthleteCommands, Misuse) {
+  EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "2012-13-01"}).code, 2);
+  EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "12/01/2012"}).code, 2);
+  EXPECT_EQ(Add("Lane", "Ada", "X").code, 2);
+  EXPECT_EQ(Kvlr({"add-athlete", "--db", db, "--first", "Ada", "--sex", "F"}).code, 2);
+  EXPECT_EQ(Kvlr({"athletes"}).code, 2);
+  EXPECT_EQ(Kvlr({"athletes", "--db", db, db}).code, 2);
+  EXPECT_EQ(Kvlr({"athletes", "--db", (t.Data() / "gone.mdb").string()}).code, 1);
+}
 
 // A family's season through the tool: swimmers, a meet and its swims, best times, a standard.
 TEST_F(Cli, ASeasonThroughTheTool) {
@@ -289,18 +331,37 @@ TEST_F(Cli, ASeasonThroughTheTool) {
     EXPECT_EQ(names.size(), count) << head;
   }
 
-  // A standard goes out and comes back the same.
-  const std::string csv = Db("girls.csv");
+  // A standard goes out and comes back the same. An export never writes over a database or
+  // a foreign file, and replaces its own kind only when told to.
+  const std::string csv = Db("girls.csv"), again = Db("again.csv");
   WriteFileAtomically(csv,
                       "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke,A Y Faster,A Y Slower,A S Faster,"
                       "A S Slower,A L Faster,A L Slower\n"
                       "F,I,11,12,100,2,1:10.00,1:04.00,,,,\n");
   Outcome imported = Kvlr({"standard-import", "--db", db, "GIRLS", csv});
   ASSERT_EQ(imported.code, 0) << imported.err;
-  ASSERT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", Db("again.csv")}).code, 0);
-  EXPECT_NE(ReadWholeFile(Db("again.csv")).find("F,I,11,12,100,2,1:10.00,1:04.00"),
-            std::string::npos)
-      << ReadWholeFile(Db("again.csv"));
+  ASSERT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", again}).code, 0);
+  EXPECT_NE(ReadWholeFile(again).find("F,I,11,12,100,2,1:10.00,1:04.00"), std::string::npos)
+      << ReadWholeFile(again);
+
+  const std::string database = ReadWholeFile(db);
+  Outcome over_db = Kvlr({"--yes", "standard-export", "--db", db, "GIRLS", db});
+  EXPECT_EQ(over_db.code, 1);
+  EXPECT_EQ(over_db.err, db + " is a database, not a CSV file; choose another name.\n");
+  EXPECT_EQ(ReadWholeFile(db), database);
+  WriteFileAtomically(Db("notes.txt"), "notes");
+  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", Db("notes.txt"), "--yes"}).code, 1);
+  EXPECT_EQ(ReadWholeFile(Db("notes.txt")), "notes");
+  WriteFileAtomically(again, "old");
+  Outcome unanswered = Kvlr({"standard-export", "--db", db, "GIRLS", again});
+  EXPECT_EQ(unanswered.code, 1);
+  EXPECT_NE(unanswered.err.find(again + " already exists. Do you want to replace it?"),
+            std::string::npos);
+  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", again, "--no"}).code, 1);
+  EXPECT_EQ(ReadWholeFile(again), "old");
+  EXPECT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", again, "--yes"}).code, 0);
+  EXPECT_NE(ReadWholeFile(again).find("F,I,11,12,100,2,1:10.00"), std::string::npos);
+
   WriteFileAtomically(csv, "Sex,I_R\nF\n");
   EXPECT_EQ(Kvlr({"standard-import", "--db", db, "BAD", csv}).code, 1);
 }
