@@ -1,8 +1,6 @@
 # tests of the certification pass and the opening check of an import file
 kvlr_add_test(certify_test
-  SOURCES
-    SdifCertifyTest.cpp
-    ImportPrepareTest.cpp
+  SOURCES SdifCertifyTest.cpp
   LIBS kvlr_interchange)
 
 kvlr_add_test(check_cli_test
