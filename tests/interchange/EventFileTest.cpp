@@ -191,7 +191,7 @@ TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE"), 3);
 }
 
-TEST_F(EventImport, BlankEndIsTheStartAndLongTextsAreCut) {
+TEST_F(EventImport, BlankEndIsTheStartLongTextsAreCutAndRefusedFilesWriteNothing) {
   const std::string long_name(60, 'N');
   const fs::path file = Nvv(
       "long.nvv", {NvvMeetLine(long_name, "2026-12-01", "", "", "Yards", std::string(50, 'L'))});
@@ -201,9 +201,7 @@ TEST_F(EventImport, BlankEndIsTheStartAndLongTextsAreCut) {
   EXPECT_EQ(out.meet_name, long_name.substr(0, 45));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE End = Start AND length(Location) = 45"), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM tblEvents WHERE Type = 2"), 1);
-}
 
-TEST_F(EventImport, RefusedFilesWriteNothing) {
   std::string bad = NvvMeetLine("Harbor Open", "11/06/2026");
   bad[0] = 'h';
   EXPECT_FALSE(ImportEvents(t.state, Nvv("bad.nvv", {bad, "1;100;1;I;0;0;M"})).ok);

@@ -366,12 +366,8 @@ TEST(RecordChecksTest, EveryFailureWordInSdifModeAndNoneInCommlinkMode) {
 
 TEST(CheckZ0Test, CountersAgainstTheFilesCountsInOrder) {
   SdifZ0 z0;
-  z0.b1_count = 2;
-  z0.c1_count = 3;
-  z0.d0_count = 10;
-  z0.swimmer_count = 4;
-  z0.e0_count = 1;
-  z0.g0_count = 7;
+  LoadZ0Rec(Sdif("Z0", "b1_count=2|c1_count=3|d0_count=10|swimmer_count=4|e0_count=1|g0_count=7"),
+            z0);
   const SdifCounters good{2, 3, 10, 1, 7};
   struct Case {
     SdifCounters n;
@@ -396,7 +392,7 @@ TEST(CheckZ0Test, CountersAgainstTheFilesCountsInOrder) {
   }
 }
 
-TEST(ShowFileStatisticsTest, KindFollowsFileCodeThenContent) {
+TEST(ShowFileStatisticsTest, KindFollowsFileCodeThenContentAndThePanelNamesCreatorAndFirstMeet) {
   struct Case {
     std::string_view file_code, content, source, version, kind;
     bool valid;
@@ -434,9 +430,7 @@ TEST(ShowFileStatisticsTest, KindFollowsFileCodeThenContent) {
       EXPECT_TRUE(io.shown.empty());
     }
   }
-}
 
-TEST(ShowFileStatisticsTest, PanelNamesCreatorAndFirstMeet) {
   SdifFile file;
   file.A0({{"software_version", "3.2"}})
       .Meet("meet_name=First Made Up Meet|start=03142026")
