@@ -41,8 +41,8 @@ class FieldValues {
     for (const auto& [name, value] : list) list_.emplace_back(name, value);
   }
   FieldValues(const FieldList& list) : list_(list) {}
-  FieldValues(const char* spec) {
-    for (std::string_view text = spec; !text.empty();) {
+  FieldValues(const char* written) {
+    for (std::string_view text = written; !text.empty();) {
       const std::string_view item = text.substr(0, text.find('|'));
       const size_t eq = item.find('=');
       list_.emplace_back(item.substr(0, eq), item.substr(eq + 1));
@@ -82,9 +82,9 @@ inline void AddTimes(FieldTable& t, std::string_view stem, int count, int first)
 }
 
 // A layout as words "name:first-last", "r" behind a right-aligned number's columns.
-inline FieldTable Layout(std::string_view spec) {
+inline FieldTable Layout(std::string_view words) {
   FieldTable t;
-  std::istringstream in{std::string(spec)};
+  std::istringstream in{std::string(words)};
   std::string word;
   while (in >> word) {
     const size_t colon = word.find(':');
@@ -244,15 +244,15 @@ inline std::string Sdif(std::string_view code, FieldValues fields = {}) {
 // A 160-column line of `code` with texts put at raw columns, "column=text|column=text",
 // for cuts the field tables don't name (a field read across its neighbour, a column between
 // fields).
-inline std::string SdifLine(std::string_view code, std::string_view spec) {
+inline std::string SdifLine(std::string_view code, std::string_view puts) {
   std::string line(kSdifWidth, ' ');
   line.replace(0, code.size(), code);
-  while (!spec.empty()) {
-    const std::string_view item = spec.substr(0, spec.find('|'));
+  while (!puts.empty()) {
+    const std::string_view item = puts.substr(0, puts.find('|'));
     const size_t eq = item.find('=');
     const int col = std::stoi(std::string(item.substr(0, eq)));
     line.replace(static_cast<size_t>(col - 1), item.size() - eq - 1, item.substr(eq + 1));
-    spec.remove_prefix(std::min(spec.size(), item.size() + 1));
+    puts.remove_prefix(std::min(puts.size(), item.size() + 1));
   }
   return line;
 }
