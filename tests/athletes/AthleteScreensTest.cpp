@@ -17,7 +17,6 @@
 #include <QTest>
 
 #include <SQLiteCpp/Statement.h>
-#include <SQLiteCpp/VariadicBind.h>
 
 #include "athletes/AthleteCardScreen.h"
 #include "athletes/AthleteListModel.h"
@@ -41,12 +40,7 @@ class AthleteScreens : public ::testing::Test {
 
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "") {
-    SQLite::Statement s(
-        *t.state.gDb,
-        "INSERT INTO Athlete (Last, First, Sex, Birth) VALUES (?, ?, ?, NULLIF(?, ''))");
-    SQLite::bind(s, last, first, sex, birth);
-    s.exec();
-    return static_cast<int32_t>(t.state.gDb->getLastInsertRowid());
+    return test::AddAthlete(*t.state.gDb, last, first, sex, birth);
   }
   int Count(const std::string& sql) { return t.state.gDb->execAndGet(sql).getInt(); }
   std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
@@ -196,8 +190,21 @@ TEST_F(AthleteScreens, TheCardChecksThenSavesAndTheListFollows) {
   EXPECT_TRUE(card->isVisible());
 }
 
-TEST_F(AthleteScreens, CardFieldsHoldNoMoreThanTheirFields) {
+TEST_F(AthleteScreens, CardFieldsHoldNoMoreThanTheirFieldsAndASiblingsAddressCopies) {
+  Insert("Lane", "Ada", "F");
+  t.state.gDb->exec(
+      "INSERT INTO AthInfo (Athlete, Addr, City, MailTo) VALUES (1, '12 Pool Road', 'Springfield', "
+      "'The Lanes')");
+  frmAthMt lonely(t.state, 1);
+  EXPECT_TRUE(Child<QPushButton>(&lonely, "cmdSibling")->isHidden());
+
   frmAthMt card(t.state, 0);
+  EXPECT_FALSE(Child<QPushButton>(&card, "cmdSibling")->isHidden());
+  card.CopySibling();
+  EXPECT_EQ(Child<QLineEdit>(&card, "txtAddr")->text(), "12 Pool Road");
+  EXPECT_EQ(Child<QLineEdit>(&card, "txtCity")->text(), "Springfield");
+  EXPECT_EQ(Child<QLineEdit>(&card, "txtMailTo")->text(), "");
+
   const std::pair<const char*, int> sizes[] = {{"txtLast", 20},  {"txtFirst", 20},  {"txtInit", 1},
                                                {"txtPref", 20},  {"txtID", 17},     {"txtState", 3},
                                                {"txtEMail", 36}, {"txtMailTo2", 40}};
@@ -240,22 +247,6 @@ TEST_F(AthleteScreens, TypedTimesAndBirthDatesOnTheCard) {
   frmAthMt missing(t.state, 999);
   EXPECT_FALSE(missing.Loaded());
   EXPECT_EQ(LastShown(), "Athlete not found");
-}
-
-TEST_F(AthleteScreens, SiblingAddressCopiesOntoTheCard) {
-  Insert("Lane", "Ada", "F");
-  t.state.gDb->exec(
-      "INSERT INTO AthInfo (Athlete, Addr, City, MailTo) VALUES (1, '12 Pool Road', 'Springfield', "
-      "'The Lanes')");
-  frmAthMt lonely(t.state, 1);
-  EXPECT_TRUE(Child<QPushButton>(&lonely, "cmdSibling")->isHidden());
-
-  frmAthMt card(t.state, 0);
-  EXPECT_FALSE(Child<QPushButton>(&card, "cmdSibling")->isHidden());
-  card.CopySibling();
-  EXPECT_EQ(Child<QLineEdit>(&card, "txtAddr")->text(), "12 Pool Road");
-  EXPECT_EQ(Child<QLineEdit>(&card, "txtCity")->text(), "Springfield");
-  EXPECT_EQ(Child<QLineEdit>(&card, "txtMailTo")->text(), "");
 }
 
 TEST_F(AthleteScreens, MergeScreenOffersTheOthersAndMerges) {

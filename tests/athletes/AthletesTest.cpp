@@ -33,12 +33,7 @@ class Athletes : public ::testing::Test {
 
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "", int team = 0) {
-    SQLite::Statement s(Db(),
-                        "INSERT INTO Athlete (Last, First, Sex, Birth, Team1) "
-                        "VALUES (?, ?, ?, NULLIF(?, ''), ?)");
-    SQLite::bind(s, last, first, sex, birth, team);
-    s.exec();
-    return static_cast<int32_t>(Db().getLastInsertRowid());
+    return test::AddAthlete(Db(), last, first, sex, birth, team);
   }
   void Result(int32_t athlete, const std::string& i_r, int meet = 1) {
     SQLite::Statement s(Db(),
@@ -79,24 +74,10 @@ class Athletes : public ::testing::Test {
 
 // --- current swimmer ---------------------------------------------------------------------
 
-TEST(AthleteDisplayName, PreferredOrFirstThenInitialThenLast) {
-  struct Case {
-    const char *pref, *first, *initial, *last, *expected;
-  };
-  const Case cases[] = {
-      {"", "Ada", "", "Lane", "Ada Lane"},
-      {"Addie", "Ada", "Q", "Lane", "Addie Q Lane"},
-      {"   ", "Ada", " ", "Lane", "Ada Lane"},
-      {" Bo ", "Robert", "", " O'Brien ", "Bo O'Brien"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(AthleteDisplayName(c.pref, c.first, c.initial, c.last), c.expected) << c.expected;
-  }
-}
-
 TEST_F(Athletes, SetCurrentAthleteFillsTheStateFromTheRow) {
   const int32_t ada = Insert(" Lane ", " Ada ", "F", "2012-11-23");
-  Db().exec("UPDATE Athlete SET Pref = 'Addie', StartMeet = '1899-12-30 07:00:00'");
+  // A blank initial leaves no gap in the name.
+  Db().exec("UPDATE Athlete SET Pref = 'Addie', Initial = ' ', StartMeet = '1899-12-30 07:00:00'");
   ASSERT_TRUE(SetCurrentAthlete(t.state, ada));
   EXPECT_EQ(t.state.gAthlete, ada);
   EXPECT_EQ(t.state.gAthleteName, "Addie Lane");

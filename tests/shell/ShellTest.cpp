@@ -23,14 +23,6 @@ namespace fs = std::filesystem;
 using test::MakeOpenDatabase;
 using test::TempHome;
 
-void AddSwimmer(SQLite::Database& db, const char* first, const char* last, const char* sex) {
-  SQLite::Statement insert(db, "INSERT INTO Athlete (First, Last, Sex) VALUES (?, ?, ?)");
-  insert.bind(1, first);
-  insert.bind(2, last);
-  insert.bind(3, sex);
-  insert.exec();
-}
-
 TEST(RunSetup, AMissingDataFolderIsAFirstRun) {
   TempHome t;
   t.state.data_root = t.Root() / "KVL-R-Data";
@@ -121,8 +113,8 @@ TEST(Login, RowsComeByFirstNameAndTheTitleAndPictureFollowTheSwimmer) {
   TempHome t;
   MakeOpenDatabase(t);
   EXPECT_EQ(MainTitle(t.state), "");  // login pending
-  AddSwimmer(*t.state.gDb, "Zoe", "O'Brien", "F");
-  AddSwimmer(*t.state.gDb, "Abe", "Lane", "M");
+  test::AddAthlete(*t.state.gDb, "O'Brien", "Zoe", "F");
+  test::AddAthlete(*t.state.gDb, "Lane", "Abe", "M");
   t.state.gDb->exec("UPDATE Athlete SET Pref = 'Ziggy', Initial = 'Q' WHERE First = 'Zoe'");
   auto rows = LoginRows(t.state);
   ASSERT_EQ(rows.size(), 2u);

@@ -3,10 +3,10 @@
 
 #include <cstdlib>
 
+#include <gtest/gtest.h>
 #include <QApplication>
 #include <QPixmap>
 #include <QWidget>
-#include <gtest/gtest.h>
 
 namespace kvlr::test {
 
@@ -28,8 +28,8 @@ T* Child(QWidget& w, const char* name) {
   return child;
 }
 
-// Shows the screen and checks that it draws at all, at no less than its smallest size; with KVLR_SCREENSHOTS naming a folder
-// the picture is saved there to be looked at.
+// Shows the screen and checks that it draws at all, at no less than its smallest size; with
+// KVLR_SCREENSHOTS naming a folder the picture is saved there to be looked at.
 inline void Shoot(QWidget& w, const char* name) {
   w.show();
   QtApp().processEvents();

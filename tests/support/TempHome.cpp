@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
 
 #include "store/Database.h"
 #include "store/DbVersion.h"
@@ -45,6 +46,16 @@ long long QueryNumber(SQLite::Database& db, const std::string& sql, long long va
   q.bind(1, static_cast<int64_t>(value));
   q.executeStep();
   return q.getColumn(0).getInt64();
+}
+
+int AddAthlete(SQLite::Database& db, const std::string& last, const std::string& first,
+               const std::string& sex, const std::string& birth, int team) {
+  SQLite::Statement insert(db,
+                           "INSERT INTO Athlete (Last, First, Sex, Birth, Team1) "
+                           "VALUES (?, ?, ?, NULLIF(?, ''), ?)");
+  SQLite::bind(insert, last, first, sex, birth, team);
+  insert.exec();
+  return static_cast<int>(db.getLastInsertRowid());
 }
 
 fs::path MakeOpenDatabase(TempHome& t, const std::string& name) {

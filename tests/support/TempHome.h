@@ -45,6 +45,10 @@ long long QueryNumber(SQLite::Database& db, const std::string& sql);
 // The same with one value bound to the query's "?".
 long long QueryNumber(SQLite::Database& db, const std::string& sql, long long value);
 
+// A swimmer added straight to the Athlete table (no birth date when `birth` is empty); its key.
+int AddAthlete(SQLite::Database& db, const std::string& last, const std::string& first,
+               const std::string& sex = "F", const std::string& birth = "", int team = 0);
+
 // A new database file in the data folder, complete as after its first open, and open as gDb.
 std::filesystem::path MakeOpenDatabase(TempHome& t, const std::string& name = "family.mdb");
 

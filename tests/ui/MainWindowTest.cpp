@@ -41,12 +41,7 @@ class MainWindowTest : public ::testing::Test {
   // A database with these swimmers, remembered as the last one used and closed again.
   void LastDatabaseWith(std::initializer_list<const char*> firsts) {
     MakeOpenDatabase(t);
-    for (const char* first : firsts) {
-      SQLite::Statement add(*t.state.gDb,
-                            "INSERT INTO Athlete (First, Last, Sex) VALUES (?, 'Lane', 'F')");
-      add.bind(1, first);
-      add.exec();
-    }
+    for (const char* first : firsts) test::AddAthlete(*t.state.gDb, "Lane", first);
     SaveLastDatabase(t.state);
     t.state.CloseCurrentDB();
     t.state.gDatabaseName.clear();
