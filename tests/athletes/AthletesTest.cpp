@@ -160,15 +160,14 @@ TEST_F(Athletes, SavingWritesTrimmedNamesBothRowsAndMakesTheSwimmerCurrent) {
   EXPECT_EQ(loaded->times.at("StartSwim"), "19:30");
   EXPECT_EQ(loaded->times.at("StartTimeDay"), "07:00");  // the default range, saved
   EXPECT_FALSE(LoadAthleteCard(t.state, 999));
-}
 
-TEST_F(Athletes, ASwimmerWithoutAthInfoStillOpensAndGainsTheRow) {
-  const int32_t key = Insert("Lane", "Ada", "F");
-  auto card = LoadAthleteCard(t.state, key);
-  ASSERT_TRUE(card);
-  EXPECT_EQ(card->Info("Addr"), "");
-  ASSERT_EQ(SaveAthlete(t.state, *card).status, SaveStatus::kSaved);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo WHERE Athlete = ?", key), 1);
+  // A swimmer without an AthInfo row still opens and gains the row.
+  const int32_t bo = Insert("Lane", "Bo", "M");
+  auto other = LoadAthleteCard(t.state, bo);
+  ASSERT_TRUE(other);
+  EXPECT_EQ(other->Info("Addr"), "");
+  ASSERT_EQ(SaveAthlete(t.state, *other).status, SaveStatus::kSaved);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo WHERE Athlete = ?", bo), 1);
 }
 
 TEST_F(Athletes, TextOverAFieldsSizeIsRefusedInTheFieldsWords) {
@@ -344,20 +343,8 @@ class Removal : public Athletes {
   int32_t bo = 0;
 };
 
-TEST_F(Removal, RemovingKeepsRelayRowsAndTouchesNobodyElse) {
-  ASSERT_TRUE(RemoveOneAthletesRecords(t.state, ada));
-  EXPECT_EQ(IrOf("RESULT", ada), "NR");
-  EXPECT_EQ(IrOf("ENTRY", ada), "R");
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM ATHRECR"), 0);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo WHERE Athlete = ?", ada), 0);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM WkParam WHERE group_abbr = '1'"), 0);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM Workout"), 1);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM Athlete WHERE Athlete = ?", ada), 0);
-  EXPECT_EQ(IrOf("RESULT", bo), "I");
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo WHERE Athlete = ?", bo), 1);
-}
-
-TEST_F(Removal, DeleteAsksAndClearsTheCurrentSwimmer) {
+// Removal keeps relay rows, touches nobody else and clears the current swimmer.
+TEST_F(Removal, DeleteAsksThenRemovesOnlyTheSwimmersOwnRows) {
   Db().exec("UPDATE Athlete SET Initial = 'Q' WHERE Athlete = 1");
   ASSERT_TRUE(SetCurrentAthlete(t.state, ada));
   t.io.Script({Answer::kNo});
@@ -368,10 +355,21 @@ TEST_F(Removal, DeleteAsksAndClearsTheCurrentSwimmer) {
 
   EXPECT_TRUE(DeleteOneAthlete(t.state, bo));
   EXPECT_EQ(t.state.gAthlete, ada);
+  EXPECT_EQ(IrOf("RESULT", bo), "");
+  EXPECT_EQ(IrOf("RESULT", ada), "ILNR");
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo WHERE Athlete = ?", ada), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM Workout"), 2);
+
   EXPECT_TRUE(DeleteOneAthlete(t.state, ada));
   EXPECT_EQ(t.state.gAthlete, 0);
   EXPECT_EQ(t.state.gAthleteName, "");
   EXPECT_EQ(AthleteRowCount(Db()), 0);
+  EXPECT_EQ(IrOf("RESULT", ada), "NR");
+  EXPECT_EQ(IrOf("ENTRY", ada), "R");
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM ATHRECR"), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo"), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM WkParam"), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM Workout"), 0);
 }
 
 TEST_F(Removal, MergeMovesResultsAndEntriesThenRemovesTheSource) {
