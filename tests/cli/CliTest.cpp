@@ -232,34 +232,25 @@ TEST_F(Cli, ASeasonThroughTheTool) {
   const std::string athlete = added.out.substr(8, added.out.size() - 9);
   {
     SQLite::Database file(db, SQLite::OPEN_READWRITE);
+    // A back race swum twice, and one long free race in two courses: 500 yards, 400 metres.
     file.exec(
         "INSERT INTO MEET (Meet, MName, Start, \"End\", Course, Type) VALUES "
-        "(1, 'Harbor Winter Classic', '2026-12-05', '2026-12-06', 'Y', 'AG')");
+        "(1, 'Harbor Winter Classic', '2026-12-05', '2026-12-06', 'Y', 'AG'), "
+        "(2, 'Lakeside Long Course', '2027-01-09', '2027-01-10', 'L', 'AG')");
     file.exec(
         "INSERT INTO MTEVENT (Meet, MtEv, Lo_Hi, Course, MtEvent, Distance, Stroke, Sex, "
         "I_R) VALUES (1, 3, 1112, 'Y', 30, 100, 2, 'F', 'I')");
     SQLite::Statement swim(file,
                            "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, MTEVENT, "
-                           "DISTANCE, STROKE, COURSE, AGE) VALUES (1, ?, 'I', ?, ?, 0, 30, 100, "
-                           "2, 'Y', 12)");
-    for (auto [score, round] : {std::pair{6512, "P"}, std::pair{6398, "F"}}) {
+                           "DISTANCE, STROKE, COURSE, AGE) VALUES (?, ?, 'I', ?, ?, 0, ?, ?, ?, "
+                           "?, 12)");
+    for (const auto& [meet, score, round, event, distance, stroke, course] :
+         {std::tuple{1, 6512, "P", 30, 100, 2, "Y"}, std::tuple{1, 6398, "F", 30, 100, 2, "Y"},
+          std::tuple{1, 33000, "F", 31, 500, 1, "Y"}, std::tuple{2, 28000, "F", 40, 400, 1, "L"}}) {
       swim.reset();
-      SQLite::bind(swim, std::stoi(athlete), score, round);
+      SQLite::bind(swim, meet, std::stoi(athlete), score, round, event, distance, stroke, course);
       swim.exec();
     }
-    // One long-distance free race in two courses: 500 yards and 400 long-course metres.
-    file.exec(
-        "INSERT INTO MEET (Meet, MName, Start, \"End\", Course, Type) VALUES "
-        "(2, 'Lakeside Long Course', '2027-01-09', '2027-01-10', 'L', 'AG')");
-    SQLite::Statement free(file,
-                           "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, MTEVENT, "
-                           "DISTANCE, STROKE, COURSE, AGE) VALUES (?, ?, 'I', ?, 'F', 0, ?, ?, "
-                           "1, ?, 12)");
-    SQLite::bind(free, 1, std::stoi(athlete), 33000, 31, 500, "Y");
-    free.exec();
-    free.reset();
-    SQLite::bind(free, 2, std::stoi(athlete), 28000, 40, 400, "L");
-    free.exec();
   }
   EXPECT_EQ(Kvlr({"rank", "--db", db}).code, 0);
 

@@ -140,24 +140,6 @@ TEST(Login, RowsComeByFirstNameAndTheTitleAndPictureFollowTheSwimmer) {
   EXPECT_EQ(MainTitle(t.state), "No Database Open");
 }
 
-TEST(OpenDatabase, NamesAreCheckedBeforeAnythingIsMade) {
-  TempHome t;
-  struct Case {
-    const char* name;
-    const char* words;
-  };
-  const Case cases[] = {
-      {"family.txt", "Not a valid filename: family.txt"},
-      {"Bob's.mdb", "can not include quotes"},
-  };
-  for (const auto& c : cases) {
-    t.io.shown.clear();
-    EXPECT_FALSE(OpenOrCreateDatabase(t.state, t.Data() / c.name, nullptr)) << c.name;
-    EXPECT_TRUE(t.io.Saw(c.words)) << c.name;
-    EXPECT_FALSE(fs::exists(t.Data() / c.name));
-  }
-}
-
 TEST(OpenDatabase, MakesOpensAndListsTheFile) {
   TempHome t;
   std::vector<std::string> files;
@@ -240,19 +222,27 @@ TEST(RunSetup, AFileNamedAtStartOpensOrIsRefusedAsFileOpenRefusesIt) {
   EXPECT_EQ(t.state.gDatabaseName, named.string());
   t.state.CloseCurrentDB();
 
-  for (const char* name : {"notes.mdb", "notes.txt"}) {
+  // Names are checked before anything is made.
+  const std::pair<const char*, const char*> refused[] = {
+      {"notes.mdb", "Not a valid KVL-R Database."},
+      {"notes.txt", "Not a valid filename: notes.txt"},
+      {"Bob's.mdb", "can not include quotes"}};
+  for (const auto& [name, expected] : refused) {
     const fs::path file = t.Data() / name;
-    WriteFileAtomically(file, "not a database");
+    const bool made = name[0] == 'n';
+    if (made) WriteFileAtomically(file, "not a database");
     t.io.shown.clear();
     EXPECT_FALSE(OpenOrCreateDatabase(t.state, file, nullptr));
     ASSERT_FALSE(t.io.shown.empty()) << name;
     const std::string words = t.io.shown.back().text;
+    EXPECT_NE(words.find(expected), std::string::npos) << words;
     t.state.CloseCurrentDB();
     t.io.shown.clear();
     RunSetup(t.state, file);
     EXPECT_FALSE(t.state.gDbOpen) << name;
     EXPECT_TRUE(t.io.Saw(words)) << name;
     EXPECT_EQ(MainTitle(t.state), "No Database Open");
+    EXPECT_EQ(fs::exists(file), made) << name;
   }
 }
 
