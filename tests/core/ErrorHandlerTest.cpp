@@ -79,7 +79,14 @@ TEST(ErrorHandler, TableGivesTextAndStyle) {
   }
 }
 
-TEST(ErrorHandler, AnswersBecomeActions) {
+TEST(ErrorHandler, SystemFailuresAndAnswersMapOntoTheTable) {
+  EXPECT_EQ(FileErrorNumber(ENOSPC), err::kDiskFull);
+  EXPECT_EQ(FileErrorNumber(EACCES), err::kPermissionDenied);
+  EXPECT_EQ(FileErrorNumber(ENOENT), err::kFileNotFound);
+  EXPECT_EQ(StoreErrorNumber(11 /* corrupt */), err::kDamagedFile);
+  EXPECT_EQ(StoreErrorNumber(5 /* busy */), err::kFileInUse);
+  EXPECT_EQ(StoreErrorNumber(13 /* full */), err::kDiskFull);
+  EXPECT_EQ(StoreErrorNumber(275 /* check constraint */), err::kFieldTooLong);
   EXPECT_EQ(ActionFor(Answer::kOk), action::kRetry);
   EXPECT_EQ(ActionFor(Answer::kRetry), action::kRetry);
   EXPECT_EQ(ActionFor(Answer::kCancel), action::kContinue);
@@ -88,23 +95,13 @@ TEST(ErrorHandler, AnswersBecomeActions) {
   EXPECT_EQ(ActionFor(Answer::kNo), action::kLeave);
 }
 
-TEST(ErrorHandler, SystemFailuresMapOntoTheTableNumbers) {
-  EXPECT_EQ(FileErrorNumber(ENOSPC), err::kDiskFull);
-  EXPECT_EQ(FileErrorNumber(EACCES), err::kPermissionDenied);
-  EXPECT_EQ(FileErrorNumber(ENOENT), err::kFileNotFound);
-  EXPECT_EQ(StoreErrorNumber(11 /* corrupt */), err::kDamagedFile);
-  EXPECT_EQ(StoreErrorNumber(5 /* busy */), err::kFileInUse);
-  EXPECT_EQ(StoreErrorNumber(13 /* full */), err::kDiskFull);
-  EXPECT_EQ(StoreErrorNumber(275 /* check constraint */), err::kFieldTooLong);
-}
-
 TEST(ErrorHandler, AnUnwritableLogIsPassedOverSilently) {
   TempHome t;
   std::filesystem::create_directories(t.state.home.Log());  // a folder where the file should be
   EXPECT_EQ(ReportError(t.state, "basUtil.X", FileError(57, "disk"), false), action::kContinue);
 }
 
-TEST(ShowProgramError, NamesTheRoutineAndTheError) {
+TEST(ShowProgramError, NamesTheRoutineAndTheErrorAndTheLogUsesTwelveHours) {
   test::ScriptedUserIo io;
   ShowProgramError(io, "basUtil.StripIt", 13, "Type mismatch");
   ShowProgramError(io, "basUtil.StripIt", 0, "");
@@ -113,9 +110,7 @@ TEST(ShowProgramError, NamesTheRoutineAndTheError) {
             "A program error has occurred.\r\nbasUtil.StripIt error.\r\nError: 13 - Type mismatch");
   EXPECT_EQ(io.shown[1].text, "A program error has occurred.\r\nbasUtil.StripIt error.");
   EXPECT_EQ(io.shown[0].title, "Norvan's KVL RENEWED");
-}
 
-TEST(ErrorLog, LongTimeUsesTwelveHours) {
   EXPECT_EQ(LongTimeText(DateTime{Date{2026, 1, 1}, 0, 5, 9}), "12:05:09 AM");
   EXPECT_EQ(LongTimeText(DateTime{Date{2026, 1, 1}, 13, 0, 0}), "1:00:00 PM");
   EXPECT_EQ(LongDateText(Date{2024, 2, 29}), "Thursday, February 29, 2024");

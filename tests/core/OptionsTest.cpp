@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/VariadicBind.h>
 
 #include "core/Options.h"
 #include "core/SwimCodes.h"
@@ -29,7 +30,7 @@ TEST(GetOptions, EmptyTableGetsTheDefaultsWithTodayAsLastBackup) {
   EXPECT_EQ(t.state.gStroke, LoadStrokeArray());
 }
 
-TEST(GetOptions, ReadsAChangedRowIntoTheState) {
+TEST(GetOptions, ReadsAChangedRowAndDirectoriesFallBackToTheDataFolder) {
   TempHome t;
   MakeOpenDatabase(t);
   t.state.gDb->exec(
@@ -43,16 +44,11 @@ TEST(GetOptions, ReadsAChangedRowIntoTheState) {
   EXPECT_EQ(t.state.gUpdateDays, 0);
   EXPECT_DOUBLE_EQ(t.state.gCvtFactors[0], 1.2);
   EXPECT_EQ(t.state.gFavSex, 2);
-}
 
-TEST(GetDirectories, FallsBackToTheDataFolder) {
-  TempHome t;
-  MakeOpenDatabase(t);
   const fs::path imports = t.Root() / "imports";
   fs::create_directories(imports);
   SQLite::Statement set(*t.state.gDb, "UPDATE OPTIONS SET ImportDir = ?, ExportDir = ?");
-  set.bind(1, imports.string());
-  set.bind(2, (t.Root() / "deleted since").string());
+  SQLite::bind(set, imports.string(), (t.Root() / "deleted since").string());
   set.exec();
   EXPECT_EQ(GetDirectories(t.state, DirectoryKind::kImport), imports);
   EXPECT_EQ(GetDirectories(t.state, DirectoryKind::kExport), t.Data());

@@ -20,21 +20,18 @@ TEST(ProgramHome, ResolvesFromTheEnvironment) {
   EXPECT_EQ(ProgramHome::DefaultDataDir("/u"), fs::path("/u/KVL-R-Data"));
 }
 
-TEST(ProgramHome, AMissingHomeIsMadeWithTheShippedRules) {
+TEST(ProgramHome, AMissingHomeIsMadeWithTheShippedRulesAHomeInUseIsKept) {
   test::TempHome t;
   ProgramHome home(t.Root() / "new" / "deeper");
   home.Ensure();
   EXPECT_TRUE(fs::is_directory(home.ReportDir()));
   EXPECT_EQ(ReadWholeFile(home.ImportRules()), kDefaultImportRules);
-}
 
-TEST(ProgramHome, AHomeInUseKeepsTheUsersChoices) {
-  test::TempHome t;
-  ProgramHome home(t.Root() / "used");
-  home.Ensure();
+  // A home in use keeps the user's choices: a removed rules file stays removed, so the check
+  // can say so.
   WriteFileAtomically(home.SystemFile(), "in use");
   fs::remove(home.ImportRules());
-  home.Ensure();  // a removed rules file stays removed, so the check can say so
+  home.Ensure();
   EXPECT_FALSE(fs::exists(home.ImportRules()));
 }
 
@@ -48,17 +45,13 @@ TEST(FileOps, AFailedWriteLeavesTheOldFile) {
   EXPECT_EQ(ReadWholeFile(file), "old");
 }
 
-TEST(PrinterInfo, WithoutAFileTheDefaultIsTakenAndKept) {
+TEST(PrinterInfo, WithoutAFileTheDefaultIsTakenAndKeptElseTrimmedLinesAreRead) {
   test::TempHome t;
   const PrinterNames office{"Office Laser", "cups", "ipp://office"};
   EXPECT_EQ(GetPrinterInfo(t.state.home, office), office);
   EXPECT_EQ(ReadWholeFile(t.state.home.PrintFile()), "Office Laser\ncups\nipp://office\n");
   // Later the file wins over another default.
   EXPECT_EQ(GetPrinterInfo(t.state.home, PrinterNames{"Other", "x", "y"}), office);
-}
-
-TEST(PrinterInfo, LinesAreTrimmedAndMissingLinesStayEmpty) {
-  test::TempHome t;
   WriteFileAtomically(t.state.home.PrintFile(), "  Den Inkjet \r\n lpd \r\n");
   PrinterNames names = GetPrinterInfo(t.state.home, {});
   EXPECT_EQ(names.device, "Den Inkjet");

@@ -5,7 +5,7 @@
 namespace kvlr {
 namespace {
 
-TEST(DistanceTest, IndexAndEquivalents) {
+TEST(DistanceTest, IndexEquivalentsAndTheListsIndexedByThem) {
   const std::vector<int> distances = {25, 50, 100, 200, 400, 500, 800, 1000, 1500, 1650};
   for (int i = 0; i < static_cast<int>(distances.size()); ++i) {
     EXPECT_EQ(DistanceIndex(distances[i]), i) << distances[i];
@@ -21,6 +21,13 @@ TEST(DistanceTest, IndexAndEquivalents) {
   for (const auto& [distance, course, expected] : equivalents) {
     EXPECT_EQ(EquivalentDistance(distance, course), expected) << distance << course;
   }
+
+  // Screens index these lists by DistanceIndex + 1 and course number.
+  const auto list = DistanceList();
+  ASSERT_EQ(list.size(), 14u);
+  EXPECT_EQ(list[DistanceIndex(100) + 1], " 100");
+  EXPECT_EQ(list[DistanceIndex(1650) + 1], "1650");
+  EXPECT_EQ(CourseList()[CourseLetters.find('S') + 1], "SCM");
 }
 
 TEST(AgeGroupTest, PresetRows) {
@@ -83,15 +90,6 @@ TEST(EventNumberTextTest, FourCharactersDigitOrLetterLast) {
       {"12A", " 12A"}, {"7B", "  7B"}, {"", "    "}};
   // clang-format on
   for (const auto& [text, expected] : cases) EXPECT_EQ(EventNumberText(text), expected) << text;
-}
-
-TEST(ListsTest, IndexesOtherCodeReliesOn) {
-  // Screens index these lists by DistanceIndex + 1 and course number.
-  const auto distances = DistanceList();
-  ASSERT_EQ(distances.size(), 14u);
-  EXPECT_EQ(distances[DistanceIndex(100) + 1], " 100");
-  EXPECT_EQ(distances[DistanceIndex(1650) + 1], "1650");
-  EXPECT_EQ(CourseList()[CourseLetters.find('S') + 1], "SCM");
 }
 
 }  // namespace

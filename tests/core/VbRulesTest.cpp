@@ -50,13 +50,10 @@ TEST(VbTextTest, TrimTakesBlanksOnlyAndUCaseAsciiOnly) {
   EXPECT_EQ(UCase("aZ-\xC3\xA9"), "AZ-\xC3\xA9");
 }
 
-TEST(TextCleanTest, CharacterFilters) {
+TEST(TextCleanTest, CharacterFiltersAndOneBasedRemoval) {
   EXPECT_EQ(StripIt(" x1:02.5-3s"), "1:02.53");
   EXPECT_EQ(RemoveBadCharacters("a*b.c\\d/e f"), "abcde f");
   EXPECT_EQ(ValidTableName("my std's [2024]. v!1"), "MYSTDS2024V1");
-}
-
-TEST(TextCleanTest, RemoveCharAtIsOneBased) {
   EXPECT_EQ(RemoveCharAt("abc", 1), "bc");
   EXPECT_EQ(RemoveCharAt("abc", 3), "ab");
   EXPECT_EQ(RemoveCharAt("abc", 4), "abc");
