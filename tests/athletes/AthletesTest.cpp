@@ -562,10 +562,6 @@ TEST_F(Athletes, RecruitingCardIsAddedOnFirstSaveAndEditedAfter) {
 
   EXPECT_FALSE(LoadRecruiting(t.state, 999));
   EXPECT_EQ(LastShown(), "Athlete not found");
-}
-
-// The 60-character limit and the saved path are checked on the recruiting screen.
-TEST_F(Athletes, RecruitingPictureMustBeABmp) {
   EXPECT_TRUE(RecruitingPictureOk(t.io, "/pics/ada.BMP"));
   EXPECT_FALSE(RecruitingPictureOk(t.io, "/pics/ada.jpg"));
   EXPECT_EQ(LastShown(), "No BMP file selected");

@@ -159,7 +159,7 @@ TEST(OpenDatabase, MakesOpensAndListsTheFile) {
   EXPECT_EQ(t.state.gTitle, "No Database Open");
 }
 
-TEST(LeaveProgram, RemembersTheDatabaseAndAChangedPrinter) {
+TEST(LeaveProgram, RemembersTheDatabaseAndAChangedPrinterAndOnlyOneRunHoldsTheHome) {
   TempHome t;
   fs::path file = MakeOpenDatabase(t);
   const PrinterNames at_start{"Den", "", ""};
@@ -169,10 +169,7 @@ TEST(LeaveProgram, RemembersTheDatabaseAndAChangedPrinter) {
   EXPECT_EQ(GetPrinterInfo(t.state.home, {}).device, "Office");
   t.state.gDatabaseName.clear();
   EXPECT_EQ(GetLastDatabase(t.state).front(), file.string());
-}
 
-TEST(SecondCopy, OnlyOneRunHoldsTheHome) {
-  TempHome t;
   InstanceLock first(t.state.home.Root());
   InstanceLock second(t.state.home.Root());
   EXPECT_TRUE(first.Held());

@@ -85,16 +85,12 @@ void ExpectLayout(SQLite::Database& db, const std::vector<TableDef>& tables) {
   }
 }
 
-TEST(Schema, NewDatabaseHoldsEveryTableFieldAndIndex) {
+TEST(Schema, NewAndReportDatabasesHoldEveryTableFieldAndIndex) {
   TempHome t;
   MakeOpenDatabase(t);
   ExpectLayout(*t.state.gDb, UserTables());
   ExpectLayout(*t.state.gDb, WorkoutTables());
   EXPECT_TRUE(IndexExists(*t.state.gDb, "Athlete.athWKgroup"));
-}
-
-TEST(Schema, ReportDatabaseHoldsEveryTable) {
-  TempHome t;
   ASSERT_TRUE(CheckReportTables(t.state));
   ExpectLayout(*t.state.gReportDb, ReportTables());
   ExpectLayout(*t.state.gReportDb, WorkoutReportTables());
