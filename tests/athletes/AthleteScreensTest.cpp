@@ -190,13 +190,38 @@ TEST_F(AthleteScreens, TheCardChecksThenSavesAndTheListFollows) {
   EXPECT_TRUE(card->isVisible());
 }
 
-TEST_F(AthleteScreens, CardFieldsHoldNoMoreThanTheirFieldsAndASiblingsAddressCopies) {
-  Insert("Lane", "Ada", "F");
+TEST_F(AthleteScreens, TheCardTakesTimesDatesAndFieldsAndCopiesASiblingsAddress) {
+  t.state.g12Hour = true;
+  Insert("Lane", "Ada", "F", "2012-03-04");
   t.state.gDb->exec(
       "INSERT INTO AthInfo (Athlete, Addr, City, MailTo) VALUES (1, '12 Pool Road', 'Springfield', "
       "'The Lanes')");
-  frmAthMt lonely(t.state, 1);
-  EXPECT_TRUE(Child<QPushButton>(&lonely, "cmdSibling")->isHidden());
+  frmAthMt ada(t.state, 1);
+  EXPECT_TRUE(Child<QPushButton>(&ada, "cmdSibling")->isHidden());  // no other swimmer
+  ASSERT_TRUE(ada.Loaded());
+  EXPECT_EQ(Child<QLineEdit>(&ada, "txtStartTimeDay")->text(), "7:00 AM");
+  EXPECT_EQ(Child<QLineEdit>(&ada, "txtEndTimeDay")->text(), "8:00 PM");
+
+  auto* swim = Child<QLineEdit>(&ada, "txtStartSwim");
+  Type(swim, "1930");
+  EXPECT_EQ(swim->text(), "07:30 PM");
+  Type(swim, "7:10");
+  EXPECT_EQ(swim->text(), "");
+  EXPECT_EQ(LastShown(), "Time must be in 15 minute intervals.");
+
+  auto* birth = Child<QLineEdit>(&ada, "SSDBirth");
+  auto* age = Child<QLabel>(&ada, "lblAge");
+  EXPECT_EQ(birth->text(), "03/04/2012");
+  EXPECT_EQ(age->text(), "14");
+  Type(birth, "12/31/1929");
+  EXPECT_EQ(LastShown(), "Please use the drop-down calendar to enter dates before 1930.");
+  EXPECT_EQ(birth->text(), "03/04/2012");
+  Type(birth, "11/22/2026");
+  EXPECT_EQ(age->text(), "0");
+
+  frmAthMt missing(t.state, 999);
+  EXPECT_FALSE(missing.Loaded());
+  EXPECT_EQ(LastShown(), "Athlete not found");
 
   frmAthMt card(t.state, 0);
   EXPECT_FALSE(Child<QPushButton>(&card, "cmdSibling")->isHidden());
@@ -219,59 +244,10 @@ TEST_F(AthleteScreens, CardFieldsHoldNoMoreThanTheirFieldsAndASiblingsAddressCop
   EXPECT_EQ(condition->toPlainText().size(), 120);
 }
 
-TEST_F(AthleteScreens, TypedTimesAndBirthDatesOnTheCard) {
-  t.state.g12Hour = true;
-  const int32_t ada = Insert("Lane", "Ada", "F", "2012-03-04");
-  frmAthMt card(t.state, ada);
-  ASSERT_TRUE(card.Loaded());
-  EXPECT_EQ(Child<QLineEdit>(&card, "txtStartTimeDay")->text(), "7:00 AM");
-  EXPECT_EQ(Child<QLineEdit>(&card, "txtEndTimeDay")->text(), "8:00 PM");
-
-  auto* swim = Child<QLineEdit>(&card, "txtStartSwim");
-  Type(swim, "1930");
-  EXPECT_EQ(swim->text(), "07:30 PM");
-  Type(swim, "7:10");
-  EXPECT_EQ(swim->text(), "");
-  EXPECT_EQ(LastShown(), "Time must be in 15 minute intervals.");
-
-  auto* birth = Child<QLineEdit>(&card, "SSDBirth");
-  auto* age = Child<QLabel>(&card, "lblAge");
-  EXPECT_EQ(birth->text(), "03/04/2012");
-  EXPECT_EQ(age->text(), "14");
-  Type(birth, "12/31/1929");
-  EXPECT_EQ(LastShown(), "Please use the drop-down calendar to enter dates before 1930.");
-  EXPECT_EQ(birth->text(), "03/04/2012");
-  Type(birth, "11/22/2026");
-  EXPECT_EQ(age->text(), "0");
-
-  frmAthMt missing(t.state, 999);
-  EXPECT_FALSE(missing.Loaded());
-  EXPECT_EQ(LastShown(), "Athlete not found");
-}
-
-TEST_F(AthleteScreens, MergeScreenOffersTheOthersAndMerges) {
+TEST_F(AthleteScreens, RecruitingAndMergeScreensWorkOnTheSelectedSwimmer) {
   const int32_t ada = Insert("Lane", "Ada", "F");
   const int32_t bo = Insert("Lane", "Bo", "F");
   Insert("Lane", "Cy", "M");
-  frmAthlete list(t.state);
-  list.Grid()->selectRow(0);
-  list.Merge();
-  frmMerge* merge = list.findChild<frmMerge*>();
-  ASSERT_NE(merge, nullptr);
-  EXPECT_EQ(merge->Source()->currentData().toInt(), ada);
-  ASSERT_EQ(merge->Destination()->count(), 2);
-  EXPECT_EQ(merge->Destination()->findData(ada), -1);
-
-  merge->Destination()->setCurrentIndex(merge->Destination()->findData(bo));
-  QSignalSpy changed(&list, &frmAthlete::currentAthleteChanged);
-  merge->Run();
-  EXPECT_EQ(list.Model()->rowCount(), 2);
-  EXPECT_EQ(t.state.gAthlete, bo);
-  EXPECT_EQ(changed.count(), 1);
-}
-
-TEST_F(AthleteScreens, RecruitingScreen) {
-  const int32_t ada = Insert("Lane", "Ada", "F");
   frmAthlete list(t.state);
   list.Grid()->selectRow(0);
   list.Recruiting();
@@ -297,13 +273,26 @@ TEST_F(AthleteScreens, RecruitingScreen) {
   Child<QLineEdit>(recr, "txtHS_Name")->setText("North High");
   Child<QLineEdit>(recr, "txtGrad")->setText("2030");
   ASSERT_TRUE(recr->Save());
-  SQLite::Statement row(*t.state.gDb,
-                        "SELECT HS_Name, Grad, Picture FROM ATHRECR WHERE Athlete = ?");
-  row.bind(1, ada);
-  ASSERT_TRUE(row.executeStep());
-  EXPECT_EQ(row.getColumn(0).getString(), "North High");
-  EXPECT_EQ(row.getColumn(1).getInt(), 2030);
-  EXPECT_EQ(QString::fromStdString(row.getColumn(2).getString()), chosen);
+  EXPECT_EQ(
+      QString::fromStdString(
+          t.state.gDb->execAndGet("SELECT HS_Name || '|' || Grad || '|' || Picture FROM ATHRECR")
+              .getString()),
+      "North High|2030|" + chosen);
+  recr->close();
+
+  list.Merge();
+  frmMerge* merge = list.findChild<frmMerge*>();
+  ASSERT_NE(merge, nullptr);
+  EXPECT_EQ(merge->Source()->currentData().toInt(), ada);
+  ASSERT_EQ(merge->Destination()->count(), 2);
+  EXPECT_EQ(merge->Destination()->findData(ada), -1);
+
+  merge->Destination()->setCurrentIndex(merge->Destination()->findData(bo));
+  QSignalSpy changed(&list, &frmAthlete::currentAthleteChanged);
+  merge->Run();
+  EXPECT_EQ(list.Model()->rowCount(), 2);
+  EXPECT_EQ(t.state.gAthlete, bo);
+  EXPECT_EQ(changed.count(), 1);
 }
 
 TEST_F(AthleteScreens, TeamScreenStartsEmptyAndKeepsOneRow) {

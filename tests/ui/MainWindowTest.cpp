@@ -172,31 +172,24 @@ TEST_F(MainWindowTest, WithoutADatabaseOnlyTheFileCommandsWorkAndOpenNewMakesOne
 using test::Child;
 using test::Shoot;
 
-TEST(frmBackup, StartsOnTheDataFolderAndWritesTheArchiveOnBackup) {
-  test::QtApp();
-  TempHome t;
-  MakeOpenDatabase(t);
-  frmBackup screen(t.state);
-  EXPECT_EQ(screen.windowTitle(), "Backup Current KVL-R Database");
-  EXPECT_EQ(screen.Folder().toStdString(), t.Data().string());
-  EXPECT_EQ(Child<QLineEdit>(screen, "txtComments")->maxLength(), 150);
-  Shoot(screen, "frmBackup");
-
-  const fs::path folder = t.Root() / "backups";
-  screen.SetFolder(QString::fromStdString(folder.string()));
-  screen.SetComment("Before the county meet");
-  Child<QPushButton>(screen, "cmdBackup")->click();
-  ASSERT_TRUE(screen.Made().has_value());
-  EXPECT_EQ(*screen.Made(), folder / "KVL-RBkupfamily-01.zip");
-  EXPECT_EQ(screen.result(), QDialog::Accepted);
-}
-
-TEST(frmRestore, ShowsTheBackupAndFollowsTheOptionRules) {
+TEST(frmBackup, WritesTheArchiveThatRestoreShowsAndFollowsTheOptionRules) {
   test::QtApp();
   TempHome t;
   const fs::path database = MakeOpenDatabase(t);
-  const auto zip = BackupDatabase(t.state, t.Root() / "backups", "  weekly  ");
-  ASSERT_TRUE(zip.has_value());
+  frmBackup backup(t.state);
+  EXPECT_EQ(backup.windowTitle(), "Backup Current KVL-R Database");
+  EXPECT_EQ(backup.Folder().toStdString(), t.Data().string());
+  EXPECT_EQ(Child<QLineEdit>(backup, "txtComments")->maxLength(), 150);
+  Shoot(backup, "frmBackup");
+
+  const fs::path backups = t.Root() / "backups";
+  backup.SetFolder(QString::fromStdString(backups.string()));
+  backup.SetComment("  weekly  ");
+  Child<QPushButton>(backup, "cmdBackup")->click();
+  ASSERT_TRUE(backup.Made().has_value());
+  EXPECT_EQ(*backup.Made(), backups / "KVL-RBkupfamily-01.zip");
+  EXPECT_EQ(backup.result(), QDialog::Accepted);
+  const auto zip = backup.Made();
 
   frmRestore screen(t.state);
   EXPECT_EQ(screen.windowTitle(), "Restore a KVL-R database");
