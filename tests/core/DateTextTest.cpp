@@ -36,7 +36,7 @@ TEST(DetectDateOrderTest, FirstFieldOfThePattern) {
   }
 }
 
-TEST(DateTextTest, UsAndRegionalTexts) {
+TEST(DateTextTest, UsAndRegionalTextsBothWays) {
   const Date dates[] = {{2001, 3, 7}, {1999, 12, 31}, {2012, 2, 29}, {1900, 1, 1}};
   for (int order = 0; order <= 2; ++order) {
     for (const Date& d : dates) {
@@ -49,9 +49,6 @@ TEST(DateTextTest, UsAndRegionalTexts) {
   EXPECT_EQ(ToRegionalDate("03072001", 1), "07/03/2001");
   EXPECT_EQ(ToRegionalDate("03072001", 2), "2001/03/07");
   EXPECT_EQ(USDateText(Date{2001, 3, 7}), "03/07/2001");
-}
-
-TEST(DateTextTest, RegionalTextToDate) {
   const Date march7{2001, 3, 7};
   const std::optional<Date> none;
   // clang-format off
@@ -66,7 +63,7 @@ TEST(DateTextTest, RegionalTextToDate) {
   }
 }
 
-TEST(Date, IsoTextRoundTripsAndRefusesWhatIsNotADay) {
+TEST(Date, IsoTextRoundTripsRefusesWhatIsNotADayAndCountsDays) {
   EXPECT_EQ(Date::FromIso("2024-02-29")->Iso(), "2024-02-29");
   EXPECT_EQ(DateTime::FromIso("2026-11-22 23:59:58")->Iso(), "2026-11-22 23:59:58");
   EXPECT_EQ(DateTime::FromIso("2026-11-22")->Iso(), "2026-11-22 00:00:00");
@@ -74,9 +71,6 @@ TEST(Date, IsoTextRoundTripsAndRefusesWhatIsNotADay) {
                           "2026-11-22 24:00:00", "2026-11-2x"}) {
     EXPECT_FALSE(DateTime::FromIso(bad).has_value()) << bad;
   }
-}
-
-TEST(Date, DayArithmeticCrossesMonthsAndLeapDays) {
   EXPECT_EQ(DaysBetween(Date{2026, 11, 15}, Date{2026, 11, 22}), 7);
   EXPECT_EQ(DaysBetween(Date{2024, 3, 1}, Date{2024, 2, 28}), -2);
   EXPECT_EQ(AddDays(Date{2024, 2, 28}, 1), (Date{2024, 2, 29}));

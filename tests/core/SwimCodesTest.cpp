@@ -30,7 +30,7 @@ TEST(DistanceTest, IndexEquivalentsAndTheListsIndexedByThem) {
   EXPECT_EQ(CourseList()[CourseLetters.find('S') + 1], "SCM");
 }
 
-TEST(AgeGroupTest, PresetRows) {
+TEST(AgeGroupTest, PresetRowsAndTexts) {
   // clang-format off
   const std::vector<std::tuple<int, int, int>> cases = {
       {0, 6, 0}, {0, 8, 1}, {0, 10, 2}, {15, 99, 3}, {0, 99, 4}, {1, 99, 4}, {7, 8, 5}, {9, 10, 6},
@@ -41,9 +41,6 @@ TEST(AgeGroupTest, PresetRows) {
   for (const auto& [lo, hi, expected] : cases) {
     EXPECT_EQ(AgeGroupIndex(lo, hi), expected) << lo << "-" << hi;
   }
-}
-
-TEST(AgeGroupTest, Texts) {
   // clang-format off
   const std::vector<std::pair<int, std::string>> lo_hi = {
       {99, "Open"}, {1099, "10-Ov"}, {199, "01-Ov"}, {10, "Un-10"}, {8, "Un-08"},
@@ -62,7 +59,7 @@ TEST(AgeGroupTest, Texts) {
   EXPECT_EQ(AgeRangeCaption(11, 12), "11 - 12");
 }
 
-TEST(WordsTest, StrokeSexFinals) {
+TEST(WordsTest, StrokeSexFinalsAndEventNumbers) {
   // clang-format off
   const std::vector<std::tuple<int, const char*, std::string>> strokes = {
       {1, "I", "Free"}, {3, "L", "Breast"}, {4, "E", "Fly"}, {5, "I", "IM"},
@@ -81,9 +78,6 @@ TEST(WordsTest, StrokeSexFinals) {
   EXPECT_EQ(FinalsWord("I"), "Semi-Final");
   EXPECT_EQ(FinalsWord("T"), "Time Trial");
   EXPECT_EQ(FinalsWord("L"), "");
-}
-
-TEST(EventNumberTextTest, FourCharactersDigitOrLetterLast) {
   // clang-format off
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"7", "   7"}, {" 12 ", "  12"}, {"123", " 123"},

@@ -6,7 +6,7 @@
 namespace kvlr {
 namespace {
 
-TEST(NormalizeTimeTextTest, ReadsDigitsFromTheRight) {
+TEST(TimeTextTest, ReadsDigitsFromTheRightIntoHundredths) {
   // clang-format off
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"5123", "00:51.23"}, {"12345", "01:23.45"}, {"50", "00:00.50"}, {"7", "00:00.07"},
@@ -18,22 +18,19 @@ TEST(NormalizeTimeTextTest, ReadsDigitsFromTheRight) {
   for (const auto& [typed, expected] : cases) {
     EXPECT_EQ(NormalizeTimeText(typed), expected) << '"' << typed << '"';
   }
-}
-
-TEST(TimeTextToScoreTest, ReplacesTextAndReturnsHundredths) {
   // clang-format off
-  const std::vector<std::tuple<std::string, std::string, int32_t>> cases = {
+  const std::vector<std::tuple<std::string, std::string, int32_t>> scores = {
       {"1:05.3", "01:05.30", 6530}, {"99:99.99", "99:99.99", 603999}, {"0", "", 0},
       {"1234567", "23:45.67", 142567}, {"1:75.00", "01:75.00", 13500}, {"8", "00:00.08", 8}};
   // clang-format on
-  for (const auto& [typed, canonical, score] : cases) {
+  for (const auto& [typed, canonical, score] : scores) {
     std::string text = typed;
     EXPECT_EQ(TimeTextToScore(text), score) << typed;
     EXPECT_EQ(text, canonical) << typed;
   }
 }
 
-TEST(FormatTimeTest, MinutesOnlyWhenThereAreAny) {
+TEST(FormatTimeTest, MinutesOnlyWhenThereAreAnyAndScoreTextInOrder) {
   // clang-format off
   const std::vector<std::tuple<int32_t, bool, std::string>> cases = {
       {500, false, "05.00"}, {6000, false, "1:00.00"}, {60000, false, "10:00.00"},
@@ -44,17 +41,14 @@ TEST(FormatTimeTest, MinutesOnlyWhenThereAreAny) {
   for (const auto& [score, pad, expected] : cases) {
     EXPECT_EQ(FormatTime(score, pad), expected) << score;
   }
-}
-
-TEST(ScoreTextTest, DecidesInOrderNtPointsEmptyTimeError) {
   // clang-format off
-  const std::vector<std::tuple<int32_t, int, const char*, int, std::string>> cases = {
+  const std::vector<std::tuple<int32_t, int, const char*, int, std::string>> texts = {
       {0, 1, "", 5, "DQ"}, {0, 6, "", 3, "DNF"}, {5123, 6, "", 2, "51.23"}, {0, 1, "", 0, ""},
       {12000, 6, "", 0, "120.00"}, {-12000, 7, "", 0, "120.00"},
       {799, 1, "", 0, "Error"}, {1, 1, "", 0, "Error"},
       {800, 1, "Y", 0, "   08.00Y"}, {6000, 1, "S", 0, " 1:00.00S"}};
   // clang-format on
-  for (const auto& [score, stroke, suffix, nt, expected] : cases) {
+  for (const auto& [score, stroke, suffix, nt, expected] : texts) {
     EXPECT_EQ(ScoreText(score, stroke, suffix, nt), expected) << score;
   }
   EXPECT_EQ(NtText(1) + NtText(2) + NtText(4) + NtText(6), "SCRNSNT");

@@ -23,34 +23,28 @@ TEST(ValTest, ReadsTheLeadingNumberLikeVb) {
   EXPECT_EQ(Val("1e-400"), 0);
 }
 
-TEST(RoundHalfEvenTest, HalvesGoToTheEvenNeighbour) {
+TEST(RoundingTest, HalvesToEvenAndTheHashPictureWithTwoDecimals) {
   // clang-format off
   const std::vector<std::pair<double, int64_t>> cases = {
       {0.5, 0}, {1.5, 2}, {2.5, 2}, {3.5, 4}, {-0.5, 0}, {-1.5, -2}, {-2.5, -2},
       {2.4, 2}, {2.6, 3}, {-2.6, -3}, {7, 7}};
   // clang-format on
   for (const auto& [value, expected] : cases) EXPECT_EQ(RoundHalfEven(value), expected) << value;
-}
-
-TEST(FormatPointsTest, HashPictureWithTwoDecimals) {
   // clang-format off
-  const std::vector<std::pair<double, std::string>> cases = {
+  const std::vector<std::pair<double, std::string>> points = {
       {0.05, ".05"}, {120, "120.00"}, {0, ".00"}, {12345.6, "12345.60"}, {-1.5, "-1.50"},
       {-0.001, ".00"},
       // Halves away from zero on the decimal form, not on the binary one (2.675 is 2.67499...).
       {0.125, ".13"}, {2.675, "2.68"}, {0.995, "1.00"}, {99.999, "100.00"}, {0.004, ".00"}};
   // clang-format on
-  for (const auto& [value, expected] : cases) EXPECT_EQ(FormatPoints(value), expected) << value;
+  for (const auto& [value, expected] : points) EXPECT_EQ(FormatPoints(value), expected) << value;
 }
 
-TEST(VbTextTest, TrimTakesBlanksOnlyAndUCaseAsciiOnly) {
+TEST(TextCleanTest, TrimUCaseCharacterFiltersAndOneBasedRemoval) {
   EXPECT_EQ(Trim("  a b  "), "a b");
   EXPECT_EQ(Trim("\tx "), "\tx");
   EXPECT_EQ(Trim("   "), "");
   EXPECT_EQ(UCase("aZ-\xC3\xA9"), "AZ-\xC3\xA9");
-}
-
-TEST(TextCleanTest, CharacterFiltersAndOneBasedRemoval) {
   EXPECT_EQ(StripIt(" x1:02.5-3s"), "1:02.53");
   EXPECT_EQ(RemoveBadCharacters("a*b.c\\d/e f"), "abcde f");
   EXPECT_EQ(ValidTableName("my std's [2024]. v!1"), "MYSTDS2024V1");
