@@ -85,7 +85,7 @@ void ExpectLayout(SQLite::Database& db, const std::vector<TableDef>& tables) {
   }
 }
 
-TEST(Schema, NewAndReportDatabasesHoldEveryTableFieldAndIndex) {
+TEST(Schema, NewReportAndStandardsTablesHoldEveryFieldAndIndex) {
   TempHome t;
   MakeOpenDatabase(t);
   ExpectLayout(*t.state.gDb, UserTables());
@@ -94,11 +94,6 @@ TEST(Schema, NewAndReportDatabasesHoldEveryTableFieldAndIndex) {
   ASSERT_TRUE(CheckReportTables(t.state));
   ExpectLayout(*t.state.gReportDb, ReportTables());
   ExpectLayout(*t.state.gReportDb, WorkoutReportTables());
-}
-
-TEST(Schema, StandardsTableIndexEndsDescending) {
-  TempHome t;
-  MakeOpenDatabase(t);
   TableDef std_table = StandardsTable("AGSTD2026");
   CreateTable(*t.state.gDb, std_table);
   SQLite::Statement q(*t.state.gDb,
