@@ -103,7 +103,7 @@ TEST_F(Athletes, SetCurrentAthleteFillsTheStateFromTheRow) {
 
 // --- SaveAthlete ---------------------------------------------------------------------------
 
-TEST_F(Athletes, FirstNameAndSexAreRequiredInThatOrder) {
+TEST_F(Athletes, FirstNameAndSexAreRequiredInThatOrderAndTextsFitTheirFields) {
   struct Case {
     const char *first, *sex;
     std::string_view words;
@@ -122,6 +122,26 @@ TEST_F(Athletes, FirstNameAndSexAreRequiredInThatOrder) {
     EXPECT_EQ(LastShown(), c.words);
   }
   EXPECT_EQ(AthleteRowCount(Db()), 0);
+
+  t.io.shown.clear();
+  AthleteCard card = Card("Lane", "Ada", "F");
+  card.info["State"] = "ABCD";
+  SaveOutcome outcome = SaveAthlete(t.state, card);
+  EXPECT_EQ(outcome.status, SaveStatus::kRefused);
+  EXPECT_EQ(card.athlete, 0);
+  EXPECT_EQ(AthleteRowCount(Db()), 0);
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_EQ(t.io.shown[0].text, "State can not be longer than 3 characters.");
+  // Counted in characters as the store counts them, after the card trims the names.
+  card.info["State"] = "";
+  card.last = "  \xC3\x89" + std::string(19, 'e') + "  ";
+  EXPECT_EQ(SaveAthlete(t.state, card).status, SaveStatus::kSaved);
+  card = Card("Lane", "Ada", "F");
+  card.last = std::string(21, 'e');
+  outcome = SaveAthlete(t.state, card);
+  EXPECT_EQ(outcome.status, SaveStatus::kRefused);
+  EXPECT_EQ(outcome.focus, CardField::kLast);
+  EXPECT_EQ(t.io.shown.back().text, "Last can not be longer than 20 characters.");
 }
 
 TEST_F(Athletes, SavingWritesTrimmedNamesBothRowsAndMakesTheSwimmerCurrent) {
@@ -168,27 +188,6 @@ TEST_F(Athletes, SavingWritesTrimmedNamesBothRowsAndMakesTheSwimmerCurrent) {
   EXPECT_EQ(other->Info("Addr"), "");
   ASSERT_EQ(SaveAthlete(t.state, *other).status, SaveStatus::kSaved);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo WHERE Athlete = ?", bo), 1);
-}
-
-TEST_F(Athletes, TextOverAFieldsSizeIsRefusedInTheFieldsWords) {
-  AthleteCard card = Card("Lane", "Ada", "F");
-  card.info["State"] = "ABCD";
-  SaveOutcome outcome = SaveAthlete(t.state, card);
-  EXPECT_EQ(outcome.status, SaveStatus::kRefused);
-  EXPECT_EQ(card.athlete, 0);
-  EXPECT_EQ(AthleteRowCount(Db()), 0);
-  ASSERT_EQ(t.io.shown.size(), 1u);
-  EXPECT_EQ(t.io.shown[0].text, "State can not be longer than 3 characters.");
-  // Counted in characters as the store counts them, after the card trims the names.
-  card.info["State"] = "";
-  card.last = "  \xC3\x89" + std::string(19, 'e') + "  ";
-  EXPECT_EQ(SaveAthlete(t.state, card).status, SaveStatus::kSaved);
-  card = Card("Lane", "Ada", "F");
-  card.last = std::string(21, 'e');
-  outcome = SaveAthlete(t.state, card);
-  EXPECT_EQ(outcome.status, SaveStatus::kRefused);
-  EXPECT_EQ(outcome.focus, CardField::kLast);
-  EXPECT_EQ(t.io.shown.back().text, "Last can not be longer than 20 characters.");
 }
 
 TEST_F(Athletes, SameNameInAnyCaseAsksTheThreeWayQuestion) {
@@ -464,7 +463,7 @@ TEST_F(Athletes, BackgroundPicture) {
 
 // --- card times ------------------------------------------------------------------------
 
-TEST(CardTimes, TypedTimesAreReadAndShownForTheMachinesClock) {
+TEST(CardTimes, TypedTimesFollowTheMachinesClockAndBirthDatesRunFrom1930ToToday) {
   struct Case {
     const char* typed;
     bool twelve;
@@ -495,17 +494,15 @@ TEST(CardTimes, TypedTimesAreReadAndShownForTheMachinesClock) {
   EXPECT_EQ(StoredTime("7:60"), std::nullopt);
   EXPECT_EQ(ShownTime("1899-12-30 00:05:00", true), "12:05 AM");
   EXPECT_EQ(ShownTime("2001-02-03", false), "");
-}
 
-TEST(CardTimes, TypedBirthDatesRunFrom1930ToToday) {
-  struct Case {
+  struct Birth {
     const char* typed;
     int order;
     bool accepted;
     std::optional<Date> date;
     std::string_view message;
   };
-  const Case cases[] = {
+  const Birth births[] = {
       {"12/31/1929", 0, false, std::nullopt,
        "Please use the drop-down calendar to enter dates before 1930."},
       {"01/01/1930", 0, true, Date{1930, 1, 1}, ""},
@@ -519,7 +516,7 @@ TEST(CardTimes, TypedBirthDatesRunFrom1930ToToday) {
       {"05/01/2026", 0, true, Date{2026, 5, 1}, ""},
       {"05/02/2026", 0, false, std::nullopt, "The birth date can not be later than today."},
   };
-  for (const auto& c : cases) {
+  for (const auto& c : births) {
     const BirthEntry entry = TypedBirthDate(c.typed, c.order, Date{2026, 5, 1});
     EXPECT_EQ(entry.accepted, c.accepted) << c.typed;
     EXPECT_EQ(entry.date, c.date) << c.typed;

@@ -77,7 +77,7 @@ TEST_F(Cli, NewDbMakesACompleteFileThatCheckDbListsAndRepairCompactsOrAsks) {
   EXPECT_NE(fixed.out.find("\nAthlete\t0\n"), std::string::npos);
 }
 
-TEST_F(Cli, RefusalsGiveTheProgramsWordsAndExitOne) {
+TEST_F(Cli, RefusalsExitOneWithTheProgramsWordsMisuseExitsTwoAndHelpIsThere) {
   WriteFileAtomically(Db("junk.mdb"), std::string(3000, '?'));
   ASSERT_EQ(Kvlr({"new-db", Db("taken.mdb")}).code, 0);
   struct Case {
@@ -100,9 +100,7 @@ TEST_F(Cli, RefusalsGiveTheProgramsWordsAndExitOne) {
     EXPECT_NE(r.err.find(c.words), std::string::npos) << r.err;
     EXPECT_EQ(r.out, "");
   }
-}
 
-TEST_F(Cli, MisuseExitsTwoAndEveryCommandHasHelp) {
   for (const char* command : {"new-db", "check-db", "repair", "time"}) {
     Outcome r = Kvlr({command, "--help"});
     EXPECT_EQ(r.code, 0);
@@ -173,7 +171,7 @@ TEST_F(AthleteCommands, AddedSwimmersAreListedAndAFifthIsRefused) {
   EXPECT_EQ(fifth.err, "KVL-R allows a maximum of 4 Athletes.\n");
 }
 
-TEST_F(AthleteCommands, RefusalsUseTheCardsWords) {
+TEST_F(AthleteCommands, RefusalsUseTheCardsWordsAndMisuseExitsTwo) {
   ASSERT_EQ(Add("Lane", "Ada", "F").code, 0);
   struct Case {
     std::vector<std::string> args;
@@ -195,6 +193,14 @@ TEST_F(AthleteCommands, RefusalsUseTheCardsWords) {
     EXPECT_NE(r.err.find(c.words), std::string::npos) << r.err;
     EXPECT_EQ(r.out, "");
   }
+
+  EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "2012-13-01"}).code, 2);
+  EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "12/01/2012"}).code, 2);
+  EXPECT_EQ(Add("Lane", "Ada", "X").code, 2);
+  EXPECT_EQ(Kvlr({"add-athlete", "--db", db, "--first", "Ada", "--sex", "F"}).code, 2);
+  EXPECT_EQ(Kvlr({"athletes"}).code, 2);
+  EXPECT_EQ(Kvlr({"athletes", "--db", db, db}).code, 2);
+  EXPECT_EQ(Kvlr({"athletes", "--db", (t.Data() / "gone.mdb").string()}).code, 1);
 }
 
 TEST_F(AthleteCommands, TheDuplicateQuestionIsAnsweredByYesOrNo) {
@@ -205,16 +211,6 @@ TEST_F(AthleteCommands, TheDuplicateQuestionIsAnsweredByYesOrNo) {
   Outcome listed = Kvlr({"athletes", "--db", db});
   EXPECT_NE(listed.out.find("\tAddie\t"), std::string::npos);
   EXPECT_EQ(std::count(listed.out.begin(), listed.out.end(), '\n'), 3);
-}
-
-TEST_F(AthleteCommands, Misuse) {
-  EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "2012-13-01"}).code, 2);
-  EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "12/01/2012"}).code, 2);
-  EXPECT_EQ(Add("Lane", "Ada", "X").code, 2);
-  EXPECT_EQ(Kvlr({"add-athlete", "--db", db, "--first", "Ada", "--sex", "F"}).code, 2);
-  EXPECT_EQ(Kvlr({"athletes"}).code, 2);
-  EXPECT_EQ(Kvlr({"athletes", "--db", db, db}).code, 2);
-  EXPECT_EQ(Kvlr({"athletes", "--db", (t.Data() / "gone.mdb").string()}).code, 1);
 }
 
 // A family's season through the tool: swimmers, a meet and its swims, best times, a standard.

@@ -51,7 +51,7 @@ TEST(ErrorHandler, LogsFirstThenAsksOnlyWithADisplay) {
   EXPECT_EQ(t.state.gErrorAction, action::kRetry);
 }
 
-TEST(ErrorHandler, TableGivesTextAndStyle) {
+TEST(ErrorHandler, TableGivesTextAndStyleForSystemFailuresAndAnswers) {
   struct Case {
     int number;
     const char* source;
@@ -77,9 +77,7 @@ TEST(ErrorHandler, TableGivesTextAndStyle) {
     EXPECT_EQ(m.text, c.text) << c.number;
     EXPECT_EQ(m.style, c.style) << c.number;
   }
-}
 
-TEST(ErrorHandler, SystemFailuresAndAnswersMapOntoTheTable) {
   EXPECT_EQ(FileErrorNumber(ENOSPC), err::kDiskFull);
   EXPECT_EQ(FileErrorNumber(EACCES), err::kPermissionDenied);
   EXPECT_EQ(FileErrorNumber(ENOENT), err::kFileNotFound);

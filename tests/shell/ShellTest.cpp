@@ -13,7 +13,6 @@
 #include "shell/Preferences.h"
 #include "shell/Startup.h"
 #include "store/LastDatabase.h"
-#include "store/TableBuilder.h"
 #include "support/TempHome.h"
 
 namespace kvlr {
