@@ -76,8 +76,9 @@ class Athletes : public ::testing::Test {
 
 TEST_F(Athletes, SetCurrentAthleteFillsTheStateFromTheRow) {
   const int32_t ada = Insert(" Lane ", " Ada ", "F", "2012-11-23");
-  // A blank initial leaves no gap in the name.
-  Db().exec("UPDATE Athlete SET Pref = 'Addie', Initial = ' ', StartMeet = '1899-12-30 07:00:00'");
+  // Blanks around the names and a blank initial leave no gap in the name.
+  Db().exec(
+      "UPDATE Athlete SET Pref = ' Addie ', Initial = ' ', StartMeet = '1899-12-30 07:00:00'");
   ASSERT_TRUE(SetCurrentAthlete(t.state, ada));
   EXPECT_EQ(t.state.gAthlete, ada);
   EXPECT_EQ(t.state.gAthleteName, "Addie Lane");
