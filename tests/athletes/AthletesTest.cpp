@@ -72,8 +72,6 @@ class Athletes : public ::testing::Test {
   test::TempHome t;
 };
 
-// --- current swimmer ---------------------------------------------------------------------
-
 TEST_F(Athletes, SetCurrentAthleteFillsTheStateFromTheRow) {
   const int32_t ada = Insert(" Lane ", " Ada ", "F", "2012-11-23");
   // Blanks around the names and a blank initial leave no gap in the name.
@@ -101,8 +99,6 @@ TEST_F(Athletes, SetCurrentAthleteFillsTheStateFromTheRow) {
   }
   EXPECT_EQ(t.state.gAthleteBirth, kNullDate);
 }
-
-// --- SaveAthlete ---------------------------------------------------------------------------
 
 TEST_F(Athletes, FirstNameAndSexAreRequiredInThatOrderAndTextsFitTheirFields) {
   struct Case {
@@ -284,8 +280,6 @@ TEST_F(Athletes, SexChangeIsRefusedOnlyWithIndividualResults) {
   EXPECT_EQ(Text("SELECT Sex FROM Athlete WHERE Athlete = ?", relay), "M");
 }
 
-// --- list ------------------------------------------------------------------------------
-
 TEST_F(Athletes, ListOrderAndColumns) {
   Insert("Lane", "Bo", "M", "2010-05-01");
   Insert("Abel", "Cy", "M", "2014-01-09");
@@ -315,8 +309,6 @@ TEST_F(Athletes, ListOrderAndColumns) {
   SetAthleteActive(Db(), rows[2].athlete, true);
   EXPECT_TRUE(ListAthletes(Db())[2].active);
 }
-
-// --- removal and merge -----------------------------------------------------------------
 
 class Removal : public Athletes {
  protected:
@@ -416,8 +408,6 @@ TEST_F(Removal, TheMergeCommandChecksSexAndAsks) {
   EXPECT_EQ(LastShown(), "Merge Failed.");
 }
 
-// --- siblings and pictures -------------------------------------------------------------
-
 TEST_F(Removal, SiblingsAreOtherSwimmersWithAnAddress) {
   const int32_t cy = Insert("Lane", "Cy", "M");
   Db().exec(
@@ -461,8 +451,6 @@ TEST_F(Athletes, BackgroundPicture) {
   EXPECT_EQ(ReadWholeFile(home / "ADA.bmp"), "BM picture");
   EXPECT_EQ(CardPicture(t.state.home, "ada"), home / "ADA.bmp");
 }
-
-// --- card times ------------------------------------------------------------------------
 
 TEST(CardTimes, TypedTimesFollowTheMachinesClockAndBirthDatesRunFrom1930ToToday) {
   struct Case {
@@ -525,8 +513,6 @@ TEST(CardTimes, TypedTimesFollowTheMachinesClockAndBirthDatesRunFrom1930ToToday)
   }
   EXPECT_EQ(ShownBirthDate(Date{2012, 3, 4}, 1), "04/03/2012");
 }
-
-// --- recruiting and team ---------------------------------------------------------------
 
 TEST_F(Athletes, RecruitingCardIsAddedOnFirstSaveAndEditedAfter) {
   const int32_t ada = Insert("Lane", "Ada", "F");

@@ -163,7 +163,6 @@ TEST_F(ConvertScreen, CancelAndEscapeLeaveEverythingAsItWas) {
 class CalcScreen : public testing::Test {
  protected:
   CalcScreen() {
-    test::QtApp();
     screen.show();
     screen.activateWindow();
     QApplication::processEvents();
@@ -179,6 +178,7 @@ class CalcScreen : public testing::Test {
     QApplication::processEvents();
   }
 
+  QApplication& app = test::QtApp();  // before the screen
   frmCalc screen;
 };
 
