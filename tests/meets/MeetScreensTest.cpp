@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
-#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -25,7 +24,7 @@
 #include "meets/MeetTypeModel.h"
 #include "meets/MeetTypeScreens.h"
 #include "support/QtApp.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -33,25 +32,14 @@ namespace {
 using test::AddEventRow;
 using test::AddMeetRow;
 
-class MeetScreens : public ::testing::Test {
+class MeetScreens : public test::DbTest {
  protected:
-  void SetUp() override {
-    test::QtApp();
-    test::MakeOpenDatabase(t);
-  }
-  SQLite::Database& Db() { return *t.state.gDb; }
-  long long Count(const std::string& sql) { return test::QueryNumber(Db(), sql); }
-  long long Count(const std::string& sql, long long value) {
-    return test::QueryNumber(Db(), sql, value);
-  }
-  std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
+  void SetUp() override { test::QtApp(); }
   static QStringList Column(QAbstractItemModel* model, int column) {
     QStringList out;
     for (int r = 0; r < model->rowCount(); ++r) out << model->index(r, column).data().toString();
     return out;
   }
-
-  test::TempHome t;
 };
 
 TEST_F(MeetScreens, MeetListModelColumnsSortsAndFilters) {

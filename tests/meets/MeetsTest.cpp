@@ -11,7 +11,7 @@
 #include "meets/MeetTexts.h"
 #include "meets/MeetTypes.h"
 #include "meets/Meets.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -40,22 +40,13 @@ Meet MeetOn(int32_t key, const std::string& course, const Date& start) {
   return m;
 }
 
-class MeetsTest : public ::testing::Test {
+class MeetsTest : public test::DbTest {
  protected:
-  void SetUp() override { test::MakeOpenDatabase(t); }
-  SQLite::Database& Db() { return *t.state.gDb; }
-  long long Count(const std::string& sql) { return test::QueryNumber(Db(), sql); }
-  long long Count(const std::string& sql, long long value) {
-    return test::QueryNumber(Db(), sql, value);
-  }
-  std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
   static std::vector<std::string> Names(const std::vector<Meet>& rows) {
     std::vector<std::string> names;
     for (const auto& m : rows) names.push_back(m.mname);
     return names;
   }
-
-  test::TempHome t;
 };
 
 TEST_F(MeetsTest, ListLeavesOutGoalsAndPseudoMeetsAndFilters) {
@@ -97,8 +88,7 @@ TEST_F(MeetsTest, LetterJumpsToFirstNameNotBelowItAndFavoriteGivesStartFilter) {
   t.state.gFavoriteMeetType = "USS";
   t.state.gFavoriteCourse = "LCM";
   const MeetFilter f = FavoriteMeetFilter(t.state);
-  EXPECT_EQ(f.type, "USS");
-  EXPECT_EQ(f.course, 'L');
+  EXPECT_EQ(std::tie(f.type, f.course), std::make_tuple("USS", 'L'));
   t.state.gFavoriteCourse = "";
   EXPECT_EQ(FavoriteMeetFilter(t.state).course, 0);
 }
@@ -122,31 +112,23 @@ TEST_F(MeetsTest, CardChecksInOrder) {
 }
 
 TEST_F(MeetsTest, SavedMeetGetsOneCalendarRowPerDay) {
-  MeetForm form;
-  form.mname = "Harbor Winter Invitational Championships";
-  form.course = "SO";
-  form.start = "12/04/2026";
+  MeetForm form = Card("Harbor Winter Invitational Championships", "SO", "12/04/2026", "");
   form.end = "12/06/2026";
   form.remarks = "Warm-up 7:30, bring the blue caps";
   const MeetSaveOutcome saved = SaveMeet(t.state, form);
   ASSERT_EQ(saved.status, MeetSaveStatus::kSaved);
   const auto meet = LoadMeet(Db(), saved.meet);
   ASSERT_TRUE(meet);
-  EXPECT_EQ(meet->course, "SO");
-  EXPECT_EQ(meet->end, (Date{2026, 12, 6}));
-
-  SQLite::Statement q(Db(),
-                      "SELECT DATE, Comment, StartTime, EndTime FROM tblEvents "
-                      "WHERE Type = 2 AND Athlete = ? ORDER BY DATE");
-  q.bind(1, saved.meet);
-  std::vector<std::string> days;
-  while (q.executeStep()) {
-    days.push_back(q.getColumn(0).getString());
-    EXPECT_EQ(q.getColumn(1).getString(), "Warm-up 7:30, bring the blue caps");
-    EXPECT_EQ(q.getColumn(2).getString(), "1899-12-30 05:00:00");
-    EXPECT_EQ(q.getColumn(3).getString(), "1899-12-30 21:00:00");
+  EXPECT_EQ(std::tie(meet->course, meet->end), std::make_tuple("SO", Date{2026, 12, 6}));
+  std::string days;
+  for (const char* day : {"2026-12-04", "2026-12-05", "2026-12-06"}) {
+    days += std::string(day) + "|Warm-up 7:30, bring the blue caps|1899-12-30 05:00:00|" +
+            "1899-12-30 21:00:00\n";
   }
-  EXPECT_EQ(days, (std::vector<std::string>{"2026-12-04", "2026-12-05", "2026-12-06"}));
+  EXPECT_EQ(Rows("SELECT DATE, Comment, StartTime, EndTime FROM tblEvents "
+                 "WHERE Type = 2 AND Athlete = ? ORDER BY DATE",
+                 saved.meet),
+            days);
 
   // A moved meet replaces its rows instead of adding to them.
   form.meet = saved.meet;
@@ -158,10 +140,7 @@ TEST_F(MeetsTest, SavedMeetGetsOneCalendarRowPerDay) {
 
 TEST_F(MeetsTest, SameNameAndStartIsRefusedOtherDateAllowedVanishedMeetTold) {
   AddMeetRow(Db(), "Bay Open", "2026-11-02");
-  MeetForm form;
-  form.mname = "bay open";
-  form.course = "Y";
-  form.start = "11/02/2026";
+  MeetForm form = Card("bay open", "Y", "11/02/2026", "");
   EXPECT_EQ(SaveMeet(t.state, form).status, MeetSaveStatus::kRefused);
   EXPECT_EQ(LastShown(),
             "There is already a meet named 'bay open' with a start date of Nov 02, 2026\r\n"
@@ -254,6 +233,14 @@ TEST_F(MeetsTest, MergeMovesIndividualRowsAndLeavesRelaysBehind) {
   AddResultRow(Db(), from, ev);
   AddResultRow(Db(), from, relay, "R");
   AddEntryRow(Db(), from, eve);
+  Db().exec(
+      "CREATE TRIGGER no_meet_delete BEFORE DELETE ON MEET "
+      "BEGIN SELECT RAISE(ABORT, 'locked'); END");
+  EXPECT_FALSE(MergeMeet(t.state, from, to));
+  EXPECT_EQ(LastShown(), "Merge Failed.");
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE MEET = ?", from), 2);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", from), 2);
+  Db().exec("DROP TRIGGER no_meet_delete");
 
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(MergeMeetsAsked(t.state, *LoadMeet(Db(), from), *LoadMeet(Db(), to)));
@@ -264,22 +251,10 @@ TEST_F(MeetsTest, MergeMovesIndividualRowsAndLeavesRelaysBehind) {
   EXPECT_FALSE(LoadMeet(Db(), from));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'I' AND MEET = ?", to), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'R' AND MEET = ?", from), 1);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", from), 0);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = ?", from), 0);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM ENTRY WHERE Meet = ?", from), 0);
-}
-
-TEST_F(MeetsTest, FailedMergeChangesNothing) {
-  const int32_t from = AddMeetRow(Db(), "Bay Open", "2026-03-01");
-  const int32_t to = AddMeetRow(Db(), "Cove Cup", "2026-03-01");
-  AddResultRow(Db(), from, AddEventRow(Db(), "MTEVENT", from));
-  Db().exec(
-      "CREATE TRIGGER no_meet_delete BEFORE DELETE ON MEET "
-      "BEGIN SELECT RAISE(ABORT, 'locked'); END");
-  EXPECT_FALSE(MergeMeet(t.state, from, to));
-  EXPECT_EQ(LastShown(), "Merge Failed.");
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE MEET = ?", from), 1);
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", from), 1);
+  EXPECT_EQ(Count("SELECT (SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?1) + (SELECT COUNT(*) "
+                  "FROM MTEVENTE WHERE Meet = ?1) + (SELECT COUNT(*) FROM ENTRY WHERE Meet = ?1)",
+                  from),
+            0);
 }
 
 TEST_F(MeetsTest, MeetArrayListsNewestFirstWithAllMeetsOnTop) {
@@ -291,7 +266,7 @@ TEST_F(MeetsTest, MeetArrayListsNewestFirstWithAllMeetsOnTop) {
   ASSERT_EQ(all.size(), 3u);
   EXPECT_EQ(all[0].text, "All Meets");
   EXPECT_EQ(all[1].meet, cove);
-  EXPECT_EQ(all[1].text, "09-May-26  Cove Cup");
+  EXPECT_EQ(all[1].text, "05/09/2026  Cove Cup");
   // A course list keeps goal meets, as its query has no type term.
   const auto lc = LoadMeetArray(t.state, 3);
   EXPECT_EQ(lc.size(), 3u);
@@ -318,8 +293,7 @@ TEST_F(MeetsTest, OpeningEntriesAndResultsNeedsEvents) {
 
 class MeetTypesTest : public MeetsTest {
  protected:
-  void SetUp() override {
-    MeetsTest::SetUp();
+  MeetTypesTest() {
     Db().exec("DELETE FROM CODE");
     Db().exec(
         "INSERT INTO CODE (ABBR, \"DESC\", TYPE) VALUES ('USS', 'Club', 3), "
@@ -440,10 +414,7 @@ TEST(EventWords, AgeGroupsAndDescriptions) {
 
 class EventsTest : public MeetsTest {
  protected:
-  void SetUp() override {
-    MeetsTest::SetUp();
-    meet = AddMeetRow(Db(), "Bay Open", "2026-03-01", "LO");
-  }
+  EventsTest() { meet = AddMeetRow(Db(), "Bay Open", "2026-03-01", "LO"); }
   EventForm Form(const std::string& number, int stroke = 1, int distance = 100,
                  const std::string& sex = "F") {
     return {0, number, 11, 12, distance, stroke, sex, "I"};
@@ -565,24 +536,21 @@ TEST_F(EventsTest, EntryEventsCopiedToResultsWithNewKeysSkippingUnnumbered) {
   ASSERT_TRUE(CopyEntryEventsToResults(t.state, meet));
   const auto rows = ListEvents(Db(), EventList::kResults, meet, {});
   ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(std::tie(rows[0].i_r, rows[0].sex, rows[1].lo_hi, rows[1].stroke, rows[1].distance),
+            std::make_tuple("R", "X", 1599, 5, 400));
   EXPECT_EQ(EventNumberOf(rows[0]), "1A");
-  EXPECT_EQ(rows[0].i_r, "R");
-  EXPECT_EQ(rows[0].sex, "X");
-  EXPECT_EQ(rows[1].lo_hi, 1599);
-  EXPECT_EQ(rows[1].stroke, 5);
-  EXPECT_EQ(rows[1].distance, 400);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT m JOIN MTEVENTE e ON m.MtEvent = e.MtEvent "
                   "AND m.Meet = e.Meet"),
             0);
-}
 
-TEST_F(EventsTest, FailedCopyToResultsLeavesResultListAlone) {
-  AddEventRow(Db(), "MTEVENTE", meet, 1);
-  AddEventRow(Db(), "MTEVENTE", meet, 2);
-  AddEventRow(Db(), "MTEVENT", meet, 2);  // the second copy collides
+  // A failed copy leaves the result list alone: the second copy collides here.
+  const int32_t other = AddMeetRow(Db(), "Cove Cup", "2026-04-01");
+  AddEventRow(Db(), "MTEVENTE", other, 1);
+  AddEventRow(Db(), "MTEVENTE", other, 2);
+  AddEventRow(Db(), "MTEVENT", other, 2);
   t.io.Script({Answer::kCancel});
-  EXPECT_FALSE(CopyEntryEventsToResults(t.state, meet));
-  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT"), 1);
+  EXPECT_FALSE(CopyEntryEventsToResults(t.state, other));
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", other), 1);
 }
 
 TEST_F(EventsTest, ListSkipsUnnumberedEntryEventsAndSortsAndFilters) {
@@ -607,11 +575,7 @@ TEST_F(EventsTest, ListSkipsUnnumberedEntryEventsAndSortsAndFilters) {
 
 class CopyEventsTest : public EventsTest {
  protected:
-  void SetUp() override {
-    EventsTest::SetUp();
-    source = AddMeetRow(Db(), "Cove Cup", "2025-03-01", "Y");
-  }
-  int32_t source = 0;
+  int32_t source = AddMeetRow(Db(), "Cove Cup", "2025-03-01", "Y");
 };
 
 TEST_F(CopyEventsTest, RefusalsBeforeAnyChange) {
@@ -704,14 +668,10 @@ TEST_F(EventsTest, DefaultEventsComeInPairsNumberedOn) {
   ASSERT_TRUE(OfferDefaultEvents(t.state, EventList::kEntries, meet));
   const auto rows = ListEvents(Db(), EventList::kEntries, meet, {});
   ASSERT_EQ(rows.size(), 1u + 2 * DefaultEvents('L').size());
-  EXPECT_EQ(rows[1].mtev, 5);
-  EXPECT_EQ(rows[1].sex, "M");
-  EXPECT_EQ(rows[2].mtev, 6);
-  EXPECT_EQ(rows[2].sex, "F");
-  EXPECT_EQ(rows[2].distance, rows[1].distance);
-  EXPECT_EQ(rows[1].lo_hi, kDefaultEventLoHi);
-  EXPECT_EQ(rows[1].course, "L");
-  EXPECT_EQ(rows[1].i_r, "I");
+  EXPECT_EQ(std::tie(rows[1].mtev, rows[1].sex, rows[1].lo_hi, rows[1].course, rows[1].i_r),
+            std::make_tuple(5, "M", kDefaultEventLoHi, "L", "I"));
+  EXPECT_EQ(std::tie(rows[2].mtev, rows[2].sex, rows[2].distance),
+            std::make_tuple(6, "F", rows[1].distance));
   const size_t shown = t.io.shown.size();
   EXPECT_TRUE(OfferDefaultEvents(t.state, EventList::kEntries, meet));
   EXPECT_EQ(t.io.shown.size(), shown);  // has events: no question

@@ -60,11 +60,9 @@ class ResultsByName : public ::testing::Test {
 TEST_F(ResultsByName, ListsActiveSwimmersAndTheirEvents) {
   const auto swimmers = ActiveSwimmers(*t.state.gDb);
   ASSERT_EQ(swimmers.size(), 2u);
-  EXPECT_EQ(swimmers[0].last, "Adams");
-  EXPECT_EQ(swimmers[1].birth, (Date{2014, 6, 15}));
   ASSERT_EQ(events.size(), 2u);
-  EXPECT_EQ(events[0].mt_ev, "1");
-  EXPECT_EQ(events.at(1).mt_event, back);
+  EXPECT_EQ(std::tie(swimmers[0].last, swimmers[1].birth, events[0].mt_ev, events[1].mt_event),
+            std::make_tuple("Adams", Date{2014, 6, 15}, "1", back));
   EXPECT_EQ(MeetAgeUp(*t.state.gDb, 7), (Date{2026, 10, 1}));
   EXPECT_FALSE(HasRelayEvents(*t.state.gDb, 7, "F"));
   EXPECT_TRUE(HasRelayEvents(*t.state.gDb, 7, "M"));
@@ -84,10 +82,8 @@ TEST(RelayLegValues, LegDistanceStrokeAndTyping) {
   };
   for (auto [name, stroke] : names) EXPECT_EQ(StrokeOfRelayName(name), stroke) << name;
 
-  EXPECT_TRUE(TimeCharactersValid("1:02.34"));
-  EXPECT_TRUE(TimeCharactersValid(""));
-  EXPECT_FALSE(TimeCharactersValid("29.5a"));
-  EXPECT_FALSE(TimeCharactersValid("29 50"));
+  for (const char* good : {"1:02.34", ""}) EXPECT_TRUE(TimeCharactersValid(good)) << good;
+  for (const char* bad : {"29.5a", "29 50"}) EXPECT_FALSE(TimeCharactersValid(bad)) << bad;
 }
 
 class RelayLegs : public ::testing::Test {
@@ -125,15 +121,11 @@ class RelayLegs : public ::testing::Test {
   int32_t free_relay = 0;
 };
 
-TEST_F(RelayLegs, ListShowsTheSexesRelays) {
+TEST_F(RelayLegs, ListShowsTheSexesRelaysAndChecksGoInOrder) {
   const auto relays = RelayEvents(*t.state.gDb, 5, "F");
   ASSERT_EQ(relays.size(), 2u);
-  EXPECT_EQ(relays[0].text, "Female 11-12 200 Free Relay");
-  EXPECT_EQ(relays[0].distance, 200);
-  EXPECT_EQ(relays[1].text, "Mixed Open 200 Medley Relay");
-}
-
-TEST_F(RelayLegs, ChecksInOrder) {
+  EXPECT_EQ(std::tie(relays[0].text, relays[0].distance, relays[1].text),
+            std::make_tuple("Female 11-12 200 Free Relay", 200, "Mixed Open 200 Medley Relay"));
   struct Case {
     RelayLegInput in;
     std::vector<std::string> shown;
@@ -156,9 +148,7 @@ TEST_F(RelayLegs, ChecksInOrder) {
     EXPECT_EQ(shown, c.shown) << c.in.i_r << c.in.f_p;
   }
   EXPECT_EQ(Row(), "");
-}
-
-TEST_F(RelayLegs, NoStrokeWarnsButSaves) {
+  // No stroke warns but saves.
   EXPECT_EQ(SaveRelayLeg(t.state, Leg("L", "F", 0, "29.50")), RelayLegOutcome::kSaved);
   EXPECT_TRUE(t.io.Saw("Please select a stroke"));
   EXPECT_EQ(Row(), "L/F/0/2950/50/L/1;");
@@ -326,34 +316,24 @@ class SplitStore : public ::testing::Test {
       q.bind(3);
     q.exec();
   }
+  using Split4 = std::vector<SplitPlace>;
+  // The four places of a fresh sheet of the 100 loaded from the store.
+  Split4 Places() {
+    SplitSheet sheet(100, 6000);
+    sheet.Load(*t.state.gDb, id);
+    return {sheet.At(1), sheet.At(2), sheet.At(3), sheet.At(4)};
+  }
   test::TempHome t;
   test::OpenedDatabase open_{t};
   test::Season season{*t.state.gDb};
   int64_t id = 0;
 };
 
-TEST_F(SplitStore, LoadFillsPlacesAndTheFinish) {
-  SplitSheet fresh(100, 6000);
-  fresh.Load(*t.state.gDb, id);
-  EXPECT_EQ(fresh.At(1), std::nullopt);
-  EXPECT_EQ(fresh.At(4), 6000);  // no rows: the finish is the score
-  EXPECT_FALSE(fresh.Changed());
-
-  AddSplit(1, 1400);
-  AddSplit(2, std::nullopt);
-  AddSplit(3, 4400);
-  AddSplit(6, 9999);  // past the finish
+TEST_F(SplitStore, LoadFillsPlacesAndTheFinishAndSaveKeepsOnlyTimesAboveZero) {
   SplitSheet sheet(100, 6000);
   sheet.Load(*t.state.gDb, id);
-  EXPECT_EQ(sheet.At(1), 1400);
-  EXPECT_EQ(sheet.At(2), std::nullopt);
-  EXPECT_EQ(sheet.At(3), 4400);
-  EXPECT_EQ(sheet.At(4), 6000);
-}
-
-TEST_F(SplitStore, SaveKeepsOnlyTimesAboveZero) {
-  SplitSheet sheet(100, 6000);
-  sheet.Load(*t.state.gDb, id);
+  EXPECT_EQ(Places(), (Split4{std::nullopt, std::nullopt, std::nullopt, 6000}));  // no rows
+  EXPECT_FALSE(sheet.Changed());
   AddSplit(3, 4500);  // replaced by the save
   sheet.Edit(2, false, "29.00", 25);
   sheet.Set(1, 0);
@@ -362,12 +342,14 @@ TEST_F(SplitStore, SaveKeepsOnlyTimesAboveZero) {
   sheet.MarkSaved();
   EXPECT_FALSE(sheet.Changed());
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM SPLITS"), 2);
-  SplitSheet again(100, 6000);
-  again.Load(*t.state.gDb, id);
-  EXPECT_EQ(again.At(1), std::nullopt);
-  EXPECT_EQ(again.At(2), 2900);
-  EXPECT_EQ(again.At(3), std::nullopt);
-  EXPECT_EQ(again.At(4), 6000);
+  EXPECT_EQ(Places(), (Split4{std::nullopt, 2900, std::nullopt, 6000}));
+
+  t.state.gDb->exec("DELETE FROM SPLITS");
+  AddSplit(1, 1400);
+  AddSplit(2, std::nullopt);
+  AddSplit(3, 4400);
+  AddSplit(6, 9999);  // past the finish
+  EXPECT_EQ(Places(), (Split4{1400, std::nullopt, 4400, 6000}));
 }
 
 TEST(SplitTexts, CellsAndCaption) {

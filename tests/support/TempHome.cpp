@@ -48,6 +48,18 @@ long long QueryNumber(SQLite::Database& db, const std::string& sql, long long va
   return q.getColumn(0).getInt64();
 }
 
+std::string QueryRows(SQLite::Database& db, const std::string& sql,
+                      std::optional<long long> value) {
+  SQLite::Statement q(db, sql);
+  if (value) q.bind(1, static_cast<int64_t>(*value));
+  std::string out;
+  while (q.executeStep()) {
+    for (int i = 0; i < q.getColumnCount(); ++i) out += (i ? "|" : "") + q.getColumn(i).getString();
+    out += "\n";
+  }
+  return out;
+}
+
 int AddAthlete(SQLite::Database& db, const std::string& last, const std::string& first,
                const std::string& sex, const std::string& birth, int team) {
   SQLite::Statement insert(db,

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 #include <memory>
-
+#include <optional>
 #include <string>
 
 #include <SQLiteCpp/Database.h>
@@ -44,6 +44,9 @@ class TempHome {
 long long QueryNumber(SQLite::Database& db, const std::string& sql);
 // The same with one value bound to the query's "?".
 long long QueryNumber(SQLite::Database& db, const std::string& sql, long long value);
+// Every row of a query as "a|b|c", each ended by a line end; `value` bound to a "?" if given.
+std::string QueryRows(SQLite::Database& db, const std::string& sql,
+                      std::optional<long long> value = {});
 
 // A swimmer added straight to the Athlete table (no birth date when `birth` is empty); its key.
 int AddAthlete(SQLite::Database& db, const std::string& last, const std::string& first,
