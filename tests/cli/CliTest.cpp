@@ -40,7 +40,6 @@ class Cli : public ::testing::Test {
     return {code, out.str(), err.str()};
   }
   std::string Db(const std::string& name) { return (t.Data() / name).string(); }
-
   test::TempHome t;
 };
 
@@ -48,30 +47,24 @@ TEST_F(Cli, NewDbMakesACompleteFileThatCheckDbListsAndRepairCompactsOrAsks) {
   Outcome made = Kvlr({"new-db", Db("family.mdb")});
   ASSERT_EQ(made.code, 0) << made.err;
   EXPECT_EQ(made.out, "Database\tTables\n" + Db("family.mdb") + "\t31\n");
-
   Outcome checked = Kvlr({"check-db", Db("family.mdb")});
   ASSERT_EQ(checked.code, 0) << checked.err;
   EXPECT_EQ(checked.out.substr(0, checked.out.find('\n')), "Table\tRows");
   EXPECT_NE(checked.out.find("\nOPTIONS\t1\n"), std::string::npos);
-
   Outcome repaired = Kvlr({"repair", Db("family.mdb")});
   ASSERT_EQ(repaired.code, 0) << repaired.err;
   EXPECT_EQ(repaired.out.rfind("Database\tBytes before\tBytes after\n", 0), 0u);
   EXPECT_NE(repaired.err.find("Database Optimization Completed."), std::string::npos);
-
   // A damaged file: the question is answered by a flag or a terminal, else the command stops.
   fs::resize_file(Db("family.mdb"), fs::file_size(Db("family.mdb")) / 2);
   const std::string damaged = ReadWholeFile(Db("family.mdb"));
-
   Outcome unanswered = Kvlr({"check-db", Db("family.mdb")});
   EXPECT_EQ(unanswered.code, 1);
   EXPECT_NE(unanswered.err.find("Attempt to Repair it?"), std::string::npos);
   EXPECT_NE(unanswered.err.find("--yes"), std::string::npos);
-
   EXPECT_EQ(Kvlr({"check-db", Db("family.mdb")}, "n\n", true).code, 1);
   EXPECT_EQ(Kvlr({"--no", "check-db", Db("family.mdb")}).code, 1);
   EXPECT_EQ(ReadWholeFile(Db("family.mdb")), damaged);
-
   Outcome fixed = Kvlr({"--yes", "check-db", Db("family.mdb")});
   EXPECT_EQ(fixed.code, 0) << fixed.err;
   EXPECT_NE(fixed.out.find("\nAthlete\t0\n"), std::string::npos);
@@ -100,7 +93,6 @@ TEST_F(Cli, RefusalsExitOneWithTheProgramsWordsMisuseExitsTwoAndHelpIsThere) {
     EXPECT_NE(r.err.find(c.words), std::string::npos) << r.err;
     EXPECT_EQ(r.out, "");
   }
-
   for (const char* command : {"new-db", "check-db", "repair", "time"}) {
     Outcome r = Kvlr({command, "--help"});
     EXPECT_EQ(r.code, 0);
@@ -127,7 +119,6 @@ TEST_F(Cli, TimeShowsEveryReadingInRowsThatEscapeWhatWouldBreakThem) {
             "X\t\t0\t00.00\t   00.00\t\n"
             "-\t\t0\t00.00\t   00.00\t\n"
             "7.99\t00:07.99\t799\t07.99\t   07.99\tError\n");
-
   std::ostringstream out;
   cli::Row(out, {"a\tb", "c\\d", "e\r\nf", ""});
   EXPECT_EQ(out.str(), "a\\tb\tc\\\\d\te\\r\\nf\t\n");
@@ -146,7 +137,6 @@ class AthleteCommands : public Cli {
     if (!global.empty()) args.insert(args.begin(), global);
     return Kvlr(args);
   }
-
   std::string db = Db("family.mdb");
 };
 
@@ -157,14 +147,12 @@ TEST_F(AthleteCommands, AddedSwimmersAreListedAndAFifthIsRefused) {
   ASSERT_EQ(added.code, 0) << added.err;
   EXPECT_EQ(added.out, "Athlete\n1\n");
   ASSERT_EQ(Add("Lane", "Bo", "M").code, 0);
-
   Outcome listed = Kvlr({"athletes", "--db", db});
   ASSERT_EQ(listed.code, 0) << listed.err;
   EXPECT_EQ(listed.out,
             "Athlete\tLast\tFirst\tInitial\tSex\tBirth\tAge\tPref\tID_NO\tActive\n"
             "2\tLane\tBo\t\tM\t\t\t\t\t1\n"
             "1\tO'Brien\tAda\tQ\tF\t2012-11-22\t14\tAddie\tA12\t1\n");
-
   for (const char* first : {"Cy", "Di"}) ASSERT_EQ(Add("Lane", first, "F").code, 0);
   Outcome fifth = Add("Lane", "Eve", "F");
   EXPECT_EQ(fifth.code, 1);
@@ -193,7 +181,6 @@ TEST_F(AthleteCommands, RefusalsUseTheCardsWordsAndMisuseExitsTwo) {
     EXPECT_NE(r.err.find(c.words), std::string::npos) << r.err;
     EXPECT_EQ(r.out, "");
   }
-
   EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "2012-13-01"}).code, 2);
   EXPECT_EQ(Add("Lane", "Ada", "F", {"--birth", "12/01/2012"}).code, 2);
   EXPECT_EQ(Add("Lane", "Ada", "X").code, 2);
@@ -245,19 +232,16 @@ TEST_F(Cli, ASeasonThroughTheTool) {
     }
   }
   EXPECT_EQ(Kvlr({"rank", "--db", db}).code, 0);
-
   Outcome meets = Kvlr({"meets", "--db", db});
   ASSERT_EQ(meets.code, 0) << meets.err;
   EXPECT_NE(meets.out.find("Harbor Winter Classic\t2026-12-05\t2026-12-06\tY\tAG"),
             std::string::npos)
       << meets.out;
-
   Outcome results = Kvlr({"results", "--db", db, "--athlete", athlete, "--convert", "L"});
   ASSERT_EQ(results.code, 0) << results.err;
   EXPECT_NE(results.out.find("1:03.98"), std::string::npos) << results.out;
   EXPECT_NE(results.out.find("1:05.12"), std::string::npos) << results.out;
   EXPECT_NE(results.out.find("\t2026-12-05\t"), std::string::npos) << results.out;
-
   // Each event once, under the distance of the course asked for.
   for (auto [course, listed, other] : {std::tuple{"Y", "500\tFree\t", "400\tFree\t"},
                                        std::tuple{"L", "400\tFree\t", "500\tFree\t"}}) {
@@ -278,7 +262,6 @@ TEST_F(Cli, ASeasonThroughTheTool) {
   EXPECT_EQ(by_word.out, Kvlr({"convert", "--distance", "100", "--stroke", "2", "--from", "Y",
                                "--to", "L", "1:03.98"})
                              .out);
-
   // Headers name each column once; dates read YYYY-MM-DD.
   const Outcome backup = Kvlr({"--yes", "backup", "--db", db, "--to", t.Data().string()});
   ASSERT_EQ(backup.code, 0) << backup.err;
@@ -306,7 +289,6 @@ TEST_F(Cli, ASeasonThroughTheTool) {
     }
     EXPECT_EQ(names.size(), count) << head;
   }
-
   // A standard goes out and comes back the same. An export never writes over a database or
   // a foreign file, and replaces its own kind only when told to.
   const std::string csv = Db("girls.csv"), again = Db("again.csv");
@@ -319,7 +301,6 @@ TEST_F(Cli, ASeasonThroughTheTool) {
   ASSERT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", again}).code, 0);
   EXPECT_NE(ReadWholeFile(again).find("F,I,11,12,100,2,1:10.00,1:04.00"), std::string::npos)
       << ReadWholeFile(again);
-
   const std::string database = ReadWholeFile(db);
   Outcome over_db = Kvlr({"--yes", "standard-export", "--db", db, "GIRLS", db});
   EXPECT_EQ(over_db.code, 1);
@@ -337,7 +318,6 @@ TEST_F(Cli, ASeasonThroughTheTool) {
   EXPECT_EQ(ReadWholeFile(again), "old");
   EXPECT_EQ(Kvlr({"standard-export", "--db", db, "GIRLS", again, "--yes"}).code, 0);
   EXPECT_NE(ReadWholeFile(again).find("F,I,11,12,100,2,1:10.00"), std::string::npos);
-
   WriteFileAtomically(csv, "Sex,I_R\nF\n");
   EXPECT_EQ(Kvlr({"standard-import", "--db", db, "BAD", csv}).code, 1);
 }

@@ -22,7 +22,6 @@ class ImportCli : public ::testing::Test {
         Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Jane", "--sex", "F"}).code,
         0);
   }
-
   struct Outcome {
     int code;
     std::string out, err;
@@ -40,12 +39,10 @@ class ImportCli : public ::testing::Test {
     std::ofstream(path, std::ios::binary) << text;
     return path.string();
   }
-
   long long Results() {
     SQLite::Database db(db_);
     return db.execAndGet("SELECT COUNT(*) FROM RESULT").getInt64();
   }
-
   test::TempHome t_;
   std::string db_ = (t_.Data() / "family.mdb").string();
 };
@@ -54,13 +51,11 @@ TEST_F(ImportCli, ImportsOnceThenListsTheRefusedLines) {
   testing::SdifFile meet;
   meet.Swim().Swim({{"swimmer_name", "ROE, ANN"}});
   const std::string file = File("meet.cl2", meet.Text());
-
   const Outcome first = Kvlr({"import", file, "--db", db_});
   ASSERT_EQ(first.code, 0) << first.err;
   EXPECT_NE(first.out.find("Individual Results\t2\t1\n"), std::string::npos) << first.out;
   EXPECT_NE(first.out.find("\nImport Successful\n"), std::string::npos);
   EXPECT_EQ(first.out.find("Not all data was imported."), std::string::npos);
-
   const Outcome again = Kvlr({"import", file, "--db", db_});
   EXPECT_NE(again.out.find("Not all data was imported.\nReason"), std::string::npos) << again.out;
   EXPECT_NE(again.out.find("\n1\tAutumn Made-Up Invite\tDOE\tJANE\t"), std::string::npos);
@@ -84,12 +79,10 @@ TEST_F(ImportCli, QuestionsNeedAnAnswerAndSeveralSwimmersAName) {
   testing::SdifFile renamed;
   renamed.Meet({{"meet_name", "Made-Up Other Name"}}).Swim();
   const std::string other = File("b.cl2", renamed.Text());
-
   const Outcome unanswered = Kvlr({"import", other, "--db", db_});
   EXPECT_EQ(unanswered.code, 1);
   EXPECT_NE(unanswered.err.find("as the same meet?"), std::string::npos) << unanswered.err;
   EXPECT_EQ(Kvlr({"import", other, "--db", db_, "--no"}).code, 0);
-
   ASSERT_EQ(
       Kvlr({"add-athlete", "--db", db_, "--last", "Doe", "--first", "Ann", "--sex", "F"}).code, 0);
   const Outcome unnamed = Kvlr({"import", other, "--db", db_, "--yes"});
@@ -105,7 +98,6 @@ TEST_F(ImportCli, AFileWithoutItsEndRecordIsImportedOnlyWhenTheUserSaysSo) {
   const std::string warning =
       "cut.sd3 has no end record (Z0): the file may be incomplete, for example a download cut "
       "short.";
-
   const Outcome unanswered = Kvlr({"import", file, "--db", db_});
   EXPECT_EQ(unanswered.code, 1);
   EXPECT_NE(unanswered.err.find(warning + "\nDo you want to import what it holds?\n"),
@@ -115,7 +107,6 @@ TEST_F(ImportCli, AFileWithoutItsEndRecordIsImportedOnlyWhenTheUserSaysSo) {
   EXPECT_EQ(no.code, 1);
   EXPECT_EQ(no.err, warning + "\n");
   EXPECT_EQ(Results(), 0);
-
   const Outcome yes = Kvlr({"import", file, "--db", db_, "--yes"});
   EXPECT_EQ(yes.code, 0) << yes.err;
   EXPECT_NE(yes.out.find("\nImport Successful\n"), std::string::npos);

@@ -31,7 +31,6 @@ TEST(ErrorHandler, LogsFirstThenAsksOnlyWithADisplay) {
             "Current Athlete: 3\n"
             "Current Meet: 12\n"
             "===========================\n");
-
   // With a display: a user who ends the program at the box still leaves the entry behind.
   std::filesystem::remove(t.state.home.Log());
   bool logged_before_box = false;
@@ -77,7 +76,6 @@ TEST(ErrorHandler, TableGivesTextAndStyleForSystemFailuresAndAnswers) {
     EXPECT_EQ(m.text, c.text) << c.number;
     EXPECT_EQ(m.style, c.style) << c.number;
   }
-
   EXPECT_EQ(FileErrorNumber(ENOSPC), err::kDiskFull);
   EXPECT_EQ(FileErrorNumber(EACCES), err::kPermissionDenied);
   EXPECT_EQ(FileErrorNumber(ENOENT), err::kFileNotFound);
@@ -108,7 +106,6 @@ TEST(ShowProgramError, NamesTheRoutineAndTheErrorAndTheLogUsesTwelveHours) {
             "A program error has occurred.\r\nbasUtil.StripIt error.\r\nError: 13 - Type mismatch");
   EXPECT_EQ(io.shown[1].text, "A program error has occurred.\r\nbasUtil.StripIt error.");
   EXPECT_EQ(io.shown[0].title, "Norvan's KVL RENEWED");
-
   EXPECT_EQ(LongTimeText(DateTime{Date{2026, 1, 1}, 0, 5, 9}), "12:05:09 AM");
   EXPECT_EQ(LongTimeText(DateTime{Date{2026, 1, 1}, 13, 0, 0}), "1:00:00 PM");
   EXPECT_EQ(LongDateText(Date{2024, 2, 29}), "Thursday, February 29, 2024");

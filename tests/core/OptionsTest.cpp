@@ -24,7 +24,6 @@ TEST(GetOptions, EmptyTableGetsTheDefaultsWithTodayAsLastBackup) {
                              "FROM OPTIONS")
                 .getString(),
             "1 2026-11-22 1.11 0.875 1.006 2 1 7 7 Y 1");
-
   EXPECT_TRUE(t.state.gY2L);
   EXPECT_EQ(t.state.gBackupDays, 7);
   EXPECT_EQ(t.state.gStroke, LoadStrokeArray());
@@ -44,7 +43,6 @@ TEST(GetOptions, ReadsAChangedRowAndDirectoriesFallBackToTheDataFolder) {
   EXPECT_EQ(t.state.gUpdateDays, 0);
   EXPECT_DOUBLE_EQ(t.state.gCvtFactors[0], 1.2);
   EXPECT_EQ(t.state.gFavSex, 2);
-
   const fs::path imports = t.Root() / "imports";
   fs::create_directories(imports);
   SQLite::Statement set(*t.state.gDb, "UPDATE OPTIONS SET ImportDir = ?, ExportDir = ?");

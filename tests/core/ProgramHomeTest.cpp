@@ -26,7 +26,6 @@ TEST(ProgramHome, AMissingHomeIsMadeWithTheShippedRulesAHomeInUseIsKept) {
   home.Ensure();
   EXPECT_TRUE(fs::is_directory(home.ReportDir()));
   EXPECT_EQ(ReadWholeFile(home.ImportRules()), kDefaultImportRules);
-
   // A home in use keeps the user's choices: a removed rules file stays removed, so the check
   // can say so.
   WriteFileAtomically(home.SystemFile(), "in use");

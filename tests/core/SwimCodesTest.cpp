@@ -11,7 +11,6 @@ TEST(DistanceTest, IndexEquivalentsAndTheListsIndexedByThem) {
     EXPECT_EQ(DistanceIndex(distances[i]), i) << distances[i];
   }
   for (int other : {0, 6, 11, 75, 1600}) EXPECT_EQ(DistanceIndex(other), 10) << other;
-
   // clang-format off
   const std::vector<std::tuple<int, char, int>> equivalents = {
       {400, 'Y', 500}, {800, 'Y', 1000}, {1500, 'Y', 1650}, {500, 'Y', 500},
@@ -21,7 +20,6 @@ TEST(DistanceTest, IndexEquivalentsAndTheListsIndexedByThem) {
   for (const auto& [distance, course, expected] : equivalents) {
     EXPECT_EQ(EquivalentDistance(distance, course), expected) << distance << course;
   }
-
   // Screens index these lists by DistanceIndex + 1 and course number.
   const auto list = DistanceList();
   ASSERT_EQ(list.size(), 14u);
@@ -47,11 +45,9 @@ TEST(AgeGroupTest, PresetRowsAndTexts) {
       {1112, "11-12"}, {812, "08-12"}};
   // clang-format on
   for (const auto& [value, expected] : lo_hi) EXPECT_EQ(LoHiText(value), expected) << value;
-
   EXPECT_EQ(AgeRangeText(0, 10), "Under-10");
   EXPECT_EQ(AgeRangeText(15, 99), "15 Over");
   EXPECT_EQ(AgeRangeText(11, 12), "11-12");
-
   EXPECT_EQ(AgeRangeCaption(0, 0), "");
   EXPECT_EQ(AgeRangeCaption(0, 99), "Open");
   EXPECT_EQ(AgeRangeCaption(0, 10), "10 and Under");
@@ -68,13 +64,11 @@ TEST(WordsTest, StrokeSexFinalsAndEventNumbers) {
   for (const auto& [stroke, i_r, expected] : strokes) {
     EXPECT_EQ(StrokeText(stroke, i_r), expected) << stroke << i_r;
   }
-
   EXPECT_EQ(SexWord("F"), "Female");
   EXPECT_EQ(SexWord("X"), "Mixed");
   EXPECT_EQ(SexWord(""), "");
   EXPECT_EQ(GirlWord(0), "Women");
   EXPECT_EQ(BoyWord(2), "Boys");
-
   EXPECT_EQ(FinalsWord("I"), "Semi-Final");
   EXPECT_EQ(FinalsWord("T"), "Time Trial");
   EXPECT_EQ(FinalsWord("L"), "");

@@ -87,14 +87,12 @@ TEST_F(CheckCli, CutShortHugeAndCrOnlyFiles) {
   EXPECT_EQ(cut.err,
             "cut.cl2 has no end record (Z0): the file may be incomplete, for example a download "
             "cut short.\n");
-
   // Lines ended by a lone CR read as any others.
   std::string cr_only;
   for (const auto& line : testing::SdifFile().Swim().Lines()) cr_only += line + "\r";
   const Outcome cr = Kvlr("cr.cl2", cr_only);
   EXPECT_EQ(cr.code, 0) << cr.err;
   EXPECT_NE(cr.out.find("Individual Results\t1\n"), std::string::npos) << cr.out;
-
   // Refused by its size, unread (the sparse file takes no room on disk).
   const fs::path huge = t.Data() / "huge.cl2";
   std::ofstream(huge, std::ios::binary) << testing::SdifFile().Text();
@@ -117,7 +115,6 @@ TEST_F(CheckCli, ImportEventsTakesEveryEventFileOfAZipOnce) {
       b, {test::NvvMeetLine("Beta Meet", "12/12/2026"), "1;50;1;I;0;10;F", "2;50;2;I;0;10;F"});
   const fs::path zip = t.Data() / "events.zip";
   ZipArchive::Create(zip, {{"b.nvv", b}, {"a.nvv", a}}, "", 6);
-
   const Outcome first = Run({"import-events", "--db", db, zip.string()});
   EXPECT_EQ(first.code, 0) << first.err;
   EXPECT_EQ(first.out,

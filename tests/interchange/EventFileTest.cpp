@@ -46,7 +46,6 @@ TEST(EventFileFields, CheckValueWorkedExamplesSemicolonsAndTheWholeLastField) {
   EXPECT_EQ(EventFileCheckValue("12345", "Al"), "1 12");
   // Bytes count from 0 to 255.
   EXPECT_EQ(EventFileCheckValue(std::string(7, '\xff') + "?????", "abc"), "6 37c");
-
   struct Case {
     const char* line;
     size_t whole_last;
@@ -103,7 +102,6 @@ TEST(ParseEventFile, MeetAndEventFields) {
   EXPECT_EQ(std::tie(m.name, m.start, m.end, m.age_up, m.course, m.location, m.meet_class),
             std::make_tuple("Harbor Open", Date{2026, 11, 6}, Date{2026, 11, 8}, Date{2026, 12, 31},
                             "L", "North Pool", "AG"));
-
   // Number, letter, distance, stroke, I_R, Lo_Hi, sex. A high age of 0 is 99 (and a low of 0
   // adds nothing); no I_R is individual.
   using Event = std::tuple<int, std::string, int, int, std::string, int, std::string>;
@@ -123,7 +121,6 @@ TEST(EventCourse, TwoCourseWordsKeepTheirMiddleAndOnlyNvvAndZipNamesAreEventFile
       {"bsn", "S"}, {"BN", ""},     {"BEN", "E"}, {"", ""},
   };
   for (const auto& [word, course] : cases) EXPECT_EQ(EventCourse(word), course) << word;
-
   EXPECT_EQ(EventFileKindOf("/x/meet.nvv"), EventFileKind::kNvv);
   EXPECT_EQ(EventFileKindOf("/x/MEET.NVV"), EventFileKind::kNvv);
   EXPECT_EQ(EventFileKindOf("/x/meets.Zip"), EventFileKind::kZip);
@@ -135,14 +132,12 @@ TEST(EventCourse, TwoCourseWordsKeepTheirMiddleAndOnlyNvvAndZipNamesAreEventFile
 class EventImport : public ::testing::Test {
  protected:
   void SetUp() override { test::MakeOpenDatabase(t); }
-
   fs::path Nvv(const std::string& name, const std::vector<std::string>& lines) {
     const fs::path file = t.Data() / name;
     test::WriteLines(file, lines);
     return file;
   }
   long long Count(const std::string& sql) { return QueryNumber(*t.state.gDb, sql); }
-
   test::TempHome t;
 };
 
@@ -160,7 +155,6 @@ TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
   ASSERT_TRUE(first.ok);
   EXPECT_EQ(first.events, 3);
   EXPECT_TRUE(t.io.Saw("Events imported: 3"));
-
   SQLite::Statement meet(
       *t.state.gDb,
       "SELECT MName, Start, End, AgeUp, Course, Location, Type FROM MEET WHERE Meet = ?");
@@ -178,7 +172,6 @@ TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE"), 3);
   EXPECT_EQ(Count("SELECT Lo_Hi FROM MTEVENTE WHERE MtEv = 3 AND MtEvX = 'A'"), 10);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Course = 'S' AND I_R = 'I'"), 3);
-
   // The second time the meet's start date is taken: nothing more is added.
   t.io.shown.clear();
   const EventImportOutcome second = ImportEvents(t.state, file);
@@ -201,7 +194,6 @@ TEST_F(EventImport, BlankEndIsTheStartLongTextsAreCutAndRefusedFilesWriteNothing
   EXPECT_EQ(out.meet_name, long_name.substr(0, 45));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE End = Start AND length(Location) = 45"), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM tblEvents WHERE Type = 2"), 1);
-
   std::string bad = NvvMeetLine("Harbor Open", "11/06/2026");
   bad[0] = 'h';
   EXPECT_FALSE(ImportEvents(t.state, Nvv("bad.nvv", {bad, "1;100;1;I;0;0;M"})).ok);
@@ -219,7 +211,6 @@ TEST_F(EventImport, ZipsGiveTheirEventFilesOnly) {
   fs::create_directories(t.state.home.TempDir());
   const fs::path other_run = t.state.home.TempDir() / "old.nv3";
   test::WriteLines(other_run, {"old"});
-
   EventZipFiles unzipped = ExtractEventFiles(t.state, zip);
   const auto& files = unzipped.files;
   ASSERT_EQ(files.size(), 2u);
@@ -232,12 +223,10 @@ TEST_F(EventImport, ZipsGiveTheirEventFilesOnly) {
   EXPECT_TRUE(ImportEvents(t.state, files[1]).ok);
   unzipped = {};
   EXPECT_FALSE(fs::exists(folder));
-
   const fs::path none = t.Data() / "none.zip";
   ZipArchive::Create(none, {{"notes.txt", other}}, "", 6);
   EXPECT_TRUE(ExtractEventFiles(t.state, none).files.empty());
   EXPECT_TRUE(t.io.Saw("No meet event files were found in the selected Zip file."));
-
   EXPECT_TRUE(ExtractEventFiles(t.state, other).files.empty());
   EXPECT_TRUE(
       t.io.Saw("There was an error extracting from your ZIP file.  Error: notes.txt could "
@@ -254,14 +243,12 @@ TEST(UnZipFile, EachZipGetsANewFolderOfItsOwnAndNothingElseIsTouched) {
   ZipArchive::Create(zip, {{"a.cl2", a}, {"b/c.sd3", a}}, "", 6);
   const fs::path parent = t.Root() / "imports";
   fs::create_directories(parent / "any" / "old");
-
   const UnZipOutcome ok = UnZipFile(zip, parent);
   EXPECT_TRUE(ok.ok);
   EXPECT_EQ(ok.folder, parent / "any-2");
   EXPECT_EQ(ok.message, "Successfully Unzipped to " + (parent / "any-2").string() + ".");
   EXPECT_EQ(FilesIn(ok.folder), (std::vector<std::string>{"a.cl2", "c.sd3"}));
   EXPECT_TRUE(fs::exists(parent / "any" / "old"));
-
   const fs::path not_zip = t.Data() / "not.zip";
   test::WriteLines(not_zip, {"A0"});
   const UnZipOutcome bad = UnZipFile(not_zip, parent);
@@ -292,7 +279,6 @@ TEST(DamagedOnlineFiles, ReadersHoldTheirGround) {
   EXPECT_EQ(parse.file->events[0].number, 32767);  // held to the store's 16 bits
   EXPECT_EQ(parse.file->events[0].distance, 32767);
   EXPECT_EQ(parse.file->events[0].stroke, -32768);
-
   for (const std::string& line :
        {std::string(), std::string(300, '\xff'), std::string(81, ' '), std::string(76, 'x') + "  ",
         std::string("9ZZZZ:::::R"), std::string(120, '9')}) {
@@ -358,7 +344,6 @@ TEST(ImportExtension, PicksWhatAModeTakesAndTheDialogFiltersListThePatternsInBot
   EXPECT_TRUE(IsZipName("results.ZIP"));
   EXPECT_TRUE(IsZipName("resultszip"));  // the name only has to end in the letters
   EXPECT_FALSE(IsZipName("results.zip.cl2"));
-
   struct Case {
     const char* file;
     bool import, report, online;
@@ -373,7 +358,6 @@ TEST(ImportExtension, PicksWhatAModeTakesAndTheDialogFiltersListThePatternsInBot
     EXPECT_EQ(AcceptsImportFile(ImportMode::kReport, c.file), c.report) << c.file;
     EXPECT_EQ(AcceptsImportFile(ImportMode::kOnline, c.file), c.online) << c.file;
   }
-
   EXPECT_TRUE(QtFileFilter(ImportDialogFilter(ImportMode::kImport))
                   .starts_with("Import files (*.cl2,*.sd3,*.nv3,*.psn,*.zip) (*.cl2 *.CL2 *.sd3 "
                                "*.SD3 *.nv3 *.NV3 *.psn *.PSN *.zip *.ZIP);;"));
@@ -462,7 +446,6 @@ TEST(ExtractImportZip, AZipWithoutImportFilesOrNoZipAtAllIsRefused) {
   EXPECT_FALSE(ExtractImportZip(t.state, none, false).has_value());
   ASSERT_EQ(t.io.shown.size(), 1u);
   EXPECT_EQ(t.io.shown[0].text, "No import files found in the selected Zip file.");
-
   const fs::path fake = t.Root() / "fake.zip";
   WriteFileAtomically(fake, "this is no archive");
   EXPECT_FALSE(ExtractImportZip(t.state, fake, true).has_value());
@@ -484,7 +467,6 @@ TEST(ExtractImportZip, TwoRunsWithTheSameMemberNameKeepTheirOwnFiles) {
   EXPECT_EQ(FilesIn(a->folder), std::vector<std::string>{"meet.cl2"});
   EXPECT_EQ(ReadWholeFile(a->folder / "meet.cl2"), "made-up contents of meet.cl2\n");
   EXPECT_EQ(ReadWholeFile(b->folder / "meet.cl2"), "made-up contents of sub/meet.cl2\n");
-
   const fs::path gone = a->folder;
   a.reset();
   EXPECT_FALSE(fs::exists(gone));
@@ -561,7 +543,6 @@ TEST(ParsePsnLine, ResultColumnsAndBlankColumns77And78MakeASplitsLine) {
             std::make_tuple(1, 100, 6532, "Y", "F", "L", Date{2026, 11, 6}, Date{2026, 11, 8},
                             "Harbor Invitational", 3));
   EXPECT_FALSE(r.start.bad || r.end.bad);
-
   // Place only in a line of 81 columns; a blank end date; a day-first user reads the same.
   f.lead_off = " ";
   f.place = "";
@@ -572,7 +553,6 @@ TEST(ParsePsnLine, ResultColumnsAndBlankColumns77And78MakeASplitsLine) {
   EXPECT_TRUE(line.result.end.IsBlank());
   f.start = "13/40/2026";
   EXPECT_TRUE(ParsePsnLine(PsnResultLine(f), 0).result.start.bad);
-
   line = ParsePsnLine(PsnSplitsLine({"14.90", "31.20", "47.85", "1:05.32"}), 0);
   ASSERT_EQ(line.kind, PsnLine::Kind::kSplits);
   EXPECT_EQ(line.splits, (std::array<int32_t, 7>{1490, 3120, 4785, 6532, 0, 0, 0}));
@@ -645,7 +625,6 @@ class PsnImportTest : public ::testing::Test {
   }
   SQLite::Database& Db() { return *t.state.gDb; }
   long long Count(const std::string& sql) { return QueryNumber(Db(), sql); }
-
   int Import(const std::vector<std::string>& lines) {
     ImportMonitor quiet;
     ImportSession session(t.state, ImportCriteria{}, quiet);
@@ -653,7 +632,6 @@ class PsnImportTest : public ::testing::Test {
     session.Commit();
     return count;
   }
-
   test::TempHome t;
   int32_t pat = 0;
 };
@@ -696,7 +674,6 @@ TEST_F(PsnImportTest, ResultsAndTheirSplits) {
   ASSERT_TRUE(q.executeStep());
   // A lead-off, in an individual event.
   EXPECT_EQ(row(), std::to_string(pat) + "|3410|11|0|L|L|F|99|F|I|2|");
-
   // Every 50 in yards; every 100 in long course, the second line going on from the seventh.
   SQLite::Statement splits(Db(),
                            "SELECT r.Distance, s.SplitIndex, s.Split FROM SPLITS s JOIN RESULT r "
@@ -759,7 +736,6 @@ TEST(Unscramble, BlocksByRangeOfCodesAndOnlyTheFiveKeyDigitsOpenALineOfTenColumn
   for (const auto& c : cases) {
     EXPECT_EQ(UnscrambleBlock(c.block, c.key), c.plain) << c.block << " / " << c.key;
   }
-
   const std::string body(130, 'Q');
   for (char digit : std::string("12345")) {
     EXPECT_TRUE(UnscrambleLine(digit + body).has_value()) << digit;
@@ -768,7 +744,6 @@ TEST(Unscramble, BlocksByRangeOfCodesAndOnlyTheFiveKeyDigitsOpenALineOfTenColumn
     EXPECT_FALSE(UnscrambleLine(digit + body).has_value()) << digit;
   }
   EXPECT_FALSE(UnscrambleLine("").has_value());
-
   // Columns 2 to 121 go in blocks of ten; the rest is copied.
   std::string blocks;
   for (int i = 0; i < 130; ++i) blocks += static_cast<char>('A' + i % 26);

@@ -312,7 +312,6 @@ class SdifFile {
         a0_(Merged("version=V3|file_code=02|software_version=1.0|contact_name=Pat Example|"
                    "contact_phone=555-0100|file_date=11222026",
                    {{"software_name", commlink ? "Norvan, Ltd" : "Made Up Meet Manager"}})) {}
-
   SdifFile& A0(FieldValues fields) {
     a0_ = Merged(a0_, fields);
     return *this;
@@ -359,7 +358,6 @@ class SdifFile {
     z0_ = Merged(z0_, fields);
     return *this;
   }
-
   std::vector<std::string> Lines() const {
     std::vector<std::string> out = {Finish("A0", a0_)};
     const auto has = [&out](const char* code) {
@@ -394,30 +392,25 @@ class SdifFile {
     out.push_back(Finish("Z0", Merged(z0, z0_)));
     return out;
   }
-
   std::string Text() const { return FileText(Lines()); }
 
  private:
   static constexpr const char* kMeet =
       "meet_name=Autumn Made-Up Invite|location=Springfield|start=11012026|end=11022026|course=Y";
   static constexpr const char* kTeam = "lsc=ZZ|team_code=MUST|team_name=Made Up Swim Team";
-
   struct Entry {
     std::string code;
     FieldList fields;
     std::string raw;
   };
-
   SdifFile& Add(std::string_view code, const FieldValues& defaults, const FieldValues& fields) {
     body_.push_back({std::string(code), Merged(defaults, fields), {}});
     return *this;
   }
-
   std::string Finish(std::string_view code, const FieldList& fields) const {
     const std::string line = Sdif(code, fields);
     return commlink_ ? Cl2(line) : line;
   }
-
   bool commlink_;
   FieldList a0_;
   FieldList z0_;

@@ -80,10 +80,8 @@ TEST(Cl2CheckSumTest, WorkedExamplesAndLinesJudged) {
   // 19 x 1 = 19 -> 1 + 211 = 212: reversal matters.
   EXPECT_EQ(CL2CheckSum(std::string(19, '\x01')), "21");
   EXPECT_EQ(CL2CheckSum(std::string(156, '\xff')), std::nullopt) << "16-bit overflow";
-
   const std::string good = Cl2(SdifLine("B1", "12=Autumn Invite"));
   EXPECT_EQ(CheckCL2Line(good), Cl2Line::kGood);
-
   std::string changed = good;
   changed[99] = '~';  // +94 moves the quotient by 4 or 5
   EXPECT_EQ(CheckCL2Line(changed), Cl2Line::kBadCheckSum);
@@ -92,7 +90,6 @@ TEST(Cl2CheckSumTest, WorkedExamplesAndLinesJudged) {
   EXPECT_EQ(CheckCL2Line(std::string(158, ' ') + "73"), Cl2Line::kBadCheckSum);
   EXPECT_EQ(CheckCL2Line(good.substr(0, 159)), Cl2Line::kBadCheckSum);
   EXPECT_EQ(CheckCL2Line(""), Cl2Line::kBadCheckSum);
-
   EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("D0", "89=  :10.00"))), Cl2Line::kNotNorvan);
   EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("D0", "89= 1:10.00"))), Cl2Line::kGood);
   EXPECT_EQ(CheckCL2Line(Cl2(SdifLine("E0", "89=  :10.00"))), Cl2Line::kGood);
@@ -164,7 +161,6 @@ TEST(ReadInterchangeTest, StopsBehindFirstZ0WithEitherLineEndOrAtAWrongLength) {
   EXPECT_TRUE(open.ok());
   EXPECT_EQ(open.lines.size(), 2u);
   EXPECT_EQ(open.lines[1], lines[1]);
-
   // The first line is not measured; a good check sum does not save a short line.
   const std::string short_b1 = Cl2(SdifLine("B1", "")).substr(0, 159);
   const InterchangeLines read = ReadInterchangeText(
@@ -172,11 +168,9 @@ TEST(ReadInterchangeTest, StopsBehindFirstZ0WithEitherLineEndOrAtAWrongLength) {
   EXPECT_EQ(read.problem, "Line length error. Line length should be 160. Found 159");
   EXPECT_EQ(read.bad_line, 3u);
   EXPECT_EQ(read.lines.size(), 3u);
-
   const InterchangeLines nv3 =
       ReadInterchangeText(Join({"A0", std::string(130, ' '), std::string(131, ' ')}, "\n"), ".NV3");
   EXPECT_EQ(nv3.problem, "Line length error. Line length should be 130. Found 131");
-
   const InterchangeLines psn = ReadInterchangeText(Join({"x", "yy", "zzz"}, "\n"), ".PSN");
   EXPECT_TRUE(psn.ok());
   EXPECT_EQ(psn.lines.size(), 3u);
@@ -430,7 +424,6 @@ TEST(ShowFileStatisticsTest, KindFollowsFileCodeThenContentAndThePanelNamesCreat
       EXPECT_TRUE(io.shown.empty());
     }
   }
-
   SdifFile file;
   file.A0({{"software_version", "3.2"}})
       .Meet("meet_name=First Made Up Meet|start=03142026")
@@ -507,7 +500,6 @@ TEST(SdifCheckTest, TheFailureBoxShowsTheLineInTwoParts) {
   EXPECT_EQ(run->io.shown[0].style, box::kStop);
   EXPECT_EQ(run->result.status, "Error Checking Import File ");
   EXPECT_EQ(run->monitor.statuses.back(), "Error Checking Import File ");
-
   EXPECT_EQ(CertificationFailureText(3, "D0", "Date"),
             "This file did not pass the initial SDIF certification check that is required "
             "for importing.  \r\nThe error is on line: 3\r\nThe problem line is listed below "
@@ -618,7 +610,6 @@ class PrepareTest : public ::testing::Test {
     t_.state.gAthleteLast = "Doe";
     t_.state.gAthleteSex = "F";
   }
-
   fs::path Write(const std::string& name, const std::string& text) {
     const fs::path path = t_.Data() / name;
     std::ofstream(path, std::ios::binary) << text;
@@ -633,7 +624,6 @@ class PrepareTest : public ::testing::Test {
     EXPECT_LE(t_.io.shown.size(), 1u);
     return t_.io.shown.empty() ? "" : t_.io.shown.back().text;
   }
-
   test::TempHome t_;
   testing::Monitor monitor_;
 };

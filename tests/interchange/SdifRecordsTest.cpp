@@ -25,7 +25,6 @@ TEST(SdifFieldsTest, TextIsPaddedShortLinesReadBlankAndValuesComeOutAsUtf8) {
   EXPECT_EQ(SdifText("A0 V3", 4, 11), "V3      ");
   EXPECT_EQ(SdifText("D0", 150, 151), "  ");
   EXPECT_EQ(SdifTrimmed("C1         XY TM ", 12, 17), "XY TM");
-
   const std::pair<std::string, std::string> cases[] = {
       {"DOE, ZO\xCB", "DOE, ZO\xC3\x8B"},                            // Latin-1
       {"Zo\xC3\xAB", "Zo\xC3\xAB"},                                  // already UTF-8
@@ -50,7 +49,6 @@ TEST(SdifFieldsTest, IntsTimesAndAgeRanges) {
   for (const auto& [cols, value] : cases) {
     EXPECT_EQ(SdifInt(cols, 1, static_cast<int>(cols.size())), value) << cols;
   }
-
   const std::vector<std::tuple<std::string, int32_t>> times = {
       {" 1:02.34", 6234}, {"   59.99", 5999}, {"DQ      ", 0},
       {"NT      ", 0},    {"        ", 0},    {"10:00.00", 60000}};
@@ -59,7 +57,6 @@ TEST(SdifFieldsTest, IntsTimesAndAgeRanges) {
     EXPECT_EQ(t.text, text);
     EXPECT_EQ(t.score, score) << text;
   }
-
   const std::vector<std::tuple<std::string, int>> ages = {
       {"0810", 810}, {"UN10", 10}, {"11OV", 1199}, {"UNOV", 99},  {"15OV", 1599},
       {"  10", 0},   {"1 10", 0},  {"0010", 0},    {"1000", 0},   {"OVUN", 0},
@@ -76,7 +73,6 @@ TEST(SdifFieldsTest, DatesInEachOrderBlankAndBad) {
   const FileDate blank = ParseFileDate("        ", 0);
   EXPECT_TRUE(blank.IsBlank());
   EXPECT_EQ(blank.date, (Date{1800, 1, 1}));
-
   for (const char* bad : {"13312004", "0231200 ", "ABCDEFGH", "0101    "}) {
     const FileDate d = ParseFileDate(bad, 1);
     EXPECT_TRUE(d.bad) << bad;
@@ -96,7 +92,6 @@ TEST(SdifRecordsTest, A0B1B2C1C2) {
             std::make_tuple("A0", "V3      ", "02", "Norvan, Ltd Writer  ", "555-0100    ",
                             Date{2026, 11, 2}, "PL", "42", "ZZ", "37"));
   EXPECT_EQ(a.contact_name.size(), 20u);
-
   SdifB1 b;
   LoadB1Rec(SdifLine("B1",
                      "12=Autumn Invite|86=Riverton ST 12345 USA|121=1|122=10302026|130=        |"
@@ -111,7 +106,6 @@ TEST(SdifRecordsTest, A0B1B2C1C2) {
   LoadB2Rec(SdifLine("B2", "12=Host Club|86=Lakeside|121=555-0199"), h);
   EXPECT_EQ(std::tie(h.location, h.phone),
             std::make_tuple("Lakeside" + std::string(27, ' '), "555-0199    "));
-
   // The C1 trims its LSC and team code.
   SdifC1 c;
   LoadC1Rec(SdifLine("C1", "12=X |14=AB  |18=Aqua Otters|143=3|150=Q"), c);
@@ -151,7 +145,6 @@ TEST(SdifRecordsTest, D0SwimAndDive) {
                      d.finals_place, d.points_tenths, d.lower_time_class, d.upper_time_class,
                      d.exhibition),
             std::make_tuple(3, 4, 1, 5, 7, 2, 162.5, "A", "U", "X"));
-
   // Diving takes its stroke from column 150 and its points as the times; swim-off is never
   // points.
   LoadD0Rec(D0Line("H", "  212.35", "  250.5 ", "6"), 0, d);
@@ -169,7 +162,6 @@ TEST(SdifRecordsTest, D1D2D3) {
   EXPECT_EQ(std::tie(s.team_code, s.citizen, s.birth.date, s.age, s.day_phone, s.member_code),
             std::make_tuple("AB", "CAN", Date{2012, 4, 15}, "14", "555-0101    ", "R"));
   EXPECT_TRUE(s.last_membership.bad);
-
   SdifD2 a;
   LoadD2Rec(SdifLine("D2",
                      "19=Sample, Jamie|47=The Samples|77=1 Pond Rd|107=Riverton|127=ST|"
@@ -178,7 +170,6 @@ TEST(SdifRecordsTest, D1D2D3) {
   EXPECT_EQ(std::tie(a.street, a.city, a.country, a.zip, a.region, a.season),
             std::make_tuple("1 Pond Rd", "Riverton", "Freedonia", "12345", "C", "N"));
   EXPECT_EQ(a.addressee.size(), 30u);
-
   SdifD3 x;
   LoadD3Rec(SdifLine("D3", "3=  NEW123|17=Jay|32=Q1|34=ABCDEFGH|42=!|43=WXYZ"), x);
   EXPECT_EQ(std::tie(x.new_swimmer_number, x.preferred_first_name, x.ethnicity),
@@ -215,7 +206,6 @@ TEST(SdifRecordsTest, F0AndG0) {
   EXPECT_EQ(
       std::tie(f.swimmer_name, f.swimmer_number, f.finals_order, f.leg_time.score, f.take_off),
       std::make_tuple("Sample, Jamie Quentin X", std::string(12, ' '), "A", 5987, "0.21"));
-
   const std::vector<std::tuple<std::string_view, std::string_view, int>> seqs = {
       {"1", "24", 10}, {"2", "24", 10}, {"3", "24", 4}, {"1", "03", 3}, {"4", "24", 0}};
   for (const auto& [seq, total, count] : seqs) {
@@ -237,12 +227,10 @@ TEST(SdifRecordsTest, J0J2Z0) {
             j);
   EXPECT_EQ(std::tie(j.times, j.event_age, j.date.date),
             std::make_tuple(std::array<int32_t, 3>{2510, 0, 2600}, 1199, Date{2026, 7, 4}));
-
   SdifJ2 s;
   LoadJ2Rec(SdifLine("J2", "3=M|4= 100|8=2|9=GOLD|53= 1:10.00|66=        "), 0, s);
   EXPECT_EQ(std::tie(s.distance, s.color, s.times[5].score), std::make_tuple(100, "GOLD", 7000));
   EXPECT_TRUE(s.date.IsBlank());
-
   SdifZ0 z;
   LoadZ0Rec(SdifLine("Z0",
                      "12=02|44=  1|47=  1|50=   2|54=   2|58=    40|64=    12|70=    3|75=    12|"
@@ -401,10 +389,8 @@ TEST(Nv3Records, MeetTeamAndAthlete) {
             std::make_tuple("Autumn Invitational at the Lake Pool Complex!",
                             "ex!Riverside Aquatic Centre, Lakeview Parkway", Date{2026, 10, 4},
                             kNv3BlankDate, Date{2026, 12, 31}));
-
   const Nv3MeetKind b2 = LoadNV3B2Rec(Nv3("B2", "meet_type=SL|course_letter=S|course=SC"));
   EXPECT_EQ(std::tie(b2.type, b2.course_letter, b2.course), std::make_tuple("SL", "S", "SC"));
-
   const Nv3Team c1 = LoadNv3C1Rec(
       Nv3("C1",
           "team_code=DOLPH|team_name=Dolphin Swim Club of Westfield|short_name=Dolphins|lsc=NE|"
@@ -412,7 +398,6 @@ TEST(Nv3Records, MeetTeamAndAthlete) {
   EXPECT_EQ(
       std::tie(c1.code, c1.name, c1.short_name, c1.lsc, c1.code1, c1.code2),
       std::make_tuple("DOLPH", "Dolphin Swim Club of Westfield", "Dolphins", "NE", "ABC", "XYZ"));
-
   const Nv3Athlete a =
       LoadNV3AthleteRec(Nv3("D1",
                             "sex=F|athlete=42|last=Marlowe|first=Elizabeth|pref=Betsy|initial=J|"
@@ -433,7 +418,6 @@ TEST(Nv3Records, AgeGroupsAndStrokeLetters) {
   }
   EXPECT_EQ(Nv3AgeGroup("1 12"), 12);  // short text padded on the left; low 1 reads as 0
   EXPECT_EQ(Nv3AgeGroup("  1109"), 99);
-
   struct Case {
     int distance;
     const char* letter;
@@ -466,14 +450,12 @@ TEST(Nv3Records, EntryAndResultPair) {
   EXPECT_EQ(std::tie(k.event_sex, k.distance, k.stroke, k.lo_hi, k.event_number, k.event_letter,
                      k.seed_score, k.seed_text, k.seed_course, k.col84),
             std::make_tuple("B", 100, 2, 1112, 23, "L", 6543, "1:05.43", "Y", "X"));
-
   // A digit in column 42 belongs to the event number; an age at 89-91 wins over 86-88.
   const Nv3Entry wide = LoadNV3EventRec(Nv3("E1", "event_number=123|event_letter=4|age=9|age2=11"));
   EXPECT_EQ(std::tie(wide.key.event_number, wide.key.event_letter, wide.key.seed_text, wide.age),
             std::make_tuple(1234, "", "NT", 11));
   const Nv3Entry dive = LoadNV3EventRec(Nv3("E1", "distance=1|stroke_letter=F|seed_time=245.50"));
   EXPECT_EQ(std::tie(dive.key.seed_text, dive.key.seed_score), std::make_tuple("245.50", 24550));
-
   const Nv3Result r = LoadNV3ResultRec(
       Nv3("E2",
           "f_p=P|score=65.12|course=Y|exhibition=X|place=3|number=17|f_p2=F|score2=0.00|"
@@ -508,7 +490,6 @@ TEST(Nv3Records, RelayAndSplits) {
       std::tie(relay.team, relay.relay_letter, relay.col9, relay.key.event_sex, relay.key.stroke,
                relay.key.lo_hi, relay.key.event_number, relay.key.seed_score),
       std::make_tuple("DOLPH", "A", "ABCD", "X", 5, 99, 45, 13000));
-
   // The third group's split number 0 ends the line.
   const Nv3Splits splits = LoadNV3SplitRec(
       Nv3("G1",
@@ -518,7 +499,6 @@ TEST(Nv3Records, RelayAndSplits) {
   const Nv3Split* s = splits.splits;
   EXPECT_EQ(std::tie(s[0].f_p, s[0].number, s[0].value, s[1].number, s[1].value),
             std::make_tuple("F", 1, 3012, 2, 6350));
-
   testing::FieldList full;
   for (int g = 1; g <= 11; ++g) {
     full.emplace_back("f_p" + std::to_string(g), "P");
@@ -564,7 +544,6 @@ TEST(DamagedLines, NeverBreakAReader) {
     EXPECT_EQ(MeetText(d0.swimmer_name), d0.swimmer_name);
     EXPECT_GE(g0.count, 0);
     EXPECT_LE(g0.count, 10);
-
     CheckNV3Line(line);
     CheckNV3LineFallback(line);
     CheckNV3Header(line, true);

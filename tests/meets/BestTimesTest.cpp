@@ -40,7 +40,6 @@ class BestTimesTest : public ::testing::Test {
     MakeOpenDatabase(t_);
     plain_meet_ = AddMeet("Autumn Open", "2024-10-05");
   }
-
   int32_t AddMeet(const std::string& name, const std::string& start, const std::string& type = "") {
     SQLite::Statement q(
         *state().gDb, "INSERT INTO MEET (MName, Start, End, Course, Type) VALUES (?, ?, ?, ?, ?)");
@@ -48,7 +47,6 @@ class BestTimesTest : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(state().gDb->getLastInsertRowid());
   }
-
   // Adds a result; its meet is the plain meet unless the swim names one.
   int32_t Add(Swim s) {
     SQLite::Statement q(*state().gDb,
@@ -62,15 +60,12 @@ class BestTimesTest : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(state().gDb->getLastInsertRowid());
   }
-
   void ClearResults() { state().gDb->exec("DELETE FROM RESULT"); }
-
   AppState& state() { return t_.state; }
   BestTimeRec Best(int16_t distance, int16_t stroke, char target) {
     return GetBest(state(), 1, distance, stroke, target, false, null(), null(), "");
   }
   Date null() const { return t_.state.gNullDate; }
-
   TempHome t_;
   int32_t plain_meet_ = 0;
   int event_ = 0;
@@ -331,7 +326,6 @@ TEST_F(BestTimesTest, FailuresAreReportedAndGiveAnEmptyRecord) {
   BestTimeFinder finder(state());
   ASSERT_EQ(finder.FastestByCourse(1, 100, kBack, 'Y').score, 6000);
   ASSERT_EQ(finder.FastestByCourseSQL(1, 100, kBack, 'Y', null(), null(), "").score, 6000);
-
   state().gDb->exec("ALTER TABLE RESULT RENAME TO RESULT_AWAY");
   t_.io.Script({Answer::kAbort, Answer::kRetry, Answer::kAbort});
   EXPECT_EQ(finder.FastestByCourse(1, 100, kBack, 'Y').score, 0);
@@ -341,7 +335,6 @@ TEST_F(BestTimesTest, FailuresAreReportedAndGiveAnEmptyRecord) {
   EXPECT_EQ(rec.course, "");
   EXPECT_TRUE(t_.io.Saw("Error Source: basUtil.GetFastestByCourseSQL"));
   EXPECT_EQ(t_.io.shown.size(), 3u);  // Retry ran the lookup once more
-
   // The kept statements are made again once the table is back.
   state().gDb->exec("ALTER TABLE RESULT_AWAY RENAME TO RESULT");
   EXPECT_EQ(finder.FastestByCourse(1, 100, kBack, 'Y').score, 6000);

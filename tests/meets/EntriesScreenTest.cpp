@@ -47,7 +47,6 @@ class EntriesScreen : public ::testing::Test {
         "RANK, COURSE) VALUES (5, 2, 'I', 3150, 'F', 0, 50, 1, 901, 1, 'Y')");
     t.io.shown.clear();
   }
-
   SQLite::Database& Db() { return *t.state.gDb; }
   test::TempHome t;
 };
@@ -69,7 +68,6 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
             "31.50Y");
   EXPECT_EQ(model.data(model.index(1, EntryGridModel::kBestTime), Qt::DisplayRole).toString(),
             "NT");
-
   ASSERT_TRUE(
       model.setData(model.index(0, EntryGridModel::kEntered), Qt::Checked, Qt::CheckStateRole));
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT Score FROM ENTRY WHERE Athlete = 2 AND Meet = 5"),
@@ -79,7 +77,6 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
   EXPECT_EQ(model.data(model.index(0, EntryGridModel::kEntered), Qt::CheckStateRole).toInt(),
             Qt::Checked);
   test::Shoot(screen, "frmEntNa");
-
   QSignalSpy refused(&model, &EntryGridModel::TimeRefused);
   EXPECT_FALSE(model.setData(model.index(0, EntryGridModel::kCustomTime), "fast", Qt::EditRole));
   EXPECT_EQ(refused.count(), 1);
@@ -87,20 +84,16 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
   ASSERT_TRUE(model.setData(model.index(0, EntryGridModel::kCustomTime), "30.99", Qt::EditRole));
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT Score FROM ENTRY WHERE Athlete = 2 AND Meet = 5"),
             3099);
-
   ASSERT_TRUE(
       model.setData(model.index(0, EntryGridModel::kEntered), Qt::Unchecked, Qt::CheckStateRole));
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 0);
-
   // The other swimmer: a girl sees the mixed event only.
   screen.SelectSwimmer(1);
   EXPECT_EQ(model.rowCount(), 1);
-
   t.io.shown.clear();
   screen.findChild<QPushButton*>("cmdHelp")->click();
   ASSERT_EQ(t.io.shown.size(), 1u);
   EXPECT_NE(t.io.shown[0].text.find("Custom Time"), std::string::npos);
-
   frmEntNa empty(t.state, 6);  // a meet without entry events is not shown
   EXPECT_FALSE(empty.Ready());
   EXPECT_TRUE(t.io.Saw("You must have at least one event defined before you can do entries."));
@@ -138,7 +131,6 @@ TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {
   ASSERT_EQ(screen.Model()->rowCount(), 2);
   screen.AddFavorite();  // run 4 is cancelled
   EXPECT_EQ(screen.Model()->rowCount(), 2);
-
   screen.View()->selectRow(0);
   screen.SetDefault();
   EXPECT_EQ(t.state.gFavorite, "Summer");
@@ -149,17 +141,14 @@ TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {
                   .toString()
                   .startsWith("Summer"));
   test::Shoot(screen, "frmFav");
-
   t.io.Script({Answer::kYes});
   screen.DeleteFavorite();
   EXPECT_EQ(screen.Model()->rowCount(), 1);
   EXPECT_EQ(t.state.gFavorite, "");
-
   t.io.shown.clear();
   screen.findChild<QPushButton*>("cmdHelp")->click();
   ASSERT_EQ(t.io.shown.size(), 1u);
   EXPECT_NE(t.io.shown[0].text.find("Heart"), std::string::npos);
-
   // No default: Yes keeps the screen open to choose one, No lets it go.
   screen.show();
   t.io.Script({Answer::kYes});

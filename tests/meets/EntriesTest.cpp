@@ -36,9 +36,7 @@ class Entries : public ::testing::Test {
     meet_ = AddMeet("Y", "2026-12-05", "2026-12-31", "");
     athlete_ = AddAthlete("Rivers", "Ada", "F", "2014-06-01", 9);
   }
-
   SQLite::Database& Db() { return *t.state.gDb; }
-
   int32_t AddMeet(const std::string& course, const std::string& start, const std::string& age_up,
                   const std::string& since) {
     SQLite::Statement q(Db(),
@@ -49,7 +47,6 @@ class Entries : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
-
   int32_t AddAthlete(const std::string& last, const std::string& first, const std::string& sex,
                      const std::string& birth, int age) {
     SQLite::Statement q(
@@ -59,7 +56,6 @@ class Entries : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
-
   int32_t AddEvent(const EventDef& e) {
     SQLite::Statement q(Db(),
                         "INSERT INTO MTEVENTE (Meet, MtEv, MtEvX, Lo_Hi, Course, Distance, "
@@ -69,7 +65,6 @@ class Entries : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
-
   // A rank-1 swim of the swimmer in a meet started on `start`.
   void AddSwim(int distance, int stroke, const std::string& course, int32_t score,
                const std::string& start) {
@@ -81,18 +76,15 @@ class Entries : public ::testing::Test {
     SQLite::bind(q, meet, athlete_, score, distance, stroke, 900 + meet, course);
     q.exec();
   }
-
   EntrySheet Sheet(int32_t meet = 0) {
     return EntrySheet(t.state, *ReadEntryMeet(Db(), meet ? meet : meet_));
   }
-
   EntrySwimmer Swimmer() {
     for (const EntrySwimmer& s : LoadEntrySwimmers(Db())) {
       if (s.athlete == athlete_) return s;
     }
     return {};
   }
-
   // Misc/Score/Ex/Course of the swimmer's entry in an event; "" when there is none.
   std::string Entry(int32_t mt_event) {
     SQLite::Statement q(
@@ -102,7 +94,6 @@ class Entries : public ::testing::Test {
     SQLite::bind(q, mt_event, athlete_);
     return q.executeStep() ? q.getColumn(0).getString() : "";
   }
-
   test::TempHome t;
   int32_t meet_ = 0;
   int32_t athlete_ = 0;
@@ -129,7 +120,6 @@ TEST_F(Entries, EventsOfferedHoldTheAgeAndTheSexOrMixed) {
   for (const Case& c : cases) AddEvent(c.event);
   const int32_t other_meet = AddMeet("Y", "2026-12-06", "", "");
   AddEvent({10, "", 1112, "F", 100, 1, "I", other_meet});
-
   std::vector<std::string> got;
   for (const OfferedEvent& e : EventsOffered(Db(), meet_, 12, "F"))
     got.push_back(std::to_string(e.mt_ev) + e.mt_evx);
@@ -167,12 +157,10 @@ TEST_F(Entries, TheAgeIsTakenAtTheAgeUpDateElseFromTheAgeField) {
 TEST_F(Entries, BestTimeFollowsTheCourseRuleAndTheSinceDate) {
   AddEvent({1, "", 1112, "F", 100, 2});
   AddSwim(100, 2, "L", 7000, "2026-06-10");  // long course only
-
   const int32_t convert = AddMeet("Y", "2026-12-07", "2026-12-31", "");
   const int32_t one_course = AddMeet("YO", "2026-12-08", "2026-12-31", "");
   const int32_t since_later = AddMeet("Y", "2026-12-09", "2026-12-31", "2026-07-01");
   for (int32_t m : {convert, one_course, since_later}) AddEvent({1, "", 1112, "F", 100, 2, "I", m});
-
   EntrySheet converted = Sheet(convert);
   ASSERT_TRUE(converted.Load(Swimmer()));
   ASSERT_EQ(converted.Rows().size(), 1u);
@@ -180,7 +168,6 @@ TEST_F(Entries, BestTimeFollowsTheCourseRuleAndTheSinceDate) {
   EXPECT_GT(row.best_score, 0);
   EXPECT_LT(row.best_score, 7000);  // yards are faster than long course
   EXPECT_EQ(row.best_text, FormatTime(row.best_score, false) + "Y'");
-
   // "YO" never shows a converted time; a later since date hides the swim.
   for (int32_t m : {one_course, since_later}) {
     EntrySheet sheet = Sheet(m);
@@ -188,7 +175,6 @@ TEST_F(Entries, BestTimeFollowsTheCourseRuleAndTheSinceDate) {
     EXPECT_EQ(sheet.Rows()[0].best_text, "NT") << m;
     EXPECT_EQ(sheet.Rows()[0].best_score, 0) << m;
   }
-
   AddSwim(100, 2, "Y", 6512, "2026-08-01");
   EntrySheet sheet = Sheet(one_course);
   ASSERT_TRUE(sheet.Load(Swimmer()));
@@ -200,7 +186,6 @@ TEST_F(Entries, TickingStoresTheBestTimeOrNoTimeExhibitionMarksAndUntickingRemov
   const int32_t without = AddEvent({2, "", 1112, "F", 200, 4});
   AddSwim(50, 1, "Y", 3011, "2026-03-01");
   t.state.gCurrentMeet = 77;
-
   EntrySheet sheet = Sheet();
   ASSERT_TRUE(sheet.Load(Swimmer()));
   ASSERT_TRUE(sheet.SetEntered(0, true));
@@ -212,7 +197,6 @@ TEST_F(Entries, TickingStoresTheBestTimeOrNoTimeExhibitionMarksAndUntickingRemov
   EXPECT_EQ(sheet.Rows()[1].CustomText(), "NT");
   ASSERT_TRUE(sheet.SetEntered(0, true));  // ticking an entered row again adds nothing
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 2);
-
   ASSERT_TRUE(sheet.SetEntered(0, false));
   EXPECT_EQ(Entry(with_best), "");
   EXPECT_FALSE(sheet.Rows()[0].entered);
@@ -249,7 +233,6 @@ TEST_F(Entries, TypedTimes) {
     EXPECT_EQ(shown, messages);
     EXPECT_EQ(Entry(ev), stored);
   }
-
   // Over a stored time a refusal changes nothing and no time keeps the row and its mark.
   EntrySheet sheet = Sheet();
   ASSERT_TRUE(sheet.Load(Swimmer()));

@@ -21,23 +21,18 @@ class Favorites : public ::testing::Test {
     test::MakeOpenDatabase(t);
     t.io.shown.clear();
   }
-
   SQLite::Database& Db() { return *t.state.gDb; }
-
   int64_t Add(const std::string& name, const std::string& type, const std::string& course) {
     return SaveFavorite(t.state, {0, name, type, course}).value_or(0);
   }
-
   std::vector<std::string> Names() {
     std::vector<std::string> out;
     for (const Favorite& f : LoadFavorites(t.state)) out.push_back(f.name);
     return out;
   }
-
   std::string OptionsFavorite() {
     return Db().execAndGet("SELECT ifnull(Favorite, '') FROM OPTIONS").getString();
   }
-
   test::TempHome t;
 };
 
@@ -68,7 +63,6 @@ TEST_F(Favorites, AddingAndEditingKeepTheValuesByName) {
   const int64_t row = Add(" Club ", "", "SCM");
   Add("LongNameXYZ", "AG", "");  // cut to eight characters
   EXPECT_EQ(Names(), (std::vector<std::string>{"Club", "LongName", "Varsity"}));
-
   // Editing may keep its own name; only adding looks for a twin.
   ASSERT_TRUE(SaveFavorite(t.state, {row, "club", "AG", "LCM"}).has_value());
   const std::vector<Favorite> all = LoadFavorites(t.state);
@@ -76,7 +70,6 @@ TEST_F(Favorites, AddingAndEditingKeepTheValuesByName) {
   EXPECT_EQ(all[0].name, "club");
   EXPECT_EQ(all[0].meet_type, "AG");
   EXPECT_EQ(all[0].course, "LCM");
-
   // The meet types offered come from the codes of meets.
   std::vector<std::string> abbrs;
   for (const auto& [abbr, desc] : FavoriteMeetTypes(t.state)) abbrs.push_back(abbr);
@@ -89,7 +82,6 @@ TEST_F(Favorites, RemovingAsksAndEmptiesTheDefaultItWas) {
   Add("Winter", "HS", "Yards");
   ASSERT_TRUE(SetDefaultFavorite(t.state, "Summer"));
   const std::vector<Favorite> all = LoadFavorites(t.state);
-
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(DeleteFavorite(t.state, all[0]));
   ASSERT_EQ(t.io.shown.size(), 1u);
@@ -97,12 +89,10 @@ TEST_F(Favorites, RemovingAsksAndEmptiesTheDefaultItWas) {
   EXPECT_TRUE(t.io.Saw("Warning: This action will remove the selected favorite."));
   EXPECT_NE(t.io.shown[0].text.find("Do you still want to remove it?"), std::string::npos);
   EXPECT_EQ(Names().size(), 2u);
-
   // Another one goes; the default stays.
   EXPECT_TRUE(DeleteFavorite(t.state, all[1]));
   EXPECT_EQ(t.state.gFavorite, "Summer");
   EXPECT_EQ(OptionsFavorite(), "Summer");
-
   EXPECT_TRUE(DeleteFavorite(t.state, all[0]));
   EXPECT_TRUE(Names().empty());
   EXPECT_EQ(t.state.gFavorite, "");
@@ -117,11 +107,9 @@ TEST_F(Favorites, TheDefaultLoadsItsValuesAndEmptyFieldsGiveEmptyTexts) {
   EXPECT_EQ(OptionsFavorite(), "Summer");
   EXPECT_EQ(t.state.gFavoriteMeetType, "AG");
   EXPECT_EQ(t.state.gFavoriteCourse, "LCM");
-
   ASSERT_TRUE(SetDefaultFavorite(t.state, "Plain"));
   EXPECT_EQ(t.state.gFavoriteMeetType, "");
   EXPECT_EQ(t.state.gFavoriteCourse, "");
-
   // A name that no row has leaves no filter behind.
   t.state.gFavorite = "Summer";
   GetFavorites(t.state);
@@ -129,14 +117,12 @@ TEST_F(Favorites, TheDefaultLoadsItsValuesAndEmptyFieldsGiveEmptyTexts) {
   GetFavorites(t.state);
   EXPECT_EQ(t.state.gFavoriteMeetType, "");
   EXPECT_EQ(t.state.gFavoriteCourse, "");
-
   // Opening a database applies the default through the hook.
   InstallFavoriteHooks(t.state);
   Db().exec("UPDATE OPTIONS SET Favorite = 'summer'");
   ApplyDatabaseSettings(t.state);
   EXPECT_EQ(t.state.gFavoriteMeetType, "AG");
   EXPECT_EQ(t.state.gFavoriteCourse, "LCM");
-
   Db().exec("UPDATE OPTIONS SET Favorite = NULL");
   ApplyDatabaseSettings(t.state);
   EXPECT_EQ(t.state.gFavoriteMeetType, "");
@@ -147,7 +133,6 @@ TEST_F(Favorites, LeavingWithoutADefaultAsksFirst) {
   t.state.gFavorite = "";
   EXPECT_TRUE(MayLeaveFavorites(t.state)) << "an empty list has nothing to make the default";
   EXPECT_TRUE(t.io.shown.empty());
-
   Add("Summer", "HS", "Yards");
   t.io.shown.clear();
   t.io.Script({Answer::kYes});
@@ -157,7 +142,6 @@ TEST_F(Favorites, LeavingWithoutADefaultAsksFirst) {
             std::string::npos);
   t.io.Script({Answer::kNo});
   EXPECT_TRUE(MayLeaveFavorites(t.state));
-
   t.io.shown.clear();
   t.state.gFavorite = "Summer";
   EXPECT_TRUE(MayLeaveFavorites(t.state));

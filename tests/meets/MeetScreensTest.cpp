@@ -57,7 +57,6 @@ TEST_F(MeetScreens, MeetListModelColumnsSortsAndFilters) {
   EXPECT_EQ(Column(&model, 0), (QStringList{"Bay Open", "Alder Dual"}));
   EXPECT_EQ(model.index(0, 1).data().toString(), "03/01/2026");
   EXPECT_EQ(model.index(0, 4).data().toString(), "03/02/2026");
-
   model.SortByColumn(1);  // start: newest first turns to oldest first
   EXPECT_EQ(model.Filter().sort, MeetSort::kStartOldest);
   EXPECT_EQ(Column(&model, 0), (QStringList{"Alder Dual", "Bay Open"}));
@@ -65,7 +64,6 @@ TEST_F(MeetScreens, MeetListModelColumnsSortsAndFilters) {
   EXPECT_EQ(model.Filter().sort, MeetSort::kStartNewest);
   model.SortByColumn(7);  // no sort of its own
   EXPECT_EQ(model.Filter().sort, MeetSort::kStartNewest);
-
   MeetFilter only_y = model.Filter();
   only_y.course = 'Y';
   model.SetFilter(only_y);
@@ -86,7 +84,6 @@ TEST_F(MeetScreens, DroppingOneMeetOnAnotherMergesAfterTheQuestion) {
   EXPECT_EQ(spy.at(0).at(0).toInt(), a);
   EXPECT_EQ(spy.at(0).at(1).toInt(), b);
   EXPECT_EQ(model.rowCount(), 2);
-
   frmMeets screen(t.state);  // the screen merges after the question
   screen.MergeRows(screen.Model()->RowOf(a), screen.Model()->RowOf(b));
   EXPECT_TRUE(t.io.Saw("Operation is not reversible!  Backup is recommended first."));
@@ -103,13 +100,11 @@ TEST_F(MeetScreens, MeetListStartsFromFavouriteAndFollowsTheRow) {
   test::Shoot(screen, "frmMeets");
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"Cove Cup", "Bay Open"}));
   EXPECT_EQ(test::Child<QLabel>(screen, "lblSort")->text(), "Start Date (newest first)");
-
   QTest::keyClick(screen.Grid(), Qt::Key_C);
   EXPECT_EQ(screen.Grid()->currentIndex().row(), 0);
   EXPECT_EQ(t.state.gCurrentMeet, cove);
   QTest::keyClick(screen.Grid(), Qt::Key_B);
   EXPECT_EQ(screen.Grid()->currentIndex().row(), 0);  // "Cove Cup" is the first from B here
-
   test::Child<QComboBox>(screen, "cboCourse")->setCurrentIndex(0);
   auto* type = test::Child<QComboBox>(screen, "cboMeetType");
   type->setCurrentIndex(type->findData("USS"));
@@ -129,7 +124,6 @@ TEST_F(MeetScreens, EmptyListOffersTheCardAndResultsAndEntriesOpenThroughCallbac
   card->reject();
   empty.Edit();
   EXPECT_EQ(LastShown(), "No meets have been setup yet.");
-
   const int32_t meet = AddMeetRow(Db(), "Bay Open", "2026-03-01");
   AddEventRow(Db(), "MTEVENTE", meet, 1);
   frmMeets screen(t.state);
@@ -138,7 +132,6 @@ TEST_F(MeetScreens, EmptyListOffersTheCardAndResultsAndEntriesOpenThroughCallbac
   screen.SetOpenResults([&](int32_t m) { results = m; });
   screen.SetOpenEntries([&](int32_t m) { entries = m; });
   screen.Grid()->setCurrentIndex(screen.Model()->index(0, 0));
-
   screen.Entries();
   EXPECT_EQ(entries, meet);
   t.io.Script({Answer::kNo});  // no copy: the result events screen opens instead
@@ -172,7 +165,6 @@ TEST_F(MeetScreens, MeetCardSavesAndKeepsTheCheckWords) {
   EXPECT_EQ(saved->course, "SO");
   EXPECT_EQ(saved->type, "USS");
   EXPECT_EQ(saved->start, (Date{2026, 7, 4}));
-
   frmMeetMaint edit(t.state, card.SavedMeet());
   EXPECT_EQ(edit.Form().mname, "Harbor Sprint");
   EXPECT_EQ(edit.Form().start, "07/04/2026");
@@ -190,7 +182,6 @@ TEST_F(MeetScreens, MeetTypeListAndCard) {
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"USS", "HS"}));
   screen.Grid()->horizontalHeader()->sectionClicked(0);
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"HS", "USS"}));
-
   screen.Add();
   auto* card = screen.findChild<frmCodMt*>("frmCodMt");
   ASSERT_NE(card, nullptr);
@@ -200,7 +191,6 @@ TEST_F(MeetScreens, MeetTypeListAndCard) {
   card->DescBox()->setText("Junior Varsity");
   ASSERT_TRUE(card->Save());
   EXPECT_EQ(Column(screen.Model(), 0), (QStringList{"HS", "JV", "USS"}));
-
   screen.Help();
   EXPECT_EQ(LastShown(), meettxt::kMeetTypeHelp);
 }
@@ -250,7 +240,6 @@ TEST_F(MeetScreens, EventCardAddsAndStaysOpen) {
   EXPECT_TRUE(card->ShowEvent(0));
   EXPECT_EQ(card->NumberBox()->text(), "");
   EXPECT_EQ(card->LowBox()->value(), 11);  // the next event keeps the age group
-
   card->NumberBox()->setText("12345");
   emit card->NumberBox()->editingFinished();
   EXPECT_EQ(LastShown(), "3 digits and one alpha character permitted.");

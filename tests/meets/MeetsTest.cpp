@@ -56,7 +56,6 @@ TEST_F(MeetsTest, ListLeavesOutGoalsAndPseudoMeetsAndFilters) {
   AddMeetRow(Db(), "Goal", "2026-06-01", "Y", "G");
   AddMeetRow(Db(), "Old Times", "1990-01-01", "Y");
   AddMeetRow(Db(), "Dune Relays", "2026-03-01", "y", "uss");
-
   struct Case {
     MeetFilter filter;
     std::vector<std::string> names;
@@ -84,7 +83,6 @@ TEST_F(MeetsTest, LetterJumpsToFirstNameNotBelowItAndFavoriteGivesStartFilter) {
   EXPECT_EQ(FirstMeetFrom(rows, 'C'), 1);
   EXPECT_EQ(FirstMeetFrom(rows, 'A'), 0);
   EXPECT_EQ(FirstMeetFrom(rows, 'Z'), -1);
-
   t.state.gFavoriteMeetType = "USS";
   t.state.gFavoriteCourse = "LCM";
   const MeetFilter f = FavoriteMeetFilter(t.state);
@@ -129,7 +127,6 @@ TEST_F(MeetsTest, SavedMeetGetsOneCalendarRowPerDay) {
                  "WHERE Type = 2 AND Athlete = ? ORDER BY DATE",
                  saved.meet),
             days);
-
   // A moved meet replaces its rows instead of adding to them.
   form.meet = saved.meet;
   form.start = form.end = "12/10/2026";
@@ -148,7 +145,6 @@ TEST_F(MeetsTest, SameNameAndStartIsRefusedOtherDateAllowedVanishedMeetTold) {
   form.start = "11/03/2026";
   EXPECT_EQ(SaveMeet(t.state, form).status, MeetSaveStatus::kSaved);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET"), 2);
-
   form.meet = 42;  // an edit of a meet that is gone
   form.start = "11/04/2026";
   EXPECT_EQ(SaveMeet(t.state, form).status, MeetSaveStatus::kMissing);
@@ -159,17 +155,14 @@ TEST_F(MeetsTest, CourseChangeAsksAndRewritesResultCoursesOnly) {
   const int32_t meet = AddMeetRow(Db(), "Bay Open", "2026-03-01", "Y");
   AddResultRow(Db(), meet, 7, "I", 500);
   MeetForm form = MeetFormOf(*LoadMeet(Db(), meet), 0);
-
   form.course = "YO";  // same first letter: no question
   ASSERT_EQ(SaveMeet(t.state, form).status, MeetSaveStatus::kSaved);
   EXPECT_TRUE(t.io.shown.empty());
-
   form.course = "L";
   t.io.Script({Answer::kNo});
   EXPECT_EQ(SaveMeet(t.state, form).status, MeetSaveStatus::kDeclined);
   EXPECT_TRUE(t.io.Saw("  For example, a 500 Yard result would become 500 Meters."));
   EXPECT_EQ(LoadMeet(Db(), meet)->course, "YO");
-
   t.io.Script({Answer::kYes});
   ASSERT_EQ(SaveMeet(t.state, form).status, MeetSaveStatus::kSaved);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE COURSE = 'L' AND DISTANCE = 500"), 1);
@@ -193,7 +186,6 @@ TEST_F(MeetsTest, DeleteRemovesEverythingOfTheMeetOnly) {
             "Warning: This action will remove the selected Meet and ALL of the results and "
             "entries.\r\n\r\nDo you still want to remove: Bay Open on 03/01/2026?");
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET"), 2);
-
   EXPECT_TRUE(DeleteOneMeet(t.state, meet));
   for (const char* table : {"RESULT", "ENTRY", "MTEVENT", "MTEVENTE", "MEET"}) {
     EXPECT_EQ(Count(std::string("SELECT COUNT(*) FROM ") + table + " WHERE Meet = ?", gone), 0)
@@ -241,12 +233,10 @@ TEST_F(MeetsTest, MergeMovesIndividualRowsAndLeavesRelaysBehind) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE MEET = ?", from), 2);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT WHERE Meet = ?", from), 2);
   Db().exec("DROP TRIGGER no_meet_delete");
-
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(MergeMeetsAsked(t.state, *LoadMeet(Db(), from), *LoadMeet(Db(), to)));
   EXPECT_TRUE(t.io.Saw("Operation is not reversible!  Backup is recommended first."));
   EXPECT_TRUE(LoadMeet(Db(), from));
-
   ASSERT_TRUE(MergeMeetsAsked(t.state, *LoadMeet(Db(), from), *LoadMeet(Db(), to)));
   EXPECT_FALSE(LoadMeet(Db(), from));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE I_R = 'I' AND MEET = ?", to), 1);
@@ -279,7 +269,6 @@ TEST_F(MeetsTest, OpeningEntriesAndResultsNeedsEvents) {
   EXPECT_TRUE(t.io.Saw("You must have at least one event defined before you can do entries."));
   EXPECT_EQ(CheckOpenResults(t.state, meet), MeetOpen::kRefused);
   EXPECT_TRUE(t.io.Saw("You must have at least one event defined before you can enter Results."));
-
   AddEventRow(Db(), "MTEVENTE", meet, 1);
   AddEventRow(Db(), "MTEVENTE", meet, 2, "", 99, 0, 1);  // no distance: not copied
   EXPECT_EQ(CheckOpenEntries(t.state, meet), MeetOpen::kOpen);
@@ -322,7 +311,6 @@ TEST_F(MeetTypesTest, ChangedCodeAsksAndFollowsEverywhere) {
   EXPECT_FALSE(SaveMeetType(t.state, "USS", "CLB", "Club"));
   EXPECT_EQ(t.io.shown.back().title, "Changed Meet Type");
   EXPECT_EQ(LoadMeet(Db(), meet)->type, "USS");
-
   EXPECT_TRUE(SaveMeetType(t.state, "USS", "CLB", "Club"));
   EXPECT_EQ(LoadMeet(Db(), meet)->type, "CLB");
   EXPECT_EQ(Count("SELECT COUNT(*) FROM FAVORITES WHERE FavMeetType = 'CLB'"), 1);
@@ -427,7 +415,6 @@ TEST_F(EventsTest, NumbersWithAndWithoutLetterAreDifferentEvents) {
   ASSERT_EQ(first.status, EventSaveStatus::kAdded);
   EXPECT_EQ(first.status_text, "New Event Added");
   EXPECT_EQ(LoadEvent(Db(), EventList::kResults, first.mt_event)->course, "L");
-
   EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, Form("5a", 2)).status,
             EventSaveStatus::kAdded);
   EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, Form("5", 3)).status,
@@ -438,14 +425,12 @@ TEST_F(EventsTest, NumbersWithAndWithoutLetterAreDifferentEvents) {
   // The other list and other meets have numbers of their own.
   EXPECT_EQ(SaveEvent(t.state, EventList::kEntries, meet, Form("5", 3)).status,
             EventSaveStatus::kAdded);
-
   EventForm edit = Form("5", 4);
   edit.mt_event = first.mt_event;
   const auto updated = SaveEvent(t.state, EventList::kResults, meet, edit);
   EXPECT_EQ(updated.status, EventSaveStatus::kUpdated);
   EXPECT_EQ(updated.status_text, "Event Updated");
   EXPECT_EQ(LoadEvent(Db(), EventList::kResults, first.mt_event)->stroke, 4);
-
   // The same race under another number asks first.
   ASSERT_EQ(SaveEvent(t.state, EventList::kEntries, meet, Form("11")).status,
             EventSaveStatus::kAdded);
@@ -466,7 +451,6 @@ TEST_F(EventsTest, EditOfEnteredRaceRemovesEntriesOnlyWhenAllowed) {
   EXPECT_EQ(SaveEvent(t.state, EventList::kEntries, meet, renumber).status,
             EventSaveStatus::kUpdated);
   EXPECT_TRUE(t.io.shown.empty());  // only the number changed: entries stay
-
   EventForm other = Form("9", 2);
   other.mt_event = ev;
   t.io.Script({Answer::kNo});
@@ -484,20 +468,17 @@ TEST_F(EventsTest, ResultEventWithResultsChangesOnlyDiveCount) {
   const int32_t dive = AddEventRow(Db(), "MTEVENT", meet, 2, "", 1112, 6, 6);
   AddResultRow(Db(), meet, swim);
   AddResultRow(Db(), meet, dive, "I", 6, 6);
-
   EventForm swim_edit = Form("1", 2);
   swim_edit.mt_event = swim;
   EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, swim_edit).status,
             EventSaveStatus::kRefused);
   EXPECT_EQ(LastShown(), "This event has at least one Result linked to it so it can't be changed.");
-
   EventForm dive_edit = Form("2", 6, 11);
   dive_edit.mt_event = dive;
   EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, dive_edit).status,
             EventSaveStatus::kUpdated);
   EXPECT_EQ(LoadEvent(Db(), EventList::kResults, dive)->distance, 11);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE STROKE = 6 AND MTEVENT = ?", dive), 1);
-
   for (EventForm bad : {Form("2", 6, 8), Form("2", 7, 6), Form("3", 6, 6), Form("2", 6, 6, "M")}) {
     bad.mt_event = dive;
     EXPECT_EQ(SaveEvent(t.state, EventList::kResults, meet, bad).status, EventSaveStatus::kRefused);
@@ -517,7 +498,6 @@ TEST_F(EventsTest, DeleteRefusedWhileInUse) {
   EXPECT_FALSE(DeleteOneEvent(t.state, EventList::kEntries,
                               *LoadEvent(Db(), EventList::kEntries, entry_ev)));
   EXPECT_EQ(LastShown(), "That event has at least one Entry linked to it.  Can't delete.");
-
   Db().exec("DELETE FROM RESULT");
   t.io.Script({Answer::kNo});
   const MeetEvent e = *LoadEvent(Db(), EventList::kResults, result_ev);
@@ -542,7 +522,6 @@ TEST_F(EventsTest, EntryEventsCopiedToResultsWithNewKeysSkippingUnnumbered) {
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENT m JOIN MTEVENTE e ON m.MtEvent = e.MtEvent "
                   "AND m.Meet = e.Meet"),
             0);
-
   // A failed copy leaves the result list alone: the second copy collides here.
   const int32_t other = AddMeetRow(Db(), "Cove Cup", "2026-04-01");
   AddEventRow(Db(), "MTEVENTE", other, 1);
@@ -581,7 +560,6 @@ class CopyEventsTest : public EventsTest {
 TEST_F(CopyEventsTest, RefusalsBeforeAnyChange) {
   EXPECT_FALSE(CopyEventsFromMeet(t.state, EventList::kEntries, meet, meet, CopyWhich::kAll));
   EXPECT_EQ(LastShown(), "You are trying to copy events from the current meet to itself.");
-
   AddEventRow(Db(), "MTEVENTE", source, 1);
   const int32_t mine = AddEventRow(Db(), "MTEVENTE", meet, 4);
   AddEntryRow(Db(), meet, mine);
@@ -591,7 +569,6 @@ TEST_F(CopyEventsTest, RefusalsBeforeAnyChange) {
   EXPECT_FALSE(CopyEventsFromMeet(t.state, EventList::kResults, meet, source, CopyWhich::kAll));
   EXPECT_EQ(LastShown(), "This meet already has results.  You can't copy new events.");
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE WHERE Meet = ?", meet), 1);
-
   // A source without events keeps the target's.
   Db().exec("DELETE FROM RESULT");
   const int32_t empty = AddMeetRow(Db(), "Dune Dual", "2025-04-01");
@@ -607,18 +584,15 @@ TEST_F(CopyEventsTest, OverwriteAskedAndSourceKindChosen) {
   AddEventRow(Db(), "MTEVENTE", source, 1, "", 99, 100, 1, "F", "I");
   AddEventRow(Db(), "MTEVENTE", source, 2, "", 99, 200, 1, "F", "R");
   AddEventRow(Db(), "MTEVENTE", meet, 9);
-
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(CopyEventsFromMeet(t.state, EventList::kEntries, meet, source, CopyWhich::kAll));
   EXPECT_EQ(t.io.shown.back().title, "Overwrite Exiting Entry Events");
   EXPECT_EQ(Count("SELECT MtEv FROM MTEVENTE WHERE Meet = ?", meet), 9);
-
   ASSERT_TRUE(CopyEventsFromMeet(t.state, EventList::kEntries, meet, source, CopyWhich::kRelay));
   const auto rows = ListEvents(Db(), EventList::kEntries, meet, {});
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].i_r, "R");
   EXPECT_EQ(rows[0].course, "L");  // the course of the meet copied onto
-
   // Without entry events the source's result events are taken.
   const int32_t results_only = AddMeetRow(Db(), "Elm Sprint", "2025-05-01");
   AddEventRow(Db(), "MTEVENT", results_only, 3);

@@ -17,7 +17,6 @@ using test::ResultRow;
 class Ranking : public ::testing::Test {
  protected:
   SQLite::Database& Db() { return *t.state.gDb; }
-
   test::TempHome t;
   test::OpenedDatabase open_{t};
   test::ResultTable results{*t.state.gDb};
@@ -106,7 +105,6 @@ TEST_F(Ranking, NullNonTimeCodesCountAsTimesInARunOfTheirOwn) {
                       Swim(6000, "L"), Swim(6100, "L"), Swim(5200, "Y")});
   ASSERT_TRUE(AddRank(t.state));
   EXPECT_EQ(results.Ranks(two_courses), (Ranks{1, 1, 1, 2, 1}));
-
   // In one course the Null run comes first and the numbers run on.
   ResultRow leg = Swim(5000, "Y", "L", std::nullopt);
   leg.distance = 50;
@@ -146,7 +144,6 @@ TEST_F(Ranking, NonLeadLegsAreNumberedWhateverTheirTimes) {
   EXPECT_EQ(results.Ranks(y), (Ranks{3, 1, 2, 4}));
   EXPECT_EQ(results.Ranks(l), (Ranks{2, 1}));
   EXPECT_EQ(results.Int(individual, "RANK"), 0);  // not its business
-
   Db().exec("UPDATE RESULT SET RANK = 0 WHERE I_R = 'N'");
   ASSERT_TRUE(AddRankForOneRelayLeg(t.state, 1, 1, 100, "Y"));
   EXPECT_EQ(results.Ranks(y), (Ranks{3, 1, 2, 4}));
@@ -170,12 +167,10 @@ TEST_F(Ranking, DisqualificationLeavesRanksStaleUntilTheNextRanking) {
   const int64_t fast = Db().execAndGet("SELECT RESULT FROM RESULT WHERE MTEVENT = 5").getInt64();
   const int64_t slow = Db().execAndGet("SELECT RESULT FROM RESULT WHERE MTEVENT = 6").getInt64();
   ASSERT_EQ(results.Ranks({fast, slow}), (Ranks{1, 2}));
-
   ASSERT_TRUE(UpdateResultDQ(t.state, "", true, "F", event, 12, 1));
   EXPECT_EQ(results.Ranks({fast, slow}), (Ranks{1, 2}));
   ASSERT_TRUE(AddRank(t.state));
   EXPECT_EQ(results.Ranks({fast, slow}), (Ranks{999, 1}));
-
   // Released, it needs a new ranking to take its place again.
   ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", event, 12, 1));
   EXPECT_EQ(results.Ranks({fast, slow}), (Ranks{999, 1}));
@@ -196,7 +191,6 @@ TEST_F(Ranking, WholeRankingShowsProgressNowAndThenAndClearsItAtTheEnd) {
   EXPECT_EQ(t.io.progress.front(), " Updating Result Rankings... 0%");
   EXPECT_EQ(t.io.progress[t.io.progress.size() - 2], " Updating Result Rankings... 100%");
   EXPECT_EQ(t.io.progress.back(), "");
-
   // Nothing to write the second time.
   ASSERT_TRUE(AddRank(t.state, kUpdatingRankings, &count));
   EXPECT_EQ(count.changed, 0);

@@ -31,7 +31,6 @@ struct ResultRow {
 class ResultTable {
  public:
   explicit ResultTable(SQLite::Database& db) : db_(db) {}
-
   int64_t Add(const ResultRow& r) {
     SQLite::Statement q(db_,
                         "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, DISTANCE, STROKE, "
@@ -45,7 +44,6 @@ class ResultTable {
     q.exec();
     return db_.getLastInsertRowid();
   }
-
   std::vector<int64_t> AddAll(const std::vector<ResultRow>& rows) {
     std::vector<int64_t> ids;
     SQLite::Transaction transaction(db_);
@@ -53,7 +51,6 @@ class ResultTable {
     transaction.commit();
     return ids;
   }
-
   // One field of one row; nullopt for Null. `field` is a column name of this file.
   std::optional<int64_t> Int(int64_t id, std::string_view field) {
     SQLite::Statement q(db_, "SELECT " + std::string(field) + " FROM RESULT WHERE RESULT = ?");
@@ -61,7 +58,6 @@ class ResultTable {
     if (!q.executeStep() || q.getColumn(0).isNull()) return std::nullopt;
     return q.getColumn(0).getInt64();
   }
-
   // Several fields of one row as text; "Null" for Null.
   std::vector<std::string> Texts(int64_t id, std::initializer_list<std::string_view> fields) {
     std::vector<std::string> out;
@@ -74,27 +70,23 @@ class ResultTable {
     }
     return out;
   }
-
   std::vector<std::optional<int64_t>> Ranks(const std::vector<int64_t>& ids,
                                             std::string_view field = "RANK") {
     std::vector<std::optional<int64_t>> out;
     for (int64_t id : ids) out.push_back(Int(id, field));
     return out;
   }
-
   void AddMeet(int32_t meet, std::string_view start, std::string_view type) {
     SQLite::Statement q(db_, "INSERT INTO MEET (Meet, MName, Start, Type) VALUES (?, ?, ?, ?)");
     SQLite::bind(q, meet, "Lakeside Invitational " + std::to_string(meet), std::string(start),
                  std::string(type));
     q.exec();
   }
-
   void AddAthlete(int32_t athlete, std::string_view last) {
     SQLite::Statement q(db_, "INSERT INTO ATHLETE (Athlete, Last, First) VALUES (?, ?, 'Pat')");
     SQLite::bind(q, athlete, std::string(last));
     q.exec();
   }
-
   int64_t Count() { return db_.execAndGet("SELECT count(*) FROM RESULT").getInt64(); }
 
  private:

@@ -64,37 +64,30 @@ TEST_F(ResultScreens, ResNaTimesDqAndPlace) {
   const QModelIndex time = m.index(0, ColumnOf(m, 0, Kind::kTime));
   const QModelIndex dq = m.index(0, ColumnOf(m, 0, Kind::kDq));
   const QModelIndex place = m.index(0, ColumnOf(m, 0, Kind::kPlace));
-
   EXPECT_TRUE(m.setData(time, "1:05.2L"));
   EXPECT_EQ(m.data(time).toString(), " 1:05.20L");  // the course of this row only
   EXPECT_FALSE(m.setData(time, ""));                // blank over a time
   EXPECT_TRUE(t.io.Saw("Please use the Results Browser to Delete a Meet Result."));
   EXPECT_EQ(m.data(time).toString(), " 1:05.20L");
-
   EXPECT_TRUE(m.setData(dq, Qt::Checked, Qt::CheckStateRole));
   EXPECT_EQ(m.data(dq, Qt::CheckStateRole).toInt(), Qt::Checked);
   EXPECT_EQ(m.data(time).toString(), " 1:05.20L");  // the tick keeps the time
   EXPECT_TRUE(m.setData(dq, Qt::Unchecked, Qt::CheckStateRole));
-
   EXPECT_TRUE(m.setData(place, "3"));
   EXPECT_EQ(m.data(place).toString(), "3");
-
   EXPECT_TRUE(m.setData(time, "DQ"));  // typed: the time is lost
   EXPECT_EQ(m.data(time).toString(), "DQ");
   EXPECT_EQ(m.data(dq, Qt::CheckStateRole).toInt(), Qt::Checked);
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT SCORE FROM RESULT"), 0);
-
   // A text that is no time makes no row.
   t.io.shown.clear();
   EXPECT_FALSE(m.setData(m.index(0, ColumnOf(m, 1, Kind::kTime)), "abc"));
   EXPECT_FALSE(t.io.shown.empty());
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM RESULT"), 1);
-
   // A place without a result of the round is refused by the writer.
   t.io.shown.clear();
   m.setData(m.index(0, ColumnOf(m, 1, Kind::kPlace)), "2");
   EXPECT_TRUE(t.io.Saw(kEnterResultBeforePlace));
-
   screen.EventGrid().setCurrentIndex(m.index(0, 0));
   t.io.shown.clear();
   screen.OpenSplits();
@@ -102,7 +95,6 @@ TEST_F(ResultScreens, ResNaTimesDqAndPlace) {
   screen.Print();
   EXPECT_TRUE(t.io.Saw("Printing is not available yet."));
   test::Shoot(screen, "frmResNa");
-
   season.Athlete(2, "Adams", "M");
   frmResNa boys(t.state, 7);
   boys.SelectSwimmer(0);  // Adams: no relay for boys
@@ -127,7 +119,6 @@ TEST_F(ResultScreens, BrowserFiltersSortsAndColours) {
   swim.i_r = "N";
   swim.score = 2800;
   season.Result(swim);
-
   t.state.gFavoriteMeetType = "AG";
   t.state.gFavoriteCourse = "Yards";
   frmResults screen(t.state);
@@ -140,32 +131,27 @@ TEST_F(ResultScreens, BrowserFiltersSortsAndColours) {
   EXPECT_EQ(m.data(m.index(0, kColIR), Qt::BackgroundRole).value<QBrush>().color(),
             QColor(0xC0, 0xFF, 0xC0));
   EXPECT_TRUE(screen.Grid().isColumnHidden(kColConverted));
-
   screen.findChild<QCheckBox*>("chkNonLead")->setChecked(true);
   ASSERT_EQ(m.rowCount(), 3);
   EXPECT_EQ(m.data(m.index(0, kColIR), Qt::BackgroundRole).value<QBrush>().color(),
             QColor(0xFF, 0xC0, 0xC0));
-
   screen.findChild<QCheckBox*>("chkConversion")->setChecked(true);
   EXPECT_FALSE(screen.Grid().isColumnHidden(kColConverted));
   EXPECT_TRUE(m.data(m.index(2, kColConverted)).toString().endsWith("L"));
   screen.findChild<QPushButton*>("SSRibCvt1")->setChecked(true);  // S
   EXPECT_TRUE(m.data(m.index(2, kColConverted)).toString().endsWith("S"));
-
   screen.findChild<QCheckBox*>("chkChronological")->setChecked(true);
   screen.HeadingClicked(kColDistance);
   EXPECT_FALSE(screen.findChild<QCheckBox*>("chkChronological")->isChecked());
   EXPECT_EQ(screen.Filter().sort, ResultSort::kDistance);
   screen.HeadingClicked(kColStartDate);
   EXPECT_EQ(m.headerData(kColStartDate, Qt::Horizontal).toString(), "Meet Start (oldest first)");
-
   screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(2);  // Back
   ASSERT_EQ(m.rowCount(), 1);
   screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(0);
   screen.LastEnteredFirst();
   EXPECT_EQ(m.Record(0).i_r, "N");
   EXPECT_EQ(screen.CurrentRow(), 0);
-
   t.io.Script({Answer::kYes});
   screen.DeleteCurrent();
   EXPECT_EQ(m.rowCount(), 2);
@@ -191,11 +177,9 @@ TEST_F(ResultScreens, SplitsLapEdit) {
   EXPECT_EQ(m.data(m.index(0, 3)).toString(), "1:02.00");
   EXPECT_EQ(m.data(m.index(1, 7)).toString(), "1:06.00");
   EXPECT_FALSE(m.setData(m.index(1, 7), "30.00"));  // the finish stays
-
   screen.SetStep(100);
   EXPECT_TRUE(screen.Grid().isColumnHidden(1));
   EXPECT_EQ(m.data(m.index(1, 3)).toString(), "1:02.00");
-
   t.io.Script({Answer::kCancel});
   screen.CancelClicked();
   EXPECT_TRUE(t.io.Saw(kSaveSplitChanges));
@@ -216,7 +200,6 @@ TEST_F(ResultScreens, RelayLegsAndComments) {
   EXPECT_EQ(legs.Save(), RelayLegOutcome::kSaved);
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT DISTANCE FROM RESULT WHERE I_R = 'N'"), 50);
   test::Shoot(legs, "frmRelayLegs");
-
   const int64_t id = test::QueryNumber(*t.state.gDb, "SELECT RESULT FROM RESULT");
   frmComments comments(t.state, {id, "50 Free", "Autumn Open", "Robin Lane"});
   comments.Text().setText("smooth exchange");

@@ -72,7 +72,6 @@ TEST(RelayLegValues, LegDistanceStrokeAndTyping) {
   const std::pair<int16_t, int16_t> legs[] = {{200, 50}, {100, 25}, {400, 100},
                                               {150, 38}, {250, 62}, {0, 0}};
   for (auto [relay, leg] : legs) EXPECT_EQ(LegDistance(relay), leg) << relay;
-
   const std::pair<const char*, int16_t> names[] = {
       {"Female 11-12 200 Free Relay", 1},
       {"Mixed Open 200 Medley Relay", 0},
@@ -81,7 +80,6 @@ TEST(RelayLegValues, LegDistanceStrokeAndTyping) {
       {"Fly and Free", 4},  // the last word searched wins
   };
   for (auto [name, stroke] : names) EXPECT_EQ(StrokeOfRelayName(name), stroke) << name;
-
   for (const char* good : {"1:02.34", ""}) EXPECT_TRUE(TimeCharactersValid(good)) << good;
   for (const char* bad : {"29.5a", "29 50"}) EXPECT_FALSE(TimeCharactersValid(bad)) << bad;
 }
@@ -157,17 +155,14 @@ TEST_F(RelayLegs, ListShowsTheSexesRelaysAndChecksGoInOrder) {
 TEST_F(RelayLegs, AnyLegOfTheEventAndRoundIsOverwrittenOnlyOnYes) {
   ASSERT_EQ(SaveRelayLeg(t.state, Leg("L", "F", 1, "2950")), RelayLegOutcome::kSaved);
   EXPECT_EQ(Row(), "L/F/1/2950/50/L/1;");
-
   t.io.Script({Answer::kNo});
   EXPECT_EQ(SaveRelayLeg(t.state, Leg("N", "F", 1, "28.90")), RelayLegOutcome::kKept);
   EXPECT_TRUE(
       t.io.Saw("There is already a Relay leg entered for this event.Do you want to overwrite it?"));
   EXPECT_EQ(Row(), "L/F/1/2950/50/L/1;");
-
   t.io.Script({Answer::kYes});
   EXPECT_EQ(SaveRelayLeg(t.state, Leg("N", "F", 1, "28.90")), RelayLegOutcome::kSaved);
   EXPECT_EQ(Row(), "N/F/1/2890/50/L/1;");  // ranked among the non-lead legs
-
   t.io.shown.clear();
   EXPECT_EQ(SaveRelayLeg(t.state, Leg("N", "P", 1, "30.10")), RelayLegOutcome::kSaved);
   EXPECT_TRUE(t.io.shown.empty());  // another round is another row
@@ -191,7 +186,6 @@ TEST_F(RelayLegs, LegsHaveNoNtAndRankApartFromIndividualSwims) {
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE I_R = 'L'"), 1);
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE RESULT = ?", individual),
             2);
-
   t.state.gDb->exec("DELETE FROM RESULT");
   struct Case {
     const char* i_r;
@@ -235,7 +229,6 @@ TEST_F(RelayLegs, CommentsAreOnePerResult) {
 TEST(SplitSizes, CountAndStartStep) {
   const std::pair<int, int> counts[] = {{25, 1}, {50, 2}, {100, 4}, {1650, 66}, {37, 1}, {0, 0}};
   for (auto [distance, n] : counts) EXPECT_EQ(SplitCount(distance), n) << distance;
-
   struct Step {
     int32_t split;
     const char* course;
@@ -269,7 +262,6 @@ TEST(SplitLaps, MissingSplitsAreBridgedAtTheSameStep) {
   EXPECT_EQ(Laps(sheet, 25), (std::vector<SplitPlace>{1400, 1600, std::nullopt, 3200, std::nullopt,
                                                       std::nullopt, std::nullopt, 6600}));
   EXPECT_EQ(Laps(sheet, 100), (std::vector<SplitPlace>{6200, 6600}));
-
   SplitSheet no_first = sheet;
   no_first.Set(2, std::nullopt);  // nothing earlier: the whole split is the lap
   EXPECT_EQ(no_first.Lap(4, 50), 6200);
@@ -290,7 +282,6 @@ TEST(SplitEdits, LapsAndSplitsRows) {
   EXPECT_TRUE(sheet.Edit(6, false, "", 50));
   EXPECT_EQ(sheet.At(6), std::nullopt);
   EXPECT_FALSE(sheet.Edit(9, false, "10.00", 50));
-
   SplitSheet one_length(25, 1500);  // its one column is first and last
   EXPECT_TRUE(one_length.Edit(1, true, "14.90", 25));
   EXPECT_EQ(one_length.At(1), 1490);
@@ -343,7 +334,6 @@ TEST_F(SplitStore, LoadFillsPlacesAndTheFinishAndSaveKeepsOnlyTimesAboveZero) {
   EXPECT_FALSE(sheet.Changed());
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT count(*) FROM SPLITS"), 2);
   EXPECT_EQ(Places(), (Split4{std::nullopt, 2900, std::nullopt, 6000}));
-
   t.state.gDb->exec("DELETE FROM SPLITS");
   AddSplit(1, 1400);
   AddSplit(2, std::nullopt);

@@ -25,7 +25,6 @@ struct OpenedDatabase {
 class Season {
  public:
   explicit Season(SQLite::Database& db) : db_(db) {}
-
   void Athlete(int32_t id, const std::string& last, const std::string& sex,
                const std::string& birth = "", int age = 0, bool inactive = false) {
     SQLite::Statement q(db_,
@@ -35,7 +34,6 @@ class Season {
     if (birth.empty()) q.bind(4);
     q.exec();
   }
-
   void Meet(int32_t id, const std::string& name, const std::string& start,
             const std::string& type = "AG", const std::string& course = "Y",
             const std::string& age_up = "") {
@@ -46,7 +44,6 @@ class Season {
     if (age_up.empty()) q.bind(6);
     q.exec();
   }
-
   // An event of a meet; returns its key.
   int32_t Event(int32_t meet, int mt_ev, int distance, int stroke, const std::string& i_r = "I",
                 const std::string& sex = "F", const std::string& course = "Y", int lo_hi = 1112) {
@@ -57,7 +54,6 @@ class Season {
     q.exec();
     return static_cast<int32_t>(db_.getLastInsertRowid());
   }
-
   struct Swim {
     int32_t meet = 1;
     int32_t event = 0;
@@ -74,7 +70,6 @@ class Season {
     std::optional<int> trank;
     int place = 0;
   };
-
   int64_t Result(const Swim& s) {
     SQLite::Statement q(db_,
                         "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, AGE, DISTANCE, "

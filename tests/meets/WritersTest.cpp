@@ -19,7 +19,6 @@ class Writers : public ::testing::Test {
  protected:
   void SetUp() override { t.state.gCurrentMeet = 3; }
   SQLite::Database& Db() { return *t.state.gDb; }
-
   // The one result of an event number; 0 when there is none.
   int64_t ResultOf(int32_t mt_event, std::string_view i_r = "I") {
     SQLite::Statement q(Db(), "SELECT RESULT FROM RESULT WHERE MTEVENT = ? AND I_R = ?");
@@ -38,7 +37,6 @@ class Writers : public ::testing::Test {
     r.rank = rank;
     return results.Add(r);
   }
-
   test::TempHome t;
   test::OpenedDatabase open_{t};
   test::ResultTable results{*t.state.gDb};
@@ -60,7 +58,6 @@ TEST_F(Writers, ANewTimeTakesTheEventAndIsRanked) {
                                "COURSE", "F_P", "EX", "PLACE"}),
             (Texts{"9", "1", "13", "6400", "0", "100", "2", "Y", "P", "X", "0"}));
   EXPECT_EQ(results.Ranks({id, old_swim}), (Ranks{1, 2}));
-
   // A non-time: the code with Score 0, ranked 999.
   event.mt_event = 41;
   ASSERT_TRUE(UpdateResultScore(t.state, 6400, "", 5, "", "F", event, "I", 13, 1));
@@ -149,7 +146,6 @@ TEST_F(Writers, DisqualificationKeepsTheTimeOrAddsARowOfTheEventsKind) {
   EXPECT_EQ(results.Texts(id, {"NT", "SCORE"}), (Texts{"5", "6100"}));
   ASSERT_TRUE(UpdateResultDQ(t.state, "", false, "F", event, 12, 1));
   EXPECT_EQ(results.Texts(id, {"NT", "SCORE"}), (Texts{"0", "6100"}));
-
   // Without a row, one of the event's kind is added.
   event.mt_event = 42;
   MtEventRec lead_off = event;

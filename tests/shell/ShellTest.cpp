@@ -44,7 +44,6 @@ TEST(RunSetup, OpensTheNewestLastDatabaseThatStillExists) {
   SaveLastDatabase(t.state);
   t.state.CloseCurrentDB();
   fs::rename(newer, t.Root() / "moved.mdb");
-
   t.state.gDatabaseName.clear();
   SetupOutcome outcome = RunSetup(t.state);
   EXPECT_FALSE(outcome.first_run);
@@ -52,7 +51,6 @@ TEST(RunSetup, OpensTheNewestLastDatabaseThatStillExists) {
   EXPECT_TRUE(t.state.gDbOpen);
   EXPECT_EQ(t.state.gDatabaseName, older.string());
   EXPECT_EQ(t.io.progress.back(), "Applying Favorite Settings...");
-
   // With no database left nothing opens.
   t.state.CloseCurrentDB();
   fs::remove(older);
@@ -70,7 +68,6 @@ TEST(BackupReminder, RunsOnlyAfterMoreDaysThanTheSetting) {
   t.clock.Set(DateTime{Date{2026, 11, 29}, 9, 0, 0});
   EXPECT_FALSE(BackupReminder(t.state));
   EXPECT_FALSE(fs::exists(t.Data() / "KVL-RArchive-family-01.zip"));
-
   t.clock.Set(DateTime{Date{2026, 11, 30}, 9, 0, 0});
   EXPECT_TRUE(BackupReminder(t.state));
   EXPECT_TRUE(fs::exists(t.Data() / "KVL-RArchive-family-01.zip"));
@@ -78,12 +75,10 @@ TEST(BackupReminder, RunsOnlyAfterMoreDaysThanTheSetting) {
   ASSERT_TRUE(t.state.gDbOpen);
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT LastBackup = '2026-11-30' FROM OPTIONS"), 1);
   EXPECT_EQ(t.state.gDatabaseName, file.string());
-
   // 0 days: every start, the same day too.
   t.state.gBackupDays = 0;
   EXPECT_TRUE(BackupReminder(t.state));
   EXPECT_TRUE(fs::exists(t.Data() / "KVL-RArchive-family-02.zip"));
-
   // A last backup that is no date is set to today without a backup.
   t.state.gBackupDays = 7;
   t.state.gDb->exec("UPDATE OPTIONS SET LastBackup = NULL");
@@ -123,13 +118,11 @@ TEST(Login, RowsComeByFirstNameAndTheTitleAndPictureFollowTheSwimmer) {
   EXPECT_FALSE(LogIn(t.state, 999));
   ASSERT_TRUE(LogIn(t.state, rows[1].athlete));
   EXPECT_EQ(MainTitle(t.state), "KVL-R for Ziggy Q O'Brien");
-
   EXPECT_FALSE(BackgroundPicture(t.state).has_value());
   WriteFileAtomically(t.state.home.Root() / "KVL-R.BMP", "BM");
   EXPECT_EQ(BackgroundPicture(t.state)->filename(), "KVL-R.BMP");
   WriteFileAtomically(t.state.home.Root() / "Zoe.bmp", "BM");
   EXPECT_EQ(BackgroundPicture(t.state)->filename(), "Zoe.bmp");
-
   t.state.CloseCurrentDB();
   EXPECT_EQ(MainTitle(t.state), "Norvan's KVL RENEWED");
   const fs::path foreign = t.Data() / "notes.mdb";
@@ -151,7 +144,6 @@ TEST(OpenDatabase, MakesOpensAndListsTheFile) {
   EXPECT_EQ(fs::path(files[0]).filename(), "Jones.mdb");
   EXPECT_TRUE(fs::exists(t.Data() / "Jones.mdb"));
   EXPECT_EQ(fs::path(t.state.gDatabaseName).filename(), "Jones.mdb");
-
   t.io.shown.clear();
   EXPECT_FALSE(OpenLastFile(t.state, t.Data() / "gone.mdb", &files));
   EXPECT_TRUE(t.io.Saw("That file no longer exists."));
@@ -168,7 +160,6 @@ TEST(LeaveProgram, RemembersTheDatabaseAndAChangedPrinterAndOnlyOneRunHoldsTheHo
   EXPECT_EQ(GetPrinterInfo(t.state.home, {}).device, "Office");
   t.state.gDatabaseName.clear();
   EXPECT_EQ(GetLastDatabase(t.state).front(), file.string());
-
   InstanceLock first(t.state.home.Root());
   InstanceLock second(t.state.home.Root());
   EXPECT_TRUE(first.Held());
@@ -209,7 +200,6 @@ TEST(RunSetup, AFileNamedAtStartOpensOrIsRefusedAsFileOpenRefusesIt) {
     EXPECT_EQ(got.file.string(), c.file) << c.args[0];
     EXPECT_EQ(!got.error.empty(), c.error) << c.args[0];
   }
-
   TempHome t;
   const fs::path named = MakeOpenDatabase(t, "Jones.mdb");
   t.state.CloseCurrentDB();
@@ -217,7 +207,6 @@ TEST(RunSetup, AFileNamedAtStartOpensOrIsRefusedAsFileOpenRefusesIt) {
   EXPECT_TRUE(t.state.gDbOpen);
   EXPECT_EQ(t.state.gDatabaseName, named.string());
   t.state.CloseCurrentDB();
-
   // Names are checked before anything is made.
   const std::pair<const char*, const char*> refused[] = {
       {"notes.mdb", "Not a valid KVL-R Database."},
@@ -310,7 +299,6 @@ TEST(ReportPreferencesAndDirectories, RoundTripAndSixtyCharactersAtMost) {
   EXPECT_EQ(again.header1, "Lakeside Dolphins' Season");
   EXPECT_EQ(again.paper_size, 1);
   EXPECT_EQ(t.state.gPrinter.device, "Den Inkjet");
-
   const std::string sixty = "/" + std::string(59, 'a');
   EXPECT_TRUE(SetFavoriteDirectory(t.state, DirectoryKind::kBackup, sixty));
   EXPECT_TRUE(t.io.Saw("Set Backup/Restore Directory to: " + sixty));

@@ -139,7 +139,6 @@ TEST(ConvertTime, WithStateUsesTheFactorsOfTheMomentAndReportsAFailureAsZero) {
   t.state.gCvtFactors[kFree] = 1.0;
   EXPECT_EQ(ConvertTime(t.state, 200, 12000, kFree, 'S', 'L'), 12400);
   EXPECT_TRUE(t.io.shown.empty());
-
   t.state.gCvtFactors = Seeds({{0, 0}});
   t.io.Script({Answer::kRetry});  // even a retry goes on: the same step would fail again
   EXPECT_EQ(ConvertTime(t.state, 100, 6000, kFree, 'S', 'Y'), 0);
@@ -172,7 +171,6 @@ TEST_F(ConversionSettingsTest, SaveTakesEffectAtOnceAndIsWrittenToOptions) {
   EXPECT_EQ(t.state.gCvtFactors,
             (CvtFactors{1.2, 0.9, 0.5, 1.1, 0.75, 0.85, 0.03, 0.9, 1.01, 2.0, 0.0}));
   EXPECT_FALSE(t.state.gY2L);  // the browser's default direction follows at once
-
   SQLite::Statement row(Db(),
                         "SELECT count(*), CvtFactor, FreeTurn, BackTurn, BreastTurn, FlyTurn, "
                         "IMTurn, Straight, Cvt500, Cvt1650, CvtType, Y2L, BackupCheck "
@@ -186,7 +184,6 @@ TEST_F(ConversionSettingsTest, SaveTakesEffectAtOnceAndIsWrittenToOptions) {
   EXPECT_EQ(row.getColumn(11).getInt(), 0);
   EXPECT_EQ(row.getColumn(12).getInt(), 7);  // other settings untouched
   EXPECT_EQ(ReadConversionSettings(Db()), kChanged);
-
   // A missing row is added; empty fields read as zero.
   Db().exec("DELETE FROM OPTIONS");
   SaveConversionSettings(t.state, kChanged);
@@ -248,7 +245,6 @@ TEST(TimeCalculator, NormalizesTimesAndGivesSumDifferenceAndAverage) {
   EXPECT_EQ(b, "01:00.00");
   EXPECT_EQ(calc.Time1(), 5123);
   EXPECT_EQ(calc.Time2(), 6000);
-
   a = "30.01";
   b = "30.00";  // 6001 hundredths
   calc.LeaveTime1(a);

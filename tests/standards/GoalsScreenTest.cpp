@@ -36,7 +36,6 @@ class GoalsScreen : public ::testing::Test {
     q.exec();
     t.io.shown.clear();
   }
-
   test::TempHome t;
   int32_t meet_ = 0;
 };
@@ -50,7 +49,6 @@ TEST_F(GoalsScreen, TypedGoalsAreStoredAndHandedToTheOtherScreens) {
   GoalGridModel& model = *screen.Model();
   ASSERT_EQ(model.rowCount(), 2);
   EXPECT_EQ(model.data(model.index(0, 0), Qt::DisplayRole).toString(), "100 Free");
-
   int32_t split_result = 0;
   std::string heading;
   screen.SetOpenSplits([&](int32_t result) { split_result = result; });
@@ -58,11 +56,9 @@ TEST_F(GoalsScreen, TypedGoalsAreStoredAndHandedToTheOtherScreens) {
   auto* splits = screen.findChild<QPushButton*>("cmdSplits");
   screen.View()->selectRow(0);
   EXPECT_FALSE(splits->isEnabled());  // no goal yet
-
   screen.AddComment();
   EXPECT_TRUE(t.io.Saw("You must add a Goal Time before adding a comment."));
   EXPECT_EQ(heading, "");
-
   ASSERT_TRUE(model.setData(model.index(0, GoalGridModel::kTime), "59.80", Qt::EditRole));
   EXPECT_EQ(model.data(model.index(0, GoalGridModel::kTime), Qt::DisplayRole).toString(), "59.80");
   EXPECT_EQ(
@@ -74,7 +70,6 @@ TEST_F(GoalsScreen, TypedGoalsAreStoredAndHandedToTheOtherScreens) {
   screen.AddComment();
   EXPECT_EQ(heading, "Event: 100 Free Goal - Time: 59.80");
   test::Shoot(screen, "frmGoals");
-
   t.io.shown.clear();
   EXPECT_FALSE(model.setData(model.index(1, GoalGridModel::kTime), "7", Qt::EditRole));
   EXPECT_TRUE(t.io.Saw("Invalid Time"));

@@ -21,9 +21,7 @@ class Goals : public ::testing::Test {
     test::MakeOpenDatabase(t);
     t.io.shown.clear();
   }
-
   SQLite::Database& Db() { return *t.state.gDb; }
-
   int32_t AddEvent(int32_t meet, int distance, int stroke, const std::string& sex,
                    const std::string& i_r = "I") {
     SQLite::Statement q(Db(),
@@ -33,19 +31,16 @@ class Goals : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
-
   std::string Row(const std::string& sql, int64_t key) {
     SQLite::Statement q(Db(), sql);
     q.bind(1, key);
     return q.executeStep() ? q.getColumn(0).getString() : "<no row>";
   }
-
   std::vector<std::string> Texts(const std::vector<GoalRow>& rows) {
     std::vector<std::string> out;
     for (const GoalRow& r : rows) out.push_back(r.event_text);
     return out;
   }
-
   test::TempHome t;
   int number_ = 0;
 };
@@ -66,7 +61,6 @@ TEST_F(Goals, EachCourseGetsItsMeetOnceAndAnyGoalsNamedMeetCounts) {
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM MEET"), 3);
   EXPECT_TRUE(t.io.shown.empty());
   EXPECT_EQ(GoalMeetName('X'), "Goals - Short Course Meter Pools");
-
   // Only the first five letters count.
   Db().exec("DELETE FROM MEET");
   Db().exec(
@@ -122,7 +116,6 @@ TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
       "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, DISTANCE, STROKE, MTEVENT, RANK, "
       "TRANK, COURSE) VALUES (500, 7, 'I', 7000, 'F', 0, 100, 2, 900, 9, 9, 'Y')");
   t.state.gCurrentMeet = 500;
-
   std::vector<GoalRow> rows = LoadGoals(t.state, meet, 7, "F");
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].result, 0);
@@ -133,23 +126,19 @@ TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
   EXPECT_EQ(t.state.gCurrentMeet, 500);
   EXPECT_NE(rows[0].result, 0);
   EXPECT_EQ(rows[0].TimeText(), "1:05.50");
-
   EXPECT_EQ(Row("SELECT MEET || '/' || ATHLETE || '/' || I_R || '/' || SCORE || '/' || RANK || '/' "
                 "|| TRANK || '/' || MTEVENT || '/' || AGE FROM RESULT WHERE RESULT = ?",
                 rows[0].result),
             std::to_string(meet) + "/7/G/6550/-1/-1/" + std::to_string(event) + "/12");
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT RANK FROM RESULT WHERE MTEVENT = 900"), 9);
-
   // A second goal replaces the first, and a second reading finds it.
   ASSERT_TRUE(WriteGoal(t.state, rows[0], "1:04.00", 12, 7));
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM RESULT WHERE I_R = 'G'"), 1);
   EXPECT_EQ(LoadGoals(t.state, meet, 7, "F")[0].score, 6400);
-
   // A refused text writes nothing and says why.
   ASSERT_FALSE(WriteGoal(t.state, rows[0], "7.00", 12, 7));
   EXPECT_TRUE(t.io.Saw("Invalid Time"));
   EXPECT_EQ(rows[0].score, 6400);
-
   // The comment heading needs the goal; the row tells whether a comment is stored.
   EXPECT_EQ(GoalCommentHeading(t.state, rows[0]), "Event: 100 Back Goal - Time: 1:04.00");
   EXPECT_FALSE(rows[0].has_comment);

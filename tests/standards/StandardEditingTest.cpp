@@ -70,7 +70,6 @@ TEST_F(StandardEditing, CopyingAsksThenCopiesDesignatorsAndLines) {
   EXPECT_FALSE(SaveNewStandard(t.state, Named("Copy", {}), "JO"));
   EXPECT_FALSE(ReadStandardDefinition(db(), "Copy"));
   EXPECT_FALSE(TableExists(db(), "COPY"));
-
   EXPECT_TRUE(SaveNewStandard(t.state, Named("Copy", {}), "JO"));
   EXPECT_EQ(t.io.shown.back().text, "2 standards copied.");
   EXPECT_TRUE(t.io.Saw("Copy JO into Copy"));
@@ -81,12 +80,10 @@ TEST_F(StandardEditing, CopyingAsksThenCopiesDesignatorsAndLines) {
   ASSERT_TRUE(def);
   EXPECT_EQ(def->designators[0], "AA");
   EXPECT_EQ(def->long_names[1], "A long");
-
   MakeStandard(db(), "Empty", {"E"});
   EXPECT_TRUE(SaveNewStandard(t.state, Named("Copy2", {}), "Empty"));
   EXPECT_TRUE(t.io.Saw("No standards available to copy in selected file."));
   EXPECT_EQ(ReadStandardDefinition(db(), "Copy2")->designators[0], "E");
-
   EXPECT_EQ(CopyDesignators(db(), "Nowhere", "JO"),
             "Error retrieving Copy From Standard Information");
   EXPECT_EQ(CopyDesignators(db(), "JO", "Nowhere"),
@@ -111,7 +108,6 @@ TEST_F(StandardEditing, OneLineChecksInOrderAndIsStoredWithoutTimes) {
       {"new line", {false, 13, 14, 100, 1, "M"}, ""},
   };
   for (const Case& c : cases) EXPECT_EQ(CheckStandardLine(db(), "JO", c.form), c.message) << c.what;
-
   const StanAddForm form{true, 0, 99, 50, 2, "F"};
   const int32_t std = AddStandardLine(t.state, "JO", form);
   ASSERT_GT(std, 0);
@@ -140,7 +136,6 @@ TEST_F(StandardEditing, FiltersAndSortsOfTheGrid) {
   EXPECT_EQ(sexes({}, StandardSort::kDistance), "MIMIFR");
   EXPECT_EQ(sexes({}, StandardSort::kSex), "FRMIMI");
   EXPECT_EQ(sexes({.sex = "M", .lo_age = 9}, kStartSort), "MI");
-
   EXPECT_EQ(SortText(SortForHeading(0, kStartSort)), "Sex,Lo_Age,Hi_Age,Stroke,Distance");
   EXPECT_EQ(SortText(SortForHeading(2, kStartSort)), "Hi_Age,Lo_Age,Stroke,Distance,Sex");
   const StandardSort first = SortForHeading(5, kStartSort);
@@ -161,7 +156,6 @@ TEST_F(StandardEditing, GridColumnsFollowCourseAndEditedCellsAreStoredAtOnce) {
   ASSERT_EQ(all.size(), 18u);
   EXPECT_EQ(all[10].heading, "Slower AA SCM");
   EXPECT_EQ(all[10].ordinal, 3);
-
   const auto line = ReadStandardLines(db(), "JO", {}, StandardSort::kRelaysLast).at(0);
   EXPECT_EQ(CellText(line, columns[7]), "55.00");
   EXPECT_EQ(CellText(line, columns[6]), "");
@@ -187,7 +181,6 @@ TEST_F(StandardEditing, RemovingALineAndAWholeStandard) {
   EXPECT_TRUE(DeleteStandardLine(db(), "JO", lines[0].std));
   EXPECT_FALSE(DeleteStandardLine(db(), "JO", lines[0].std));
   EXPECT_EQ(Count("SELECT count(*) FROM JO"), 1);
-
   MakeStandard(db(), "Other", {"O"});
   RemoveStandard(t.state, "JO");
   EXPECT_FALSE(TableExists(db(), "JO"));

@@ -51,7 +51,6 @@ TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourseFilteredAndSorted) {
   EXPECT_EQ(model.data(model.index(0, 0), Qt::DisplayRole).toString(), "F");
   EXPECT_EQ(model.data(model.index(1, 7), Qt::DisplayRole).toString(), "55.00");
   EXPECT_EQ(model.data(model.index(1, 6), Qt::DisplayRole).toString(), "50.00");
-
   screen.SetCourse(GridCourse::kAll);
   EXPECT_EQ(model.columnCount(), 18);
   screen.SelectStandard("Zone");
@@ -60,7 +59,6 @@ TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourseFilteredAndSorted) {
   screen.SelectStandard("JO");
   screen.SetCourse(GridCourse::kSCY);
   test::Shoot(screen, "frmStan");
-
   // Edited times are stored at once, bad ones refused.
   const QModelIndex cell = model.index(1, 9);  // Faster A, boys 100 free
   EXPECT_TRUE(model.setData(cell, "1:02.5", Qt::EditRole));
@@ -71,7 +69,6 @@ TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourseFilteredAndSorted) {
   EXPECT_FALSE(model.setData(model.index(1, 0), "F", Qt::EditRole));
   EXPECT_TRUE(model.setData(cell, "", Qt::EditRole));
   EXPECT_EQ(test::QueryNumber(db(), "SELECT \"S(25)\" IS NULL FROM JO WHERE Sex = 'M'"), 1);
-
   // Filters and heading sorts.
   screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(2);  // Females
   EXPECT_EQ(model.rowCount(), 2);
@@ -80,7 +77,6 @@ TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourseFilteredAndSorted) {
   screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(0);
   screen.findChild<QComboBox*>("cboStroke")->setCurrentIndex(0);
   ASSERT_EQ(model.rowCount(), 3);
-
   screen.ClickHeading(5);
   EXPECT_EQ(screen.SortCaption(), "(Relays First)");
   EXPECT_EQ(model.Line(0).i_r, "R");
@@ -101,7 +97,6 @@ TEST_F(StandardScreens, DeletingALineAndTheWholeStandardAsk) {
   EXPECT_EQ(t.io.shown.back().title, "Remove Standard");
   screen.DeleteOneStandard(1);
   EXPECT_EQ(model.rowCount(), 2);
-
   screen.RemoveEntireStandard();
   EXPECT_TRUE(t.io.Saw("Are you sure you want to delete the [JO] Time Standard ?"));
   EXPECT_FALSE(TableExists(db(), "JO"));
@@ -186,7 +181,6 @@ TEST_F(StandardScreens, MakeCurrentIsStoredShownAndJudgedAgainst) {
   auto* current = screen.findChild<QLabel*>("lblCurrent");
   ASSERT_NE(current, nullptr);
   EXPECT_EQ(current->text(), "No current standard");
-
   screen.SelectStandard("JO");
   screen.MakeCurrent();
   EXPECT_EQ(option(), "JO");
@@ -194,12 +188,10 @@ TEST_F(StandardScreens, MakeCurrentIsStoredShownAndJudgedAgainst) {
   int16_t level = 0;
   EXPECT_EQ(GetStandard(t.state, level, 5400, "M", 100, 1, 11, "Y", false), "AA");
   test::Shoot(screen, "frmStan-current");
-
   t.io.Script({Answer::kYes});
   screen.RemoveEntireStandard();
   EXPECT_EQ(option(), "") << "a removed standard is no longer current";
   EXPECT_EQ(current->text(), "No current standard");
-
   // With none current, the next standard made becomes current.
   StandardDefinition def;
   def.name = "Fall";

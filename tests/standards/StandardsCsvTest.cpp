@@ -132,7 +132,6 @@ TEST_F(StandardsCsv, CellsAreReadExactlyAsWrittenAndOnlyAsTimes) {
   EXPECT_EQ(Count("SELECT \"S(24)\" FROM LONG"), 599999999);
   EXPECT_EQ(Export("Long"),
             std::string(kHeader) + "M,I,11,12,1650,1,99999:59.99,05.23,,,,,1:05.32,59.00,,,,\n");
-
   for (const char* cell :
        {"1:75.00", "1:05", "65", "1.5", "1:5.00", ":05.00", "-5.00", "99999999:00.00", "1:05.3x"}) {
     const std::string bad = std::string(kHeader) + "M,I,11,12,100,1,,,,,,,,,,,,\n" +

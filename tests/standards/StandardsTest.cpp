@@ -112,7 +112,6 @@ TEST_P(GetStandardTest, FollowsEditsAndRemovalOfTheOpenStandard) {
   ASSERT_TRUE(UpdateStandardLimit(*t.state.gDb, "JO", 1, SlowBase('Y'), 5300));
   EXPECT_EQ(Judge(designator, 5400), "AAA");
   EXPECT_EQ(designator, 2);
-
   RemoveStandard(t.state, "JO");
   designator = 9;
   EXPECT_EQ(Judge(designator, 5400), "");
@@ -192,7 +191,6 @@ TEST_F(StandardStoreTest, DefinitionRowIsRewrittenAndTableMadeOnce) {
   ASSERT_TRUE(read);
   EXPECT_EQ(read->year, "2027");
   EXPECT_EQ(read->designators[0], "TOOL");  // cut to the field's size
-
   ASSERT_TRUE(CreateStandardsTable(t.state, "JO"));
   EXPECT_EQ(FieldNames(Db(), "JO").size(), 79u);
   t.io.Script({Answer::kCancel});

@@ -60,14 +60,12 @@ class Backups : public ::testing::Test {
     WriteFileAtomically(WorkoutNotesFile(database), "warm-up 400 easy");
     folder = t.Root() / "backups";
   }
-
   // A backup answered Yes throughout; its path.
   fs::path Backup(std::string_view comment = "") {
     auto made = BackupDatabase(t.state, folder, comment);
     EXPECT_TRUE(made.has_value());
     return made.value_or(fs::path());
   }
-
   TempHome t;
   fs::path database;
   fs::path folder;
@@ -106,11 +104,9 @@ TEST(BackupInfoTexts, MegabytesLongPathsAndMemberNamesThatMayNotClimb) {
                                                          {(12 << 20) + (1 << 20) / 4, "12.25"},
                                                          {(1 << 20) - 1, "1."}};
   for (const auto& [bytes, shown] : sizes) EXPECT_EQ(MegabytesText(bytes), shown) << bytes;
-
   const std::string sixty(60, 'p');
   EXPECT_EQ(ShortPathText(sixty), sixty);
   EXPECT_EQ(ShortPathText("/home/" + sixty), "/ho..." + sixty);
-
   EXPECT_EQ(SafeMemberBaseName("family.mdb"), "family.mdb");
   EXPECT_EQ(SafeMemberBaseName("old/family.mdb"), "family.mdb");
   EXPECT_EQ(SafeMemberBaseName("old\\family.mdb"), "family.mdb");
@@ -127,7 +123,6 @@ TEST_F(Backups, NumbersRunFrom01AndAfter99TheFirstIsOverwrittenOnlyOnYesWithEver
   EXPECT_EQ(Backup().filename(), "KVL-RBkupfamily-01.zip") << "the first free number";
   EXPECT_TRUE(t.io.Saw("Backup family to:\r\n" + (folder / "KVL-RBkupfamily-01.zip").string()));
   EXPECT_TRUE(t.io.Saw("Backup Completed Successfully...\r\nBackup file: KVL-RBkupfamily-01.zip"));
-
   for (int n = 3; n <= 99; ++n) {
     WriteFileAtomically(folder / fmt::format("KVL-RBkupfamily-{:02}.zip", n), "older");
   }
@@ -146,7 +141,6 @@ TEST_F(Backups, NumbersRunFrom01AndAfter99TheFirstIsOverwrittenOnlyOnYesWithEver
             std::string::npos);
   EXPECT_TRUE(t.io.Saw("Backup cancelled."));
   EXPECT_EQ(ReadWholeFile(first), "the oldest");
-
   // Yes: the archive holds the database and its notes without folders, and the comment.
   WriteFileAtomically(WorkoutModelNotesFile(database), "model set");
   EXPECT_EQ(Backup("Before the county meet"), first);
@@ -165,7 +159,6 @@ TEST_F(Backups, NoOrShortRoomOrAnUnwritableFolderCancelsAndWritesNothing) {
   t.io.Script({Answer::kNo});
   EXPECT_EQ(BackupDatabase(t.state, folder, ""), std::nullopt);
   EXPECT_TRUE(t.io.Saw("Backup cancelled."));
-
   // Free Kbytes less the database's Kbytes must be above 1000.
   const auto size_kb = fs::file_size(database) / 1024;
   t.disk.free_bytes = (size_kb + 1000) * 1024 + 1023;
@@ -175,7 +168,6 @@ TEST_F(Backups, NoOrShortRoomOrAnUnwritableFolderCancelsAndWritesNothing) {
   EXPECT_FALSE(fs::exists(folder));
   t.disk.free_bytes = (size_kb + 1001) * 1024;
   EXPECT_TRUE(BackupDatabase(t.state, folder, "").has_value());
-
   const fs::path blocked = t.Root() / "a-file";
   WriteFileAtomically(blocked, "");
   EXPECT_EQ(BackupDatabase(t.state, blocked / "sub", ""), std::nullopt);
@@ -193,16 +185,13 @@ TEST_F(Backups, SilentArchivesFillFiveSlotsThenReplaceTheOldest) {
     SetAge(slot(n), std::chrono::hours(100 - n));
   }
   EXPECT_EQ(ZipArchive(slot(1)).Comment(), BackupComment("Silent Backup"));
-
   SetAge(slot(3), std::chrono::hours(500));
   EXPECT_EQ(SilentArchiveName(database), slot(3)) << "the oldest by file time, not by number";
   ASSERT_TRUE(SilentBackup(t.state, database));
   EXPECT_GT(fs::last_write_time(slot(3)), fs::last_write_time(slot(5)));
   EXPECT_EQ(SilentArchiveName(database), slot(1));
-
   fs::remove(slot(2));
   EXPECT_EQ(SilentArchiveName(database), slot(2)) << "with fewer than five, the free digit";
-
   EXPECT_FALSE(SilentBackup(t.state, t.Data() / "gone.mdb"));
   EXPECT_TRUE(t.io.Saw("There was an error creating silent backup file.  Error: "));
   EXPECT_FALSE(fs::exists(t.Data() / "KVL-RArchive-gone-01.zip"));
@@ -230,7 +219,6 @@ TEST_F(Backups, LoadBackupInfoTakesTheFirstDatabaseAndRefusesWhatIsNotOurs) {
   EXPECT_EQ(info->size_text, "1.5 megabytes");
   EXPECT_EQ(info->comments, "two databases");
   EXPECT_EQ(info->file_name_text, ShortPathText(zip.string()));
-
   const fs::path made = Backup();
   const std::string bytes = ReadWholeFile(made);
   const fs::path truncated = t.Root() / "KVL-RBkupcut-01.zip";
@@ -238,7 +226,6 @@ TEST_F(Backups, LoadBackupInfoTakesTheFirstDatabaseAndRefusesWhatIsNotOurs) {
   MakeZip(t.Root() / "other.zip", {{"family.mdb", "x"}}, "Made by a zip tool");
   MakeZip(t.Root() / "empty.zip", {{"readme.txt", "x"}}, BackupComment(""));
   MakeZip(t.Root() / "none.zip", {{"family.mdb", "x"}}, "");
-
   struct Case {
     fs::path zip;
     std::string_view words;
@@ -269,20 +256,16 @@ class Restores : public Backups {
     fs::create_directories(target_folder);
     t.io.shown.clear();
   }
-
   std::optional<fs::path> Restore(std::string_view name = "", bool open_after = false) {
     return RestoreDatabase(t.state, zip, info, RestoreOption::kSelectedFolder, target_folder, name,
                            open_after);
   }
-
   void ExpectPreviousOpen() {
     ASSERT_TRUE(t.state.gDb != nullptr);
     EXPECT_EQ(t.state.gDatabaseName, database.string());
     EXPECT_EQ(Swimmers(*t.state.gDb), 2);
   }
-
   bool TempEmpty() { return fs::is_empty(t.state.home.TempDir()); }
-
   fs::path zip;
   BackupInfo info;
   fs::path target_folder;
@@ -298,7 +281,6 @@ TEST_F(Restores, IntoAFolderWithItsNotesUnderTheArchivedOrTheNewName) {
   EXPECT_EQ(t.io.progress.back(), "Extracting database to temporary directory");
   EXPECT_TRUE(TempEmpty());
   ExpectPreviousOpen();
-
   const auto renamed = Restore("relay", true);
   ASSERT_TRUE(renamed.has_value());
   EXPECT_EQ(*renamed, target_folder / "relay.MDB");
@@ -320,14 +302,12 @@ TEST_F(Restores, OverwriteAsksArchivesTheOldFileAndNoLeavesItAlone) {
   const fs::path existing = target_folder / "family.mdb";
   fs::copy_file(database, existing);
   WriteFileAtomically(target_folder / "family-WKNotes.txt", "old notes");
-
   t.io.Script({Answer::kNo});
   EXPECT_EQ(Restore(), std::nullopt);
   EXPECT_TRUE(t.io.Saw("Overwrite existing database: " + existing.string() + " ?"));
   EXPECT_TRUE(t.io.Saw("Restore Canceled."));
   EXPECT_EQ(SwimmersIn(existing), 2);
   ExpectPreviousOpen();
-
   EXPECT_EQ(Restore(), existing) << "the file whose name differs only in case";
   EXPECT_EQ(SwimmersIn(existing), 1);
   EXPECT_EQ(ReadWholeFile(target_folder / "family-WKNotes.txt"), "warm-up 400 easy");
@@ -375,14 +355,12 @@ TEST_F(Restores, DamagedOrForeignDatabasesLeaveTheOldTargetUntouched) {
   const fs::path existing = target_folder / "family.MDB";
   fs::copy_file(database, existing);
   const std::string before = ReadWholeFile(existing);
-
   // The member's data broken after the archive was chosen: the checksum fails on extraction.
   std::string bytes = ReadWholeFile(zip);
   for (size_t i = 200; i < 400; ++i) bytes[i] = static_cast<char>(bytes[i] ^ 0x5A);
   WriteFileAtomically(zip, bytes);
   EXPECT_EQ(Restore(), std::nullopt);
   EXPECT_TRUE(t.io.Saw("There was an error extracting the backup file.  Error: "));
-
   // An archive of ours whose database is not a file of this system.
   const fs::path foreign = t.Root() / "KVL-RBkupfamily-02.zip";
   MakeZip(foreign, {{"family.mdb", "not a database at all"}}, BackupComment(""));
@@ -392,7 +370,6 @@ TEST_F(Restores, DamagedOrForeignDatabasesLeaveTheOldTargetUntouched) {
                             target_folder, "", false),
             std::nullopt);
   EXPECT_TRUE(t.io.Saw("Not a valid KVL-R Database."));
-
   EXPECT_EQ(ReadWholeFile(existing), before);
   EXPECT_FALSE(fs::exists(target_folder / "KVL-RArchive-family-01.zip"));
   EXPECT_TRUE(TempEmpty());

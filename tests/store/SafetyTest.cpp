@@ -86,7 +86,6 @@ struct Restorable {
   BackupInfo info;
   fs::path folder;
   fs::path target;  // the family's name in the folder
-
   Restorable(TempHome& t, int count) {
     database = ClosedDatabase(t, "family.mdb", count);
     t.state.gDatabaseName = database.string();
@@ -98,7 +97,6 @@ struct Restorable {
     fs::create_directories(folder);
     target = folder / "family.MDB";
   }
-
   std::optional<fs::path> Run(TempHome& t) const {
     return RestoreDatabase(t.state, zip, info, RestoreOption::kSelectedFolder, folder, "", false);
   }
@@ -121,12 +119,10 @@ TEST(Restore, OverAJournalAKilledWriterLeftGivesTheBackupAndArchivesTheCommitted
             }),
             128 + SIGKILL);
   ASSERT_TRUE(fs::exists(fs::path(target.string() + "-journal")));
-
   ASSERT_EQ(r.Run(t), target);
   EXPECT_TRUE(Intact(target));
   EXPECT_EQ(Swimmers(target), 1);
   EXPECT_FALSE(fs::exists(fs::path(target.string() + "-journal")));
-
   const fs::path archive = r.folder / "KVL-RArchive-family-01.zip";
   const fs::path archived = t.Root() / "archived.mdb";
   ZipArchive(archive).Extract(0, archived);
@@ -146,7 +142,6 @@ TEST(Restore, AWriteThatFailsHalfwayLeavesTheOldDatabase) {
     db.exec("UPDATE Athlete SET First = 'Zed'");
   }
   const auto size = fs::file_size(target);
-
   EXPECT_EQ(InChild([&] {
               std::signal(SIGXFSZ, SIG_IGN);
               const rlimit room{size + 1024, size + 1024};
@@ -181,7 +176,6 @@ TEST(SilentBackup, WaitsForAWriterAndArchivesWhatItCommitted) {
   ASSERT_EQ(::read(ready[0], &c, 1), 1);
   EXPECT_TRUE(SilentBackup(t.state, file));
   ::waitpid(writer, nullptr, 0);
-
   const fs::path archived = t.Root() / "archived.mdb";
   ZipArchive(SilentArchiveName(file).parent_path() / "KVL-RArchive-family-01.zip")
       .Extract(0, archived);
@@ -221,7 +215,6 @@ TEST(RemoveLeftovers, TakesWhatDeadRunsLeftAndNothingOfLiveOnes) {
   for (const auto& folder : {dead_run, live_run}) fs::create_directories(folder / "inside");
   for (const auto& part : dead_parts) WriteFileAtomically(part, "half");
   WriteFileAtomically(live_part, "being written");
-
   t.state.home.Ensure();
   EXPECT_FALSE(fs::exists(dead_run));
   EXPECT_TRUE(fs::exists(live_run));
@@ -251,7 +244,6 @@ TEST(OpenLocalDB, DamagedPagesBehindAnIntactTableListAreFoundAndRepairOffered) {
   ASSERT_GT(bytes.size(), 40 * page);
   for (size_t i = bytes.size() - 6 * page; i < bytes.size() - 2 * page; ++i) bytes[i] = '\x5A';
   WriteFileAtomically(file, bytes);
-
   t.io.Script({Answer::kNo});
   t.state.gDatabaseName = file.string();
   EXPECT_FALSE(OpenLocalDB(t.state));
@@ -264,7 +256,6 @@ TEST(OpenLocalDB, AGarbledHeaderIsOfferedTheWholeRepairAndKeepsTheRows) {
   std::string bytes = ReadWholeFile(file);
   bytes.replace(0, 24, std::string(24, 'X'));
   WriteFileAtomically(file, bytes);
-
   t.state.gDatabaseName = file.string();
   ASSERT_TRUE(OpenLocalDB(t.state));
   EXPECT_TRUE(t.io.Saw("Attempt to Repair it?"));

@@ -220,7 +220,6 @@ TEST(Completion, SplitsFollowTheirResult) {
   add.reset();
   SQLite::bind(add, id + 99, 1, 3000);
   EXPECT_THROW(add.exec(), SQLite::Exception);
-
   db.exec("DELETE FROM RESULT");
   EXPECT_EQ(RowCount(db, "SPLITS"), 0);
 }

@@ -27,7 +27,6 @@ class Child {
   ~Child();
   Child(const Child&) = delete;
   Child& operator=(const Child&) = delete;
-
   pid_t Pid() const { return pid_; }
   Exit Wait();
   // SIGKILL, then Wait(); a run that had already ended keeps its own status.

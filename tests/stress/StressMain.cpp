@@ -61,7 +61,6 @@ struct Env {
   Place Start() const { return {root / "start"}; }    // four swimmers, earlier meets
   Place Single() const { return {root / "single"}; }  // one swimmer, no meets
   fs::path Backup() const { return Files() / "KVL-RBkupfamily-01.zip"; }  // two swimmers
-
   // kvlr --home H --yes ARGS
   Args Kvlr(const Place& p, Args args) const {
     args.insert(args.begin(), {kvlr.string(), "--home", p.Home().string(), "--yes"});
@@ -97,7 +96,6 @@ Exit MustRun(const Env& env, const Place& p, const Args& args) {
 class Tally {
  public:
   explicit Tally(std::string name) : name_(std::move(name)) {}
-
   // One round's problems (none: passed); `setting` says what reproduces it.
   void Round(const Env& env, const Place& p, int round, const std::string& setting,
              const std::vector<std::string>& problems, const std::string& err) {
@@ -200,7 +198,6 @@ void Prepare(const Env& env) {
            MeetText("Made-Up Spring Invite", Date(3, 7), 300, 2000));
   WriteZip(env.Files() / "b" / "meet.zip", "MEET.CL2",
            MeetText("Made-Up Summer Classic", Date(6, 13), 200, 3000));
-
   for (const Place& p : {env.Start(), env.Single()}) {
     fs::create_directories(p.Home());
     fs::create_directories(p.Data());
@@ -263,7 +260,6 @@ void KillRounds(Env& env, Tally& tally, const KillJob& job) {
     return;
   }
   tally.Detail("complete run " + std::to_string(static_cast<int>(seconds * 1000)) + " ms");
-
   for (int round = 1; round <= kKillRounds; ++round) {
     const Place p = env.Fresh(env.Start(), "run");
     const double delay = env.Pick(1.2 * seconds);
@@ -272,7 +268,6 @@ void KillRounds(Env& env, Tally& tally, const KillJob& job) {
     std::this_thread::sleep_for(std::chrono::duration<double>(delay));
     const Exit killed = child.Kill();
     tally.Note(killed.killed ? "killed" : "finished before the kill");
-
     std::vector<std::string> problems;
     if (!killed.killed)
       ExpectCleanEnd(problems, "the run (finished before the kill)", killed, false);
@@ -336,7 +331,6 @@ void ImportPair(Env& env, Tally& tally) {
     MustRun(env, p, {"import", side.zip.string(), "--db", p.Db().string(), "--athlete", "1"});
     side.rows = RowCounts(p.Db());
   }
-
   for (int round = 1; round <= kPairRounds; ++round) {
     const Place p = env.Fresh(env.Single(), "run");
     const fs::path dbs[2] = {p.Db(), p.root / "data2" / "family.mdb"};
@@ -370,7 +364,6 @@ void BackupDuringRank(Env& env, Tally& tally) {
   const Place full = env.Fresh(env.Start(), "run");
   const std::string rows = RowCounts(full.Db());
   const double rank_seconds = MustRun(env, full, rank).seconds;
-
   for (int round = 1; round <= kPairRounds; ++round) {
     const Place p = env.Fresh(env.Start(), "run");
     const double delay = env.Pick(rank_seconds);
@@ -380,7 +373,6 @@ void BackupDuringRank(Env& env, Tally& tally) {
     const Exit backed_up = backing_up.Wait();
     const Exit ranked = ranking.Wait();
     tally.Note("rank " + Outcome(ranked) + ", backup " + Outcome(backed_up));
-
     std::vector<std::string> problems;
     ExpectCleanEnd(problems, "rank", ranked, true);
     ExpectCleanEnd(problems, "silent backup", backed_up, true);
@@ -413,7 +405,6 @@ void RestoreDuringImport(Env& env, Tally& tally) {
     }
     states.insert(RowCounts(p.Db()));
   }
-
   for (int round = 1; round <= kPairRounds; ++round) {
     const Place p = env.Fresh(env.Start(), "run");
     const double delay = env.Pick(import_seconds);
@@ -423,7 +414,6 @@ void RestoreDuringImport(Env& env, Tally& tally) {
     const Exit restored = restoring.Wait();
     const Exit imported = importing.Wait();
     tally.Note("import " + Outcome(imported) + ", restore " + Outcome(restored));
-
     std::vector<std::string> problems;
     ExpectCleanEnd(problems, "import", imported, true);
     ExpectCleanEnd(problems, "restore", restored, true);
@@ -454,7 +444,6 @@ int Main(int argc, char** argv) {
   }
   Env env{fs::absolute(argv[1]), root, std::mt19937(seed)};
   std::cout << "kvlr_stress seed " << seed << ", scratch " << root << "\n" << std::flush;
-
   const auto kill = [](KillJob (*job)(const Env&)) {
     return [job](Env& env, Tally& tally) { KillRounds(env, tally, job(env)); };
   };
@@ -468,7 +457,6 @@ int Main(int argc, char** argv) {
       {"backup during rank", BackupDuringRank},
       {"restore during import", RestoreDuringImport},
   };
-
   int passed = 0, failed = 0;
   std::string setup_problem;
   try {

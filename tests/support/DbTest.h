@@ -20,7 +20,6 @@ class DbTest : public ::testing::Test {
     return QueryRows(Db(), sql, value);
   }
   std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
-
   TempHome t;
 };
 

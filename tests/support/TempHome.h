@@ -26,11 +26,9 @@ class TempHome {
   ~TempHome();
   TempHome(const TempHome&) = delete;
   TempHome& operator=(const TempHome&) = delete;
-
   const std::filesystem::path& Root() const { return root_; }
   std::filesystem::path Home() const { return root_ / "home"; }
   std::filesystem::path Data() const { return root_ / "data"; }
-
   ScriptedUserIo io;
   FixedClock clock{DateTime{Date{2026, 11, 22}, 10, 30, 0}};
   FakeDisk disk;

@@ -61,7 +61,6 @@ class ConvertScreen : public testing::Test {
   double OptionsField(const char* field) {
     return t.state.gDb->execAndGet(std::string("SELECT ") + field + " FROM OPTIONS").getDouble();
   }
-
   TempHome t;
   std::unique_ptr<frmConvt> screen;
 };
@@ -91,21 +90,17 @@ TEST_F(ConvertScreen, ShowsTheSavedFactorsAndLeavingStraightAppliesItsRule) {
   words.insert(words.end(), kTurnExample.begin(), kTurnExample.end());
   for (std::string_view w : words)
     EXPECT_TRUE(shown.contains(QString::fromUtf8(w.data(), w.size()))) << w;
-
   Retype("txtStraight", "0.05");
   EXPECT_FALSE(TurnBoxesEnabled());
   EXPECT_TRUE(t.io.shown.empty());
-
   Retype("txtStraight", "0.2");
   EXPECT_TRUE(t.io.Saw("Maximum allowable is 0.1 ( 10% )"));
   EXPECT_EQ(Box("txtStraight")->text(), "0");
   EXPECT_TRUE(TurnBoxesEnabled());
-
   // A minus sign can't be typed: no factor is ever negative.
   Box("txtStraight")->clear();
   Type(Box("txtStraight"), "-0.05");
   EXPECT_EQ(Box("txtStraight")->text(), "0.05");
-
   // A saved straight factor opens the screen with the turn boxes off.
   t.state.gDb->exec("UPDATE OPTIONS SET Straight = 0.02");
   screen = std::make_unique<frmConvt>(t.state);
@@ -120,12 +115,10 @@ TEST_F(ConvertScreen, SaveChecksThenWritesWhatWasTyped) {
   screen->findChild<QPushButton*>("cmdSave")->click();
   EXPECT_TRUE(t.io.Saw("Maximum allowable is 0.1 ( 10% )"));
   EXPECT_EQ(OptionsField("Straight"), 0);
-
   Retype("txtCvtFactor", "1.2");
   Retype("txtFreeTurn", "1");
   screen->findChild<QRadioButton*>("optL2S")->click();
   screen->findChild<QPushButton*>("cmdSave")->click();
-
   EXPECT_EQ(screen->result(), QDialog::Accepted);
   EXPECT_EQ(t.state.gCvtFactors[1], 1.0);
   EXPECT_DOUBLE_EQ(OptionsField("CvtFactor"), 1.2);
@@ -149,7 +142,6 @@ TEST_F(ConvertScreen, CancelAndEscapeLeaveEverythingAsItWas) {
     EXPECT_EQ(t.state.gCvtFactors[0], 1.11) << escape;
     EXPECT_DOUBLE_EQ(OptionsField("CvtFactor"), 1.11) << escape;
   }
-
   // A failed save is reported and keeps the screen.
   screen = std::make_unique<frmConvt>(t.state);
   screen->show();
@@ -177,7 +169,6 @@ class CalcScreen : public testing::Test {
     Press(box, Qt::Key_Return);
     QApplication::processEvents();
   }
-
   QApplication& app = test::QtApp();  // before the screen
   frmCalc screen;
 };
@@ -192,7 +183,6 @@ TEST_F(CalcScreen, LeavingTimesGivesSumDifferenceAndAverageEnterMovesOnAndItStay
   EXPECT_EQ(Box("txtAverage")->text(), " 2:01.25");
   Enter("txtDivideBy", "2");
   EXPECT_EQ(Box("txtAverage")->text(), " 1:00.62");  // 6062.5 to even
-
   EXPECT_EQ(screen.windowTitle(), "Time Calculator");
   EXPECT_TRUE(screen.windowFlags() & Qt::WindowStaysOnTopHint);
   QStringList captions;

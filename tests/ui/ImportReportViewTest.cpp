@@ -77,7 +77,6 @@ TEST_F(ImportReportViewTest, ModelShowsTheRowsWithTheirReasonWords) {
   relay.mi = "B";
   relay.relay = "Y";
   AddIsdinRow(Db(), relay);
-
   ImportReportModel model(t_.state, false);
   QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
   model.Reload();
@@ -97,14 +96,12 @@ TEST_F(ImportReportViewTest, ModelShowsTheRowsWithTheirReasonWords) {
   EXPECT_EQ(Cell(model, 0, Col::kBirth), "01/02/2014");
   EXPECT_EQ(model.headerData(Col::kReason, Qt::Horizontal).toString(), "Reason");
   EXPECT_EQ(model.headerData(Col::kFinals, Qt::Horizontal).toString(), "Finals");
-
   ImportReportModel relays(t_.state, true);
   QAbstractItemModelTester relay_tester(&relays,
                                         QAbstractItemModelTester::FailureReportingMode::Fatal);
   relays.Reload();
   ASSERT_EQ(relays.rowCount(), 1);
   EXPECT_EQ(Cell(relays, 0, Col::kName), "Relay B");
-
   // Rows gone from the table are gone from the grid once it reads again.
   ClearIsdin(Db());
   model.Reload();
@@ -124,7 +121,6 @@ TEST_F(ImportReportViewTest, DialogCarriesTheTitleAPageForRelaysAndCloses) {
     EXPECT_EQ(pages->count(), 1);  // no relay lines, no relay page
     EXPECT_EQ(view.Individual()->rowCount(), 2);
   }
-
   IsdinRow relay = Swim("", "");
   relay.mi = "A";
   relay.relay = "Y";
@@ -138,14 +134,12 @@ TEST_F(ImportReportViewTest, DialogCarriesTheTitleAPageForRelaysAndCloses) {
   leg.p_time.clear();
   leg.f_time = "32.50";
   AddIsdinRow(Db(), leg);
-
   ImportReportView view(t_.state, ReportTitle(file));
   auto* pages = view.findChild<QTabWidget*>("tabReports");
   ASSERT_NE(pages, nullptr);
   EXPECT_EQ(pages->count(), 2);
   EXPECT_EQ(view.Relays()->rowCount(), 2);
   EXPECT_NE(view.findChild<QTableView*>("grdRelays"), nullptr);
-
   view.show();
   view.resize(1400, 420);  // the offscreen screen is narrower than the grid
   test::QtApp().processEvents();
@@ -158,7 +152,6 @@ TEST_F(ImportReportViewTest, DialogCarriesTheTitleAPageForRelaysAndCloses) {
     view.grab().save(QString("%1/frmImportReport-relays.png").arg(folder));
     pages->setCurrentIndex(0);
   }
-
   auto* close = view.findChild<QPushButton*>("cmdClose");
   ASSERT_NE(close, nullptr);
   close->click();

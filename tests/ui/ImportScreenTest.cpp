@@ -51,7 +51,6 @@ struct Picker {
   explicit Picker(std::vector<QString> answers = {}) : answers(std::move(answers)) {}
   std::vector<QString> answers;
   std::vector<ImportFileAsk> asked;
-
   ImportFilePicker Get() {
     return [this](QWidget*, const ImportFileAsk& ask) {
       asked.push_back(ask);
@@ -74,7 +73,6 @@ class ImportScreenTest : public ::testing::Test {
     q.exec();
     SetCurrentAthlete(t_.state, static_cast<int32_t>(t_.state.gDb->getLastInsertRowid()));
   }
-
   // The file as the opening checks leave it.
   ImportFile Prepared() {
     SdifFile made;
@@ -95,7 +93,6 @@ class ImportScreenTest : public ::testing::Test {
     file.status = " Import File Checked - Click OK to Import ";
     return file;
   }
-
   TempHome t_;
 };
 
@@ -109,7 +106,6 @@ TEST(ImportStatsModel, ShowsBothColumnsOfTheFiveRows) {
   for (int r = 0; r < 5; ++r) EXPECT_EQ(model.headerData(r, Qt::Vertical).toString(), rows[r]);
   EXPECT_EQ(model.headerData(0, Qt::Horizontal).toString(), " Records Checked");
   EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), "Records Processed");
-
   QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
   ImportCounts counts;
   counts.Checked(ImportRow::kRelay) = 7;
@@ -134,7 +130,6 @@ TEST_F(ImportScreenTest, CaptionAndCriteriaFollowTheMode) {
   const ImportCriteria criteria = import.Criteria();
   EXPECT_TRUE(criteria.overlay_results);
   EXPECT_FALSE(criteria.import_splits);
-
   frmImpCL report(t_.state, ImportMode::kReport);
   EXPECT_EQ(Caption(report), "Print");
   EXPECT_TRUE(Child<QGroupBox>(report, "fraCriteria")->isHidden());
@@ -151,7 +146,6 @@ TEST_F(ImportScreenTest, NothingChosenLeavesNothingToImport) {
   EXPECT_EQ(picker.asked[0].filter, "CSO Result files (KVLR_*.txt) (KVLR_*.txt KVLR_*.TXT)");
   EXPECT_EQ(picker.asked[0].folder.toStdString(), t_.state.gDataDir.string());
   EXPECT_TRUE(t_.io.shown.empty()) << "a cancelled dialog says nothing";
-
   Child<QPushButton>(screen, "cmdImport")->click();  // refused
   ASSERT_EQ(t_.io.shown.size(), 1u);
   EXPECT_EQ(t_.io.shown[0].text, "No valid import file selected.");
@@ -169,7 +163,6 @@ TEST_F(ImportScreenTest, AZipIsRefusedByNameOrUnpackedForASecondDialog) {
     ASSERT_EQ(t_.io.shown.size(), 1u);
     EXPECT_EQ(t_.io.shown[0].text, *ZipRefusal("SWGSBK0301.ZIP"));
   }
-
   std::vector<ZipSource> members;
   for (const char* name : {"meet.cl2", "meet.nv3"}) {
     WriteFileAtomically(t_.Root() / name, "made up\r\n");
@@ -214,7 +207,6 @@ TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
   EXPECT_EQ(Child<QLabel>(screen, "lblMeetName")->text(), "Autumn Made-Up Invite");
   EXPECT_EQ(screen.Statistics().Counts().checked[2], 2);
   EXPECT_EQ(Caption(screen), "Import");
-
   Child<QPushButton>(screen, "cmdImport")->click();
   ASSERT_TRUE(screen.Outcome().has_value());
   EXPECT_TRUE(screen.Outcome()->ok);
@@ -226,10 +218,8 @@ TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
   EXPECT_FALSE(Child<QGroupBox>(screen, "fraCriteria")->isEnabled());
   EXPECT_TRUE(Child<QProgressBar>(screen, "prgImport")->isHidden());
   EXPECT_FALSE(t_.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
-
   Child<QPushButton>(screen, "cmdImport")->click();
   EXPECT_EQ(screen.result(), QDialog::Accepted);
-
   // The same swims again: nothing is overlaid and the exception report is offered.
   frmImpCL again(t_.state, ImportMode::kImport);
   again.ShowFile(Prepared());
@@ -246,7 +236,6 @@ TEST_F(ImportScreenTest, AChosenFileIsCheckedIntoThePanelAndImported) {
   made.Relay();
   const fs::path file = t_.Data() / "autumn.cl2";
   WriteFileAtomically(file, made.Text());
-
   frmImpCL screen(t_.state, ImportMode::kImport);
   Picker picker{{QString::fromStdString(file.string())}};
   screen.SetFilePicker(picker.Get());
@@ -259,13 +248,11 @@ TEST_F(ImportScreenTest, AChosenFileIsCheckedIntoThePanelAndImported) {
   EXPECT_EQ(Caption(screen), "Import");
   EXPECT_TRUE(Child<QProgressBar>(screen, "prgImport")->isHidden());
   Shoot(screen, "frmImpCL-checked");
-
   Child<QPushButton>(screen, "cmdImport")->click();
   ASSERT_TRUE(screen.Outcome().has_value());
   EXPECT_TRUE(screen.Outcome()->ok);
   EXPECT_EQ(screen.Statistics().Counts().processed[2], 2);
   Shoot(screen, "frmImpCL-imported");
-
   frmImpCL report(t_.state, ImportMode::kReport);
   ASSERT_TRUE(report.LoadFile(file));
   EXPECT_EQ(Caption(report), "Print");
@@ -306,7 +293,6 @@ TEST_F(ImportScreenTest, AllFamilyTakesEverySwimmerOfTheFamilyAsTheToolDoes) {
   made.Swim().Swim("swimmer_name=DOE, TOM|sex=M|event_sex=M|event_number=13");
   const fs::path file = t_.Data() / "family.cl2";
   WriteFileAtomically(file, made.Text());
-
   frmImpCL screen(t_.state, ImportMode::kImport);
   ASSERT_TRUE(screen.LoadFile(file));
   auto* all = Child<QCheckBox>(screen, "chkImportAll");
@@ -316,7 +302,6 @@ TEST_F(ImportScreenTest, AllFamilyTakesEverySwimmerOfTheFamilyAsTheToolDoes) {
   ASSERT_TRUE(screen.Outcome().has_value());
   EXPECT_EQ(test::QueryNumber(*t_.state.gDb, "SELECT COUNT(DISTINCT Athlete) FROM RESULT"), 2);
   Shoot(screen, "frmImpCL-family");
-
   // The same file again: every line is refused, and the screen says so.
   frmImpCL again(t_.state, ImportMode::kImport);
   ASSERT_TRUE(again.LoadFile(file));

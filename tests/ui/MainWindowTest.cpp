@@ -37,7 +37,6 @@ using test::TempHome;
 class MainWindowTest : public ::testing::Test {
  protected:
   void SetUp() override { test::QtApp(); }
-
   // A database with these swimmers, remembered as the last one used and closed again.
   void LastDatabaseWith(std::initializer_list<const char*> firsts) {
     MakeOpenDatabase(t);
@@ -46,7 +45,6 @@ class MainWindowTest : public ::testing::Test {
     t.state.CloseCurrentDB();
     t.state.gDatabaseName.clear();
   }
-
   // Starts the window; `answer` stands in for the user at each modal dialog.
   std::unique_ptr<MainWindow> Started(std::function<int(QDialog&)> answer = {}) {
     auto window = std::make_unique<MainWindow>(t.state);
@@ -59,7 +57,6 @@ class MainWindowTest : public ::testing::Test {
     window->Start();
     return window;
   }
-
   TempHome t;
   QStringList dialogs;
   int add_athlete_shown = 0;
@@ -125,7 +122,6 @@ TEST_F(MainWindowTest, TwoSwimmersChooseAtLoginAndCanSwitch) {
   });
   EXPECT_EQ(dialogs, QStringList{"frmLogin"});
   EXPECT_EQ(w->windowTitle(), "KVL-R for Ben Lane");
-
   // Exit offers exit or switch; switch runs the login again and keeps the window.
   dialogs.clear();
   w->SetDialogRunner([&](QDialog& d) {
@@ -152,7 +148,6 @@ TEST_F(MainWindowTest, WithoutADatabaseOnlyTheFileCommandsWorkAndOpenNewMakesOne
   EXPECT_TRUE(w->Action(MenuCommand::kHelpAbout)->isEnabled());
   EXPECT_TRUE(dialogs.isEmpty());
   EXPECT_EQ(t.state.gDataDir, t.state.data_root);
-
   const QString file = QString::fromStdString((t.Data() / "season.mdb").string());
   w->SetDialogRunner([&](QDialog& d) {
     if (auto* chooser = qobject_cast<QFileDialog*>(&d)) {
@@ -181,7 +176,6 @@ TEST(frmBackup, WritesTheArchiveThatRestoreShowsAndFollowsTheOptionRules) {
   EXPECT_EQ(backup.Folder().toStdString(), t.Data().string());
   EXPECT_EQ(Child<QLineEdit>(backup, "txtComments")->maxLength(), 150);
   Shoot(backup, "frmBackup");
-
   const fs::path backups = t.Root() / "backups";
   backup.SetFolder(QString::fromStdString(backups.string()));
   backup.SetComment("  weekly  ");
@@ -190,7 +184,6 @@ TEST(frmBackup, WritesTheArchiveThatRestoreShowsAndFollowsTheOptionRules) {
   EXPECT_EQ(*backup.Made(), backups / "KVL-RBkupfamily-01.zip");
   EXPECT_EQ(backup.result(), QDialog::Accepted);
   const auto zip = backup.Made();
-
   frmRestore screen(t.state);
   EXPECT_EQ(screen.windowTitle(), "Restore a KVL-R database");
   EXPECT_FALSE(Child<QPushButton>(screen, "cmdRestore")->isEnabled()) << "nothing chosen yet";
@@ -200,7 +193,6 @@ TEST(frmBackup, WritesTheArchiveThatRestoreShowsAndFollowsTheOptionRules) {
   EXPECT_TRUE(Child<QLabel>(screen, "lblSize")->text().endsWith(" megabytes"));
   EXPECT_FALSE(Child<QLabel>(screen, "lblSameName")->isHidden()) << "same name as the open one";
   Shoot(screen, "frmRestore");
-
   auto* name = Child<QLineEdit>(screen, "txtDBName");
   auto* open_after = Child<QCheckBox>(screen, "chkOpenAfter");
   auto* change = Child<QPushButton>(screen, "cmdChangeFolder");
@@ -212,11 +204,9 @@ TEST(frmBackup, WritesTheArchiveThatRestoreShowsAndFollowsTheOptionRules) {
   EXPECT_FALSE(change->isEnabled());
   Child<QRadioButton>(screen, "optSelectedFolder")->setChecked(true);
   EXPECT_TRUE(change->isEnabled());
-
   Child<QPushButton>(screen, "cmdRestore")->click();
   EXPECT_TRUE(t.io.Saw("Please select a directory to restore to."));
   EXPECT_FALSE(screen.Restored().has_value());
-
   const fs::path folder = t.Root() / "restored";
   fs::create_directories(folder);
   screen.SetFolder(folder);
@@ -260,7 +250,6 @@ TEST(ReRankScreen, ShownWithASelectionItRanksAndClosesItself) {
   r.score = 5900;
   r.f_p = "P";
   const int64_t prelim = results.Add(r);
-
   frmReRank screen(t.state);
   screen.SetSelection({.since = {2025, 6, 1}, .f_p = "F"});
   auto* words = screen.findChild<QLabel*>("lblWait");
@@ -268,7 +257,6 @@ TEST(ReRankScreen, ShownWithASelectionItRanksAndClosesItself) {
   ASSERT_TRUE(words && bar);
   EXPECT_EQ(words->text(), "Ranking Top Times for Selected Dates/Meet Type.  Please Wait......");
   EXPECT_TRUE(bar->text().startsWith("Adjusting for Since Date"));
-
   screen.show();
   QElapsedTimer clock;
   clock.start();

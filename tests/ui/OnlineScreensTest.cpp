@@ -51,7 +51,6 @@ TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
   screen.SetFilePicker(picker.Picker());
   EXPECT_EQ(screen.windowTitle(), "Import Events");
   EXPECT_FALSE(Child<QPushButton>(screen, "cmdImport")->isEnabled());
-
   picker.file = QString::fromStdString((t.Data() / "meet.nv3").string());
   Child<QPushButton>(screen, "cmdBrowse")->click();
   ASSERT_EQ(picker.asked.size(), 1u);
@@ -59,7 +58,6 @@ TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
   EXPECT_EQ(picker.asked[0].filter, "Event files (*.nvv *.zip)");
   EXPECT_TRUE(t.io.Saw((t.Data() / "meet.nv3").string() + "Not a valid filename"));
   EXPECT_FALSE(screen.Ready().has_value());
-
   const fs::path a = t.Data() / "a.nvv";
   const fs::path b = t.Data() / "b.nvv";
   test::WriteLines(a, {test::NvvMeetLine("Alpha Meet", "12/05/2026"), "1;50;1;I;0;10;F"});
@@ -77,7 +75,6 @@ TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
   EXPECT_EQ(unzipped.filename(), "b.nvv");
   EXPECT_EQ(unzipped.parent_path().parent_path(), t.state.home.TempDir());
   Shoot(screen, "frmImpEv");
-
   Child<QPushButton>(screen, "cmdImport")->click();
   ASSERT_TRUE(screen.Outcome().has_value());
   EXPECT_TRUE(screen.Outcome()->ok);
@@ -85,7 +82,6 @@ TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
   EXPECT_EQ(Child<QLabel>(screen, "lblStatus")->text(), "Events imported: 2  (Beta Meet)");
   EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT COUNT(*) FROM MTEVENTE"), 2);
   Shoot(screen, "frmImpEv-imported");
-
   // A plain .nvv is ready at once and needs no list; the zip's folder is gone.
   EXPECT_TRUE(screen.ChooseFile(a));
   EXPECT_EQ(list->count(), 0);
@@ -101,16 +97,13 @@ TEST(frmUnZip, UnzipsEveryFileIntoANewFolderInTheImportFolder) {
   EXPECT_EQ(frmUnZip::FileDialogFilter(), "ZIP files (*.zip)");
   EXPECT_EQ(screen.Folder(), t.Data()) << "no database: the data folder";
   EXPECT_EQ(Child<QLabel>(screen, "lblFolder")->text().toStdString(), t.Data().string());
-
   const fs::path a = t.Data() / "notes.txt";
   test::WriteLines(a, {"made up"});
   const fs::path zip = t.Data() / "any.zip";
   ZipArchive::Create(zip, {{"notes.txt", a}, {"deep/more.cl2", a}}, "", 6);
-
   screen.SetFile(QString::fromStdString(a.string()));
   EXPECT_FALSE(screen.UnZip());
   EXPECT_EQ(t.io.shown.back().text, "Not a valid filename");
-
   screen.SetFile(QString::fromStdString(zip.string()));
   Child<QPushButton>(screen, "cmdUnZip")->click();
   const fs::path folder = t.Data() / "any";
