@@ -12,14 +12,20 @@
 #include <langinfo.h>
 
 #include "core/InstanceLock.h"
+#include "core/Look.h"
 #include "core/MainWindow.h"
 #include "core/QtUserIo.h"
+#include "core/ScreenPlacement.h"
 #include "core/Screens.h"
 #include "shell/Hooks.h"
 #include "shell/Startup.h"
 
 int main(int argc, char** argv) {
+  // Crisp at fractional scales instead of rounding to whole ones.
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+      Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QApplication app(argc, argv);
+  kvlr::ApplyDesktopLook(app);
   std::setlocale(LC_TIME, "");
   // Qt has taken its own options out of the list by now.
   std::vector<std::string> args;
@@ -59,6 +65,7 @@ int main(int argc, char** argv) {
   io.SetParent(&window);
   io.SetProgressSink([&window](const QString& line) { window.statusBar()->showMessage(line); });
   kvlr::InstallScreens(window, state);
+  new kvlr::ScreenPlacement(window, state.home.Root() / "KVL-Rscreens.ini");
   window.show();
   QTimer::singleShot(0, &window, [&window] { window.Start(); });
   return app.exec();

@@ -168,17 +168,16 @@ std::string Judge(const AppState& state, const LookupLine* first, const LookupLi
   return text;
 }
 
-std::string LookUp(AppState& state, int16_t& designator, int32_t score, std::string_view sex,
-                   int16_t distance, int16_t stroke, int16_t age, std::string_view course,
-                   bool relay) {
+// Calls `judge(first, last)` with the lines of one key of the current standard, in index
+// order; with no standard open, with no lines. Returns what `judge` returns.
+template <typename Judge>
+auto WithKeyLines(AppState& state, std::string_view sex, int16_t distance, int16_t stroke,
+                  bool relay, Judge judge) {
   // A relay's Lo_Hi age would split into low and high ages, but the lookup tests the raw
   // value: kept so, since stored levels of relays depend on it.
   const std::string_view i_r = relay ? "R" : "I";
   const std::string upper_sex = UCase(sex);
-  if (!state.gDb) {
-    designator = 0;
-    return "";
-  }
+  if (!state.gDb) return judge(nullptr, nullptr);
   SQLite::Database& db = *state.gDb;
   if (StandardCopy* copy = CopyOf(state)) {
     if (!copy->Fresh(db)) copy->Read(db);
@@ -189,14 +188,10 @@ std::string LookUp(AppState& state, int16_t& designator, int32_t score, std::str
         [](const LookupLine& line, const LookupKey& k) { return KeyOf(line) < k; });
     auto high = low;
     while (high != lines.end() && KeyOf(*high) == key) ++high;
-    return Judge(state, lines.data() + (low - lines.begin()), lines.data() + (high - lines.begin()),
-                 designator, score, age, course);
+    return judge(lines.data() + (low - lines.begin()), lines.data() + (high - lines.begin()));
   }
   const std::string table = StandardTableName(state.gStandardName);
-  if (Trim(state.gStandardName).empty() || !TableExists(db, table)) {
-    designator = 0;
-    return "";
-  }
+  if (Trim(state.gStandardName).empty() || !TableExists(db, table)) return judge(nullptr, nullptr);
   SQLite::Statement query(db, "SELECT * FROM " + Quoted(table) +
                                   " WHERE Distance = ? AND Stroke = ? AND Sex = ? AND I_R = ?" +
                                   kIndexOrder);
@@ -205,7 +200,16 @@ std::string LookUp(AppState& state, int16_t& designator, int32_t score, std::str
   query.bind(3, std::string(sex));
   query.bind(4, std::string(i_r));
   const auto lines = ReadLookupLines(query);
-  return Judge(state, lines.data(), lines.data() + lines.size(), designator, score, age, course);
+  return judge(lines.data(), lines.data() + lines.size());
+}
+
+std::string LookUp(AppState& state, int16_t& designator, int32_t score, std::string_view sex,
+                   int16_t distance, int16_t stroke, int16_t age, std::string_view course,
+                   bool relay) {
+  return WithKeyLines(state, sex, distance, stroke, relay,
+                      [&](const LookupLine* first, const LookupLine* last) {
+                        return Judge(state, first, last, designator, score, age, course);
+                      });
 }
 
 }  // namespace
@@ -242,6 +246,34 @@ std::string GetStandard(AppState& state, int16_t& designator, int32_t score, std
   if (score == 0) return "";
   return RunTrapped(state, stdtext::kGetStandard, [&] {
     return LookUp(state, designator, score, sex, distance, stroke, age, course, relay);
+  });
+}
+
+StandardCut NextStandardCut(AppState& state, int32_t score, std::string_view sex,
+                            int16_t distance, int16_t stroke, int16_t age, char course) {
+  return RunTrapped(state, stdtext::kGetStandard, [&] {
+    return WithKeyLines(
+        state, sex, distance, stroke, false, [&](const LookupLine* first, const LookupLine* last) {
+          StandardCut cut;
+          const LookupLine* line = first;
+          while (line != last && (line->ages_null || age < line->ordinal[1] ||
+                                  age > line->ordinal[2])) {
+            ++line;
+          }
+          if (line == last) return cut;
+          const size_t slow_base = static_cast<size_t>(SlowBase(course));
+          const size_t fast_base = static_cast<size_t>(FastBase(course));
+          for (size_t i = 0; i < kDesignatorCount; ++i) {
+            if (state.gDesignators[0][i].empty()) continue;
+            // A level is reached by swimming at or under its slow limit; a standard
+            // without slow limits gives its fast limits as the cuts.
+            int32_t limit = line->ordinal[slow_base + i];
+            if (limit == 0) limit = line->ordinal[fast_base + i];
+            if (limit <= 0 || (score > 0 && limit >= score)) continue;
+            if (limit > cut.score) cut = {state.gDesignators[0][i], limit};
+          }
+          return cut;
+        });
   });
 }
 

@@ -33,6 +33,17 @@ std::string GetStandard(AppState& state, int16_t& designator, int32_t score, std
                         int16_t distance, int16_t stroke, int16_t age, std::string_view course,
                         bool relay);
 
+// The next level to aim for: of the levels of the current standard's line for the swimmer
+// (individual events), the one whose cut (its slow limit, else its fast limit) is the
+// slowest still faster than `score`; with `score` 0, the slowest cut of all. An empty level
+// and 0 when there is none or no standard is open. Failures are reported as GetStandard's.
+struct StandardCut {
+  std::string level;
+  int32_t score = 0;
+};
+StandardCut NextStandardCut(AppState& state, int32_t score, std::string_view sex,
+                            int16_t distance, int16_t stroke, int16_t age, char course);
+
 // Makes `name` the current standard: OPTIONS.Standard and state.gStandardName take it and
 // the standard is opened again, so results judge against it at once. "" leaves no standard
 // current. False (reported under "frmStan.MakeCurrent") when the store fails.

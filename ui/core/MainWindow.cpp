@@ -8,6 +8,8 @@
 #include <QMenuBar>
 #include <QPrinterInfo>
 #include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -57,12 +59,17 @@ MainWindow::MainWindow(AppState& state, QWidget* parent) : QMainWindow(parent), 
   state_.gStroke = StartStrokeList();
   state_.gDistance = DistanceList();
   state_.gCourse = CourseList();
-  background_ = new QLabel(this);
+  central_ = new QStackedWidget(this);
+  background_ = new QLabel(central_);
   background_->setObjectName("picBackground");
   background_->setAlignment(Qt::AlignCenter);
   background_->setScaledContents(false);
-  setCentralWidget(background_);
+  home_ = new frmHome(state_, central_);
+  central_->addWidget(background_);
+  central_->addWidget(home_);
+  setCentralWidget(central_);
   BuildMenus();
+  BuildToolBar();
   InstallShellHandlers();
   statusBar();
   SetFileMenus(false);
@@ -116,6 +123,7 @@ void MainWindow::BuildMenus() {
       auto it = handlers_.find(command);
       if (it != handlers_.end() && it->second) {
         it->second();
+        CommandEnded();
       } else {
         state_.io->Message((plain + Q(shell_text::kNotAvailableYet)).toStdString(),
                            box::kInformation, "");
@@ -182,6 +190,51 @@ void MainWindow::InstallShellHandlers() {
   });
 }
 
+void MainWindow::BuildToolBar() {
+  using C = MenuCommand;
+  auto icon = [this](const char* theme, QStyle::StandardPixmap fallback) {
+    return QIcon::fromTheme(theme, style()->standardIcon(fallback));
+  };
+  struct Tool {
+    C command;
+    const char* theme;
+    QStyle::StandardPixmap fallback;
+    QKeySequence keys;
+  };
+  const Tool tools[] = {
+      {C::kOpenNew, "document-open", QStyle::SP_DialogOpenButton, QKeySequence::Open},
+      {C::kImportResults, "document-import", QStyle::SP_ArrowDown, QKeySequence("Ctrl+I")},
+      {C::kResults, "view-list-details", QStyle::SP_FileDialogDetailedView,
+       QKeySequence("Ctrl+R")},
+      {C::kMeets, "x-office-calendar", QStyle::SP_FileDialogListView, QKeySequence("Ctrl+M")},
+      {C::kBackup, "document-save", QStyle::SP_DialogSaveButton, QKeySequence("Ctrl+B")},
+  };
+  QToolBar* bar = addToolBar(tr("Everyday"));
+  bar->setObjectName("tbrMain");
+  bar->setMovable(false);
+  bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  home_action_ = bar->addAction(icon("go-home", QStyle::SP_DirHomeIcon), tr("Best Times"));
+  home_action_->setObjectName("tbrHome");
+  home_action_->setShortcut(QKeySequence("Ctrl+H"));
+  home_action_->setToolTip(tr("The home page: best times, last and next meet, goals (Ctrl+H)"));
+  connect(home_action_, &QAction::triggered, this, &MainWindow::RefreshTitle);
+  for (const Tool& tool : tools) {
+    QAction* action = actions_[tool.command];
+    action->setIcon(icon(tool.theme, tool.fallback));
+    action->setShortcut(tool.keys);
+    bar->addAction(action);
+  }
+  actions_[C::kExit]->setShortcut(QKeySequence("Ctrl+Q"));
+  actions_[C::kExit]->setIcon(icon("application-exit", QStyle::SP_DialogCloseButton));
+  actions_[C::kHelpContents]->setShortcut(QKeySequence::HelpContents);
+  actions_[C::kHelpContents]->setIcon(icon("help-contents", QStyle::SP_DialogHelpButton));
+}
+
+void MainWindow::CommandEnded() {
+  statusBar()->clearMessage();
+  RefreshTitle();
+}
+
 void MainWindow::SetHandler(MenuCommand command, std::function<void()> handler) {
   handlers_[command] = std::move(handler);
 }
@@ -230,6 +283,14 @@ void MainWindow::RefreshTitle() {
   auto picture = BackgroundPicture(state_);
   QPixmap pixmap;
   if (picture) pixmap.load(QString::fromStdString(picture->string()));
+  home_action_->setEnabled(state_.gDbOpen && state_.gAthlete > 0);
+  if (state_.gDbOpen && state_.gAthlete > 0 && set_up_) {
+    home_->SetPicture(pixmap);
+    home_->Refresh();
+    central_->setCurrentWidget(home_);
+    return;
+  }
+  central_->setCurrentWidget(background_);
   if (!pixmap.isNull()) {
     background_->setPixmap(pixmap);
     return;

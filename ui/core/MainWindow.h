@@ -9,9 +9,11 @@
 
 #include <QLabel>
 #include <QMainWindow>
+#include <QStackedWidget>
 
 #include "core/AppState.h"
 #include "core/DialogRunner.h"
+#include "home/HomeScreen.h"
 #include "shell/MenuPlan.h"
 
 namespace kvlr {
@@ -27,8 +29,11 @@ class MainWindow final : public QMainWindow {
   // A database named on the command line, opened by Start instead of the last one.
   void SetStartFile(std::filesystem::path file) { start_file_ = std::move(file); }
 
-  // Renews the title and the background from the state.
+  // Renews the title, and the home page or the background, from the state.
   void RefreshTitle();
+  // The page shown while a swimmer is current.
+  frmHome& Home() { return *home_; }
+  bool ShowsHome() const { return central_->currentWidget() == home_; }
   void SetMenus(bool database_open);
   void SetFileMenus(bool database_open);
 
@@ -54,6 +59,10 @@ class MainWindow final : public QMainWindow {
 
  private:
   void BuildMenus();
+  // The everyday commands, with the usual shortcuts and icons, on a tool bar.
+  void BuildToolBar();
+  // After a command: the status bar goes back to idle and the page shows what changed.
+  void CommandEnded();
   void InstallShellHandlers();
   void ShowLastFiles(const std::vector<std::string>& files);
   void OpenNew();
@@ -70,7 +79,10 @@ class MainWindow final : public QMainWindow {
   std::map<QString, QMenu*> menus_;
   std::vector<QAction*> last_file_actions_;
   QAction* last_files_separator_ = nullptr;
+  QAction* home_action_ = nullptr;
+  QStackedWidget* central_ = nullptr;
   QLabel* background_ = nullptr;
+  frmHome* home_ = nullptr;
   PrinterNames printer_at_start_;
   std::filesystem::path start_file_;
   bool started_ = false;

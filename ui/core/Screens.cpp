@@ -140,24 +140,54 @@ void ShowGoals(MainWindow& window, AppState& state, char course) {
   screen.exec();
 }
 
+void ShowMeetResults(AppState& state, QWidget* parent, int32_t meet) {
+  if (!OfferDefaultEvents(state, EventList::kResults, meet)) return;
+  frmResNa results(state, meet, parent);
+  results.exec();
+}
+
+void ShowMeetEntries(AppState& state, QWidget* parent, int32_t meet) {
+  if (!OfferDefaultEvents(state, EventList::kEntries, meet)) return;
+  frmEntNa entries(state, meet, parent);
+  if (entries.Ready()) entries.exec();
+}
+
+// Where a row of the home page leads.
+void OpenFromHome(MainWindow& window, AppState& state, const HomeLink& link) {
+  switch (link.target) {
+    case HomeTarget::kResults: {
+      frmResults screen(state, &window);
+      if (link.distance > 0) screen.ShowEvent(link.distance, link.stroke);
+      screen.exec();
+      break;
+    }
+    case HomeTarget::kMeetResults:
+      ShowMeetResults(state, &window, link.meet);
+      break;
+    case HomeTarget::kEntries:
+      ShowMeetEntries(state, &window, link.meet);
+      break;
+    case HomeTarget::kGoals:
+      ShowGoals(window, state, link.course);
+      break;
+    case HomeTarget::kNone:
+      return;
+  }
+  window.RefreshTitle();
+}
+
 }  // namespace
 
 void InstallScreens(MainWindow& window, AppState& state) {
   using C = MenuCommand;
+  window.Home().SetOpen(
+      [&window, &state](const HomeLink& link) { OpenFromHome(window, state, link); });
   window.SetHandler(C::kAthletes, [&window, &state] { ShowAthletes(window, state, false); });
   window.SetAddAthleteScreen([&window, &state] { ShowAthletes(window, state, true); });
   window.SetHandler(C::kMeets, [&window, &state] {
     frmMeets meets(state, &window);
-    meets.SetOpenResults([&state, &meets](int32_t meet) {
-      if (!OfferDefaultEvents(state, EventList::kResults, meet)) return;
-      frmResNa results(state, meet, &meets);
-      results.exec();
-    });
-    meets.SetOpenEntries([&state, &meets](int32_t meet) {
-      if (!OfferDefaultEvents(state, EventList::kEntries, meet)) return;
-      frmEntNa entries(state, meet, &meets);
-      if (entries.Ready()) entries.exec();
-    });
+    meets.SetOpenResults([&state, &meets](int32_t meet) { ShowMeetResults(state, &meets, meet); });
+    meets.SetOpenEntries([&state, &meets](int32_t meet) { ShowMeetEntries(state, &meets, meet); });
     meets.exec();
   });
   window.SetHandler(C::kMeetTypes, [&window, &state] {

@@ -27,6 +27,8 @@ class frmResults final : public QDialog {
   // "Fastest" asks for it) and fills the grid. A failure is reported as "frmResults.GetResults"
   // and leaves the grid empty.
   void GetResults();
+  // Filters the grid to one event in every course.
+  void ShowEvent(int16_t distance, int16_t stroke);
   // A click on a column heading.
   void HeadingClicked(int column);
   // "Last Entered First".
