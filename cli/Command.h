@@ -68,5 +68,6 @@ std::vector<Command> StandardCommands();
 std::vector<Command> CheckCommands();
 std::vector<Command> ImportCommands();
 std::vector<Command> EventCommands();
+std::vector<Command> DemoCommands();
 
 }  // namespace kvlr::cli

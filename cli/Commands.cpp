@@ -102,7 +102,7 @@ const std::vector<Command>& Commands() {
     std::vector<Command> all;
     for (auto list : {DatabaseCommands, AthleteCommands, BackupCommands, MeetCommands,
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
-                      BestCommands, CheckCommands, ImportCommands, EventCommands}) {
+                      BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
     }
     return all;
