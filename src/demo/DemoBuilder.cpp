@@ -64,6 +64,7 @@ class Builder {
     summary_.database = fs::absolute(database);
     OpenNew();
     AddFamily();
+    ShowLeadOffs();
     ImportMeets();
     MarkMeets();
     AddStandard();
@@ -108,6 +109,13 @@ class Builder {
       Require(SaveAthlete(state_, card).status == SaveStatus::kSaved, "adding " + s.first);
       athletes_.push_back(card.athlete);
     }
+  }
+
+  // The results browser lists relay lead-offs only with this preference on.
+  void ShowLeadOffs() {
+    SystemPreferences prefs = LoadSystemPreferences(state_);
+    prefs.use_lead_off = true;
+    SaveSystemPreferences(state_, prefs);
   }
 
   void ImportMeets() {

@@ -43,14 +43,15 @@ struct Stem {
   const char* location;
 };
 const std::vector<Stem> kYardMeets = {{"Pretend Pines Kickoff", "Pretend Pines, ZZ"},
-                                      {"Imaginary Bay Turkey Trot", "Imaginary Bay, ZZ"},
+                                      {"Imaginary Bay Autumn Dash", "Imaginary Bay, ZZ"},
                                       {"Lake Nowhere Sprints", "Lake Nowhere, ZZ"},
                                       {"Marlins Winter Open", "Anytown, ZZ"},
                                       {"Fictional Falls Invite", "Fictional Falls, ZZ"}};
 const std::vector<Stem> kMetreMeets = {{"Nowhere Metric Cup", "Nowhere, ZZ"}};
 const std::vector<Stem> kLongMeets = {{"Sandbox Valley LC Open", "Sandbox Valley, ZZ"},
                                       {"Summer Splash LC Invite", "Anytown, ZZ"},
-                                      {"Pretend Pines LC Meet", "Pretend Pines, ZZ"}};
+                                      {"Pretend Pines LC Meet", "Pretend Pines, ZZ"},
+                                      {"Anytown LC Classic", "Anytown, ZZ"}};
 const Stem kYardChamps = {"Demo County Champs", "Anytown, ZZ"};
 const Stem kLongChamps = {"Demo State LC Champs", "Sandbox Valley, ZZ"};
 
@@ -120,13 +121,24 @@ class Model {
     return out;
   }
 
+  // The Saturday on or before the i-th fifth week.
+  Date MeetDate(int i) const {
+    const Date d = AddDays(start_, i * 35L);
+    return AddDays(d, -((Weekday(d) + 1) % 7));
+  }
+
+  static char CourseOf(const Date& d) {
+    return d.month >= 4 && d.month <= 8 ? 'L' : d.month == 12 ? 'S' : 'Y';
+  }
+
   PlannedMeet MakeMeet(int i, std::array<size_t, 3>& stem_counter) {
-    Date start = AddDays(start_, i * 35L);
-    start = AddDays(start, -((Weekday(start) + 1) % 7));  // the Saturday before
+    const Date start = MeetDate(i);
     const double progress = static_cast<double>(DaysBetween(start_, start)) / kTimelineDays;
-    const char course = start.month >= 4 && start.month <= 8 ? 'L' : start.month == 12 ? 'S' : 'Y';
+    const char course = CourseOf(start);
     PlannedMeet pm;
-    pm.championship = start.month == 3 || start.month == 8;
+    // The last meet of a yards winter or a summer long-course season.
+    pm.championship = i + 1 < kMeetCount && CourseOf(MeetDate(i + 1)) != course &&
+                      (start.month == 2 || start.month == 3 || start.month == 7 || start.month == 8);
     const size_t slot = course == 'Y' ? 0 : course == 'S' ? 1 : 2;
     const auto& stems = slot == 0 ? kYardMeets : slot == 1 ? kMetreMeets : kLongMeets;
     const Stem stem = pm.championship ? (course == 'L' ? kLongChamps : kYardChamps)
@@ -154,7 +166,7 @@ class Model {
       const int age = AgeOn(a.swimmer.birth, start);
       const size_t count = f == 0 ? 4 : 3;
       for (size_t k = 0; k < count; ++k) {
-        const EventModel& e = a.events[(static_cast<size_t>(i) * 2 + k * 3) % a.events.size()];
+        const EventModel& e = a.events[(static_cast<size_t>(i) * 3 + k * 2) % a.events.size()];
         if (course == 'L' && !e.long_course) continue;
         Swim s;
         s.swimmer = static_cast<int>(f);
@@ -251,7 +263,7 @@ class Model {
   // of the timeline, the older age group a little faster.
   std::string StandardCsv() {
     static constexpr std::array<const char*, 5> kLevels = {"AAA", "AA", "A", "BB", "B"};
-    static constexpr std::array<double, 5> kFactors = {0.84, 0.89, 0.94, 1.0, 1.07};
+    static constexpr std::array<double, 5> kFactors = {0.86, 0.90, 0.95, 0.99, 1.04};
     std::string csv = "Sex,I_R,Lo_Age,Hi_Age,Distance,Stroke";
     for (const char* level : kLevels) {
       for (const char course : {'Y', 'S', 'L'}) {
