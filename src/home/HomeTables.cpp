@@ -101,6 +101,7 @@ HomeTable LastMeet(const HomePage& page, const HomeDateText& date_text) {
 HomeTable NextMeet(const HomePage& page, const HomeDateText& date_text) {
   HomeTable table;
   table.headers = {"Event No.", "Event", "Entry Time"};
+  table.text_columns = 2;
   if (!page.next_meet) {
     table.title = "Next Meet";
     table.empty_text = "No meet ahead on file: Meets > Add makes one.";
@@ -125,6 +126,7 @@ HomeTable Goals(const HomePage& page) {
   HomeTable table;
   table.title = "Goals";
   table.headers = {"Course", "Event", "Goal", "Best", "To Take Off"};
+  table.text_columns = 2;
   table.empty_text = "No goals yet: Goals > Yards, SCM or LCM sets them.";
   table.empty_link = {HomeTarget::kGoals, 0, 'Y', 0, 0};
   for (const HomeGoal& goal : page.goals) {

@@ -27,6 +27,7 @@ struct HomeLink {
 struct HomeTable {
   std::string title;
   std::vector<std::string> headers;
+  size_t text_columns = 1;  // the leading columns of words; the rest hold times and numbers
   std::vector<std::vector<std::string>> rows;
   std::vector<HomeLink> links;  // one per row
   std::vector<bool> good;       // one per row: an improvement, a level or a goal reached

@@ -197,17 +197,18 @@ void MainWindow::BuildToolBar() {
   };
   struct Tool {
     C command;
+    const char* label;
     const char* theme;
     QStyle::StandardPixmap fallback;
     QKeySequence keys;
   };
   const Tool tools[] = {
-      {C::kOpenNew, "document-open", QStyle::SP_DialogOpenButton, QKeySequence::Open},
-      {C::kImportResults, "document-import", QStyle::SP_ArrowDown, QKeySequence("Ctrl+I")},
-      {C::kResults, "view-list-details", QStyle::SP_FileDialogDetailedView,
+      {C::kOpenNew, "Open", "document-open", QStyle::SP_DialogOpenButton, QKeySequence::Open},
+      {C::kImportResults, "Import", "document-import", QStyle::SP_ArrowDown, QKeySequence("Ctrl+I")},
+      {C::kResults, "Results", "view-list-details", QStyle::SP_FileDialogDetailedView,
        QKeySequence("Ctrl+R")},
-      {C::kMeets, "x-office-calendar", QStyle::SP_FileDialogListView, QKeySequence("Ctrl+M")},
-      {C::kBackup, "document-save", QStyle::SP_DialogSaveButton, QKeySequence("Ctrl+B")},
+      {C::kMeets, "Meets", "x-office-calendar", QStyle::SP_FileDialogListView, QKeySequence("Ctrl+M")},
+      {C::kBackup, "Backup", "document-save", QStyle::SP_DialogSaveButton, QKeySequence("Ctrl+B")},
   };
   QToolBar* bar = addToolBar(tr("Everyday"));
   bar->setObjectName("tbrMain");
@@ -219,10 +220,18 @@ void MainWindow::BuildToolBar() {
   home_action_->setToolTip(tr("The home page: best times, last and next meet, goals (Ctrl+H)"));
   connect(home_action_, &QAction::triggered, this, &MainWindow::RefreshTitle);
   for (const Tool& tool : tools) {
-    QAction* action = actions_[tool.command];
-    action->setIcon(icon(tool.theme, tool.fallback));
-    action->setShortcut(tool.keys);
-    bar->addAction(action);
+    // A button of its own: an icon on a menu-bar command would replace its word there.
+    QAction* command = actions_[tool.command];
+    QAction* button = bar->addAction(icon(tool.theme, tool.fallback), tr(tool.label));
+    button->setToolTip(QString("%1 (%2)").arg(QString::fromStdString(PlainCaption(
+                                                  command->text().toStdString())),
+                                              tool.keys.toString(QKeySequence::NativeText)));
+    button->setObjectName("tbr" + command->objectName());
+    button->setShortcut(tool.keys);
+    button->setEnabled(command->isEnabled());
+    connect(button, &QAction::triggered, command, &QAction::trigger);
+    connect(command, &QAction::changed, button,
+            [button, command] { button->setEnabled(command->isEnabled()); });
   }
   actions_[C::kExit]->setShortcut(QKeySequence("Ctrl+Q"));
   actions_[C::kExit]->setIcon(icon("application-exit", QStyle::SP_DialogCloseButton));
@@ -345,7 +354,7 @@ void MainWindow::Start() {
     }
   }
   set_up_ = true;
-  RefreshTitle();
+  CommandEnded();
 }
 
 void MainWindow::RunLogin() {

@@ -1,7 +1,7 @@
 #include "home/HomeScreen.h"
 
 #include <QComboBox>
-#include <QGridLayout>
+#include <QScrollArea>
 #include <QHeaderView>
 #include <QLabel>
 #include <QTableView>
@@ -37,38 +37,40 @@ frmHome::frmHome(AppState& state, QWidget* parent) : QWidget(parent), state_(sta
   top->addWidget(target_);
   layout->addLayout(top);
 
-  auto* grid = new QGridLayout;
+  // The four tables one below the other, each as tall as its rows; the page scrolls.
+  auto* scroll = new QScrollArea(this);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  auto* page = new QWidget(scroll);
+  auto* tables = new QVBoxLayout(page);
   for (size_t i = 0; i < models_.size(); ++i) {
-    auto* box = new QVBoxLayout;
-    titles_[i] = new QLabel(this);
+    titles_[i] = new QLabel(page);
     QFont bold = titles_[i]->font();
     bold.setBold(true);
     titles_[i]->setFont(bold);
     models_[i] = new HomeTableModel(this);
-    views_[i] = new QTableView(this);
+    views_[i] = new QTableView(page);
     views_[i]->setObjectName(QString("grdHome%1").arg(i));
     views_[i]->setModel(models_[i]);
     views_[i]->setSelectionBehavior(QAbstractItemView::SelectRows);
     views_[i]->setSelectionMode(QAbstractItemView::SingleSelection);
     views_[i]->setEditTriggers(QAbstractItemView::NoEditTriggers);
     views_[i]->setAlternatingRowColors(true);
+    views_[i]->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    views_[i]->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     views_[i]->verticalHeader()->hide();
-    views_[i]->horizontalHeader()->setStretchLastSection(true);
+    views_[i]->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    views_[i]->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     const int table = static_cast<int>(i);
     connect(views_[i], &QTableView::activated, this,
             [this, table](const QModelIndex& index) { Activate(table, index.row()); });
-    box->addWidget(titles_[i]);
-    box->addWidget(views_[i]);
-    // Best times across the top, the meets and goals side by side below.
-    if (i == 0) {
-      grid->addLayout(box, 0, 0, 1, 3);
-    } else {
-      grid->addLayout(box, 1, table - 1);
-    }
+    tables->addWidget(titles_[i]);
+    tables->addWidget(views_[i]);
+    tables->addSpacing(8);
   }
-  grid->setRowStretch(0, 3);
-  grid->setRowStretch(1, 2);
-  layout->addLayout(grid, 1);
+  tables->addStretch(1);
+  scroll->setWidget(page);
+  layout->addWidget(scroll, 1);
 }
 
 void frmHome::SetPicture(const QPixmap& picture) {
@@ -89,12 +91,14 @@ void frmHome::Refresh() {
   for (size_t i = 0; i < models_.size(); ++i) {
     titles_[i]->setText(QString::fromStdString(tables[i].title));
     models_[i]->SetTable(tables[i]);
-    views_[i]->clearSpans();
+    QTableView& view = *views_[i];
+    view.clearSpans();
     if (models_[i]->ShowsHint() && models_[i]->columnCount() > 1) {
-      views_[i]->setSpan(0, 0, 1, models_[i]->columnCount());
-    } else {
-      views_[i]->resizeColumnsToContents();
+      view.setSpan(0, 0, 1, models_[i]->columnCount());
     }
+    view.setFixedHeight(view.horizontalHeader()->sizeHint().height() +
+                        models_[i]->rowCount() * view.verticalHeader()->defaultSectionSize() +
+                        2 * view.frameWidth());
   }
 }
 

@@ -55,7 +55,7 @@ QVariant HomeTableModel::data(const QModelIndex& index, int role) const {
       }
       return {};
     case Qt::TextAlignmentRole:
-      return column == 0 ? QVariant(Qt::AlignLeft | Qt::AlignVCenter)
+      return column < table_.text_columns ? QVariant(Qt::AlignLeft | Qt::AlignVCenter)
                          : QVariant(Qt::AlignRight | Qt::AlignVCenter);
     default:
       return {};
