@@ -11,7 +11,9 @@
 #include <SQLiteCpp/VariadicBind.h>
 #include <QApplication>
 
+#include "athletes/CurrentAthlete.h"
 #include "core/MainWindow.h"
+#include "home/HomePage.h"
 #include "store/Database.h"
 #include "store/DbVersion.h"
 #include "store/LastDatabase.h"
@@ -41,7 +43,17 @@ fs::path MakeHome() {
   ApplyDatabaseSettings(state);
   {
     SQLite::Transaction transaction(*state.gDb);
-    state.gDb->exec("INSERT INTO Athlete (First, Last, Sex) VALUES ('Ada', 'Lane', 'F')");
+    state.gDb->exec(
+        "INSERT INTO Athlete (First, Last, Sex, Birth) VALUES ('Ada', 'Lane', 'F', '2012-04-01')");
+    // Meets over the last years and one ahead, so the home page finds a last and a next meet.
+    SQLite::Statement meet(*state.gDb,
+                           "INSERT INTO MEET (Meet, MName, Start, Course, Type) "
+                           "VALUES (?, ?, date('now', ?), 'Y', 'AG')");
+    for (int m = 1; m <= 501; ++m) {
+      meet.reset();
+      SQLite::bind(meet, m, "Meet " + std::to_string(m), std::to_string(m * 3 - 1500) + " days");
+      meet.exec();
+    }
     SQLite::Statement add(*state.gDb,
                           "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, DISTANCE, "
                           "STROKE, COURSE, MTEVENT, RANK) VALUES (?, 1, 'I', ?, 'F', 0, ?, ?, "
@@ -81,6 +93,23 @@ void BM_LaunchToUsableWindow(benchmark::State& s) {
   fs::remove_all(root);
 }
 BENCHMARK(BM_LaunchToUsableWindow)->Unit(benchmark::kMillisecond);
+
+// The home page's fill alone, for the swimmer of those 10,000 results.
+void BM_FillHomePage(benchmark::State& s) {
+  const fs::path root = MakeHome();
+  SilentIo io;
+  SystemClock clock;
+  SystemDiskInfo disk;
+  AppState state(ProgramHome(root / "home"), io, clock, disk);
+  state.gDatabaseName = (root / "data" / "family.mdb").string();
+  OpenLocalDB(state);
+  ApplyDatabaseSettings(state);
+  SetCurrentAthlete(state, 1);
+  for (auto _ : s) benchmark::DoNotOptimize(FillHomePage(state, clock.Today(), 'Y'));
+  state.CloseCurrentDB();
+  fs::remove_all(root);
+}
+BENCHMARK(BM_FillHomePage)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace kvlr
