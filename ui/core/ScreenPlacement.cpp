@@ -41,17 +41,28 @@ void SizeGrids(QWidget& screen) {
 
 ScreenPlacement::ScreenPlacement(QWidget& main, std::filesystem::path file)
     : QObject(&main), main_(main), file_(QString::fromStdString(file.string())) {
+  const QSettings kept(file_, QSettings::IniFormat);
+  const QByteArray geometry = kept.value("screens/" + main.objectName()).toByteArray();
+  if (geometry.isEmpty() || !main.restoreGeometry(geometry)) {
+    // The first time: most of the screen, so the wide screens fit inside the window.
+    if (const QScreen* display = main.screen()) {
+      const QSize room = display->availableGeometry().size() * 0.9;
+      main.resize(room.expandedTo(main.size()).boundedTo(display->availableGeometry().size()));
+    }
+  }
   qApp->installEventFilter(this);
 }
 
 QRect ScreenPlacement::Fit(const QRect& main, const QSize& wanted) {
-  const QSize size = wanted.boundedTo(main.size());
+  // A margin keeps the main window's edge in sight around the screen.
+  const QSize size = wanted.boundedTo(main.size() - QSize(32, 32));
   QRect place(QPoint(0, 0), size);
   place.moveCenter(main.center());
   return place;
 }
 
 bool ScreenPlacement::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &main_ && event->type() == QEvent::Close) Keep(main_);
   auto* screen = qobject_cast<QDialog*>(watched);
   if (!screen || !screen->isWindow() || screen->objectName().isEmpty()) return false;
   if (event->type() == QEvent::Show) {
