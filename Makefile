@@ -3,7 +3,7 @@ BUILD ?= build
 TYPE ?= RelWithDebInfo
 JOBS ?= 2
 
-.PHONY: run test stress deps configure build bench fuzz clean
+.PHONY: run test stress deps configure build bench fuzz clean install uninstall
 
 run: build
 	scripts/run.sh $(BUILD)
@@ -23,6 +23,16 @@ configure: deps
 
 build: configure
 	cmake --build $(BUILD) -j$(JOBS)
+
+# Installs under PREFIX (DESTDIR, if set, stages it), then refreshes the desktop's caches.
+PREFIX ?= /usr/local
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix $(PREFIX)
+	scripts/install-tree.sh refresh "$(DESTDIR)$(PREFIX)"
+
+# Removes what the last `make install` put there.
+uninstall:
+	scripts/install-tree.sh uninstall $(BUILD) "$(DESTDIR)$(PREFIX)"
 
 bench: build
 	for b in $(BUILD)/bench/bench_*; do $$b; done
