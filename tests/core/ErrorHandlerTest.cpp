@@ -83,12 +83,11 @@ TEST(ErrorHandler, TableGivesTextAndStyleForSystemFailuresAndAnswers) {
   EXPECT_EQ(StoreErrorNumber(5 /* busy */), err::kFileInUse);
   EXPECT_EQ(StoreErrorNumber(13 /* full */), err::kDiskFull);
   EXPECT_EQ(StoreErrorNumber(275 /* check constraint */), err::kFieldTooLong);
-  EXPECT_EQ(ActionFor(Answer::kOk), action::kRetry);
-  EXPECT_EQ(ActionFor(Answer::kRetry), action::kRetry);
-  EXPECT_EQ(ActionFor(Answer::kCancel), action::kContinue);
-  EXPECT_EQ(ActionFor(Answer::kIgnore), action::kContinue);
-  EXPECT_EQ(ActionFor(Answer::kAbort), action::kAbort);
-  EXPECT_EQ(ActionFor(Answer::kNo), action::kLeave);
+  EXPECT_EQ(std::make_tuple(ActionFor(Answer::kOk), ActionFor(Answer::kRetry),
+                            ActionFor(Answer::kCancel), ActionFor(Answer::kIgnore),
+                            ActionFor(Answer::kAbort), ActionFor(Answer::kNo)),
+            std::make_tuple(action::kRetry, action::kRetry, action::kContinue, action::kContinue,
+                            action::kAbort, action::kLeave));
 }
 
 TEST(ErrorHandler, AnUnwritableLogIsPassedOverSilently) {

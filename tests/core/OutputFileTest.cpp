@@ -49,7 +49,9 @@ TEST(OutputFileOk, RefusesDatabasesAndForeignFilesAndAsksBeforeReplacing) {
     for (Answer a : c.answers) t.io.Script({a});
     EXPECT_EQ(OutputFileOk(t.state, c.file, kCsvOutput), c.ok);
     ASSERT_EQ(t.io.shown.size(), c.words.empty() ? 0u : 1u);
-    if (!c.words.empty()) EXPECT_NE(t.io.shown[0].text.find(c.words), std::string::npos);
+    if (!c.words.empty()) {
+      EXPECT_NE(t.io.shown[0].text.find(c.words), std::string::npos);
+    }
   }
   // A file dialog that asked already: no second question, but a database is still refused.
   t.io.shown.clear();

@@ -45,14 +45,15 @@ TEST(AgeGroupTest, PresetRowsAndTexts) {
       {1112, "11-12"}, {812, "08-12"}};
   // clang-format on
   for (const auto& [value, expected] : lo_hi) EXPECT_EQ(LoHiText(value), expected) << value;
-  EXPECT_EQ(AgeRangeText(0, 10), "Under-10");
-  EXPECT_EQ(AgeRangeText(15, 99), "15 Over");
-  EXPECT_EQ(AgeRangeText(11, 12), "11-12");
+  const std::tuple<int, int, const char*, const char*> ranges[] = {
+      {0, 10, "Under-10", "10 and Under"}, {15, 99, "15 Over", "15 and Over"},
+      {11, 12, "11-12", "11 - 12"}};
+  for (const auto& [lo, hi, text, caption] : ranges) {
+    EXPECT_EQ(AgeRangeText(lo, hi), text) << lo << hi;
+    EXPECT_EQ(AgeRangeCaption(lo, hi), caption) << lo << hi;
+  }
   EXPECT_EQ(AgeRangeCaption(0, 0), "");
   EXPECT_EQ(AgeRangeCaption(0, 99), "Open");
-  EXPECT_EQ(AgeRangeCaption(0, 10), "10 and Under");
-  EXPECT_EQ(AgeRangeCaption(15, 99), "15 and Over");
-  EXPECT_EQ(AgeRangeCaption(11, 12), "11 - 12");
 }
 
 TEST(WordsTest, StrokeSexFinalsAndEventNumbers) {
@@ -64,14 +65,10 @@ TEST(WordsTest, StrokeSexFinalsAndEventNumbers) {
   for (const auto& [stroke, i_r, expected] : strokes) {
     EXPECT_EQ(StrokeText(stroke, i_r), expected) << stroke << i_r;
   }
-  EXPECT_EQ(SexWord("F"), "Female");
-  EXPECT_EQ(SexWord("X"), "Mixed");
-  EXPECT_EQ(SexWord(""), "");
-  EXPECT_EQ(GirlWord(0), "Women");
-  EXPECT_EQ(BoyWord(2), "Boys");
-  EXPECT_EQ(FinalsWord("I"), "Semi-Final");
-  EXPECT_EQ(FinalsWord("T"), "Time Trial");
-  EXPECT_EQ(FinalsWord("L"), "");
+  EXPECT_EQ(std::make_tuple(SexWord("F"), SexWord("X"), SexWord(""), GirlWord(0), BoyWord(2)),
+            std::make_tuple("Female", "Mixed", "", "Women", "Boys"));
+  EXPECT_EQ(std::make_tuple(FinalsWord("I"), FinalsWord("T"), FinalsWord("L")),
+            std::make_tuple("Semi-Final", "Time Trial", ""));
   // clang-format off
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"7", "   7"}, {" 12 ", "  12"}, {"123", " 123"},

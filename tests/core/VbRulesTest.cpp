@@ -48,10 +48,9 @@ TEST(TextCleanTest, TrimUCaseCharacterFiltersAndOneBasedRemoval) {
   EXPECT_EQ(StripIt(" x1:02.5-3s"), "1:02.53");
   EXPECT_EQ(RemoveBadCharacters("a*b.c\\d/e f"), "abcde f");
   EXPECT_EQ(ValidTableName("my std's [2024]. v!1"), "MYSTDS2024V1");
-  EXPECT_EQ(RemoveCharAt("abc", 1), "bc");
-  EXPECT_EQ(RemoveCharAt("abc", 3), "ab");
-  EXPECT_EQ(RemoveCharAt("abc", 4), "abc");
-  EXPECT_EQ(RemoveCharAt("abc", 0), "abc");
+  for (const auto& [at, left] : {std::pair{1, "bc"}, {3, "ab"}, {4, "abc"}, {0, "abc"}}) {
+    EXPECT_EQ(RemoveCharAt("abc", at), left) << at;
+  }
 }
 
 TEST(ProperNameTest, Rules) {

@@ -135,7 +135,7 @@ TEST_F(StandardEditing, FiltersAndSortsOfTheGrid) {
   EXPECT_EQ(sexes({}, StandardSort::kRelaysLast), "MIMIFR");
   EXPECT_EQ(sexes({}, StandardSort::kDistance), "MIMIFR");
   EXPECT_EQ(sexes({}, StandardSort::kSex), "FRMIMI");
-  EXPECT_EQ(sexes({.sex = "M", .lo_age = 9}, kStartSort), "MI");
+  EXPECT_EQ(sexes({"M", 9, {}, {}, {}}, kStartSort), "MI");
   EXPECT_EQ(SortText(SortForHeading(0, kStartSort)), "Sex,Lo_Age,Hi_Age,Stroke,Distance");
   EXPECT_EQ(SortText(SortForHeading(2, kStartSort)), "Hi_Age,Lo_Age,Stroke,Distance,Sex");
   const StandardSort first = SortForHeading(5, kStartSort);

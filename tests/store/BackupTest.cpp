@@ -205,7 +205,13 @@ TEST_F(Backups, LoadBackupInfoTakesTheFirstDatabaseAndRefusesWhatIsNotOurs) {
            {"first.MDB", std::string(1 << 20, 'a')},
            {"second.mdb", "b"}},
           BackupComment("  two databases  "));
-  std::tm when{8, 5, 13, 22, 10, 2026 - 1900};  // 22 November 2026, 1:05:08 PM
+  std::tm when{};  // 22 November 2026, 1:05:08 PM
+  when.tm_sec = 8;
+  when.tm_min = 5;
+  when.tm_hour = 13;
+  when.tm_mday = 22;
+  when.tm_mon = 10;
+  when.tm_year = 2026 - 1900;
   when.tm_isdst = -1;
   {
     zip_t* archive = zip_open(zip.c_str(), 0, nullptr);

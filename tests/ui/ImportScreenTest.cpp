@@ -85,7 +85,8 @@ class ImportScreenTest : public ::testing::Test {
                   .created_by = "Norvan, Ltd 1.0",
                   .file_type = "Meet Results",
                   .meet_name = "Autumn Made-Up Invite",
-                  .start_date = "11/01/2026"};
+                  .start_date = "11/01/2026",
+                  .start = std::nullopt};
     file.counts.Checked(ImportRow::kMeets) = 1;
     file.counts.Checked(ImportRow::kTeams) = 1;
     file.counts.Checked(ImportRow::kIndividual) = 2;
