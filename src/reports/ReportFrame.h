@@ -1,0 +1,2 @@
+#pragma once
+// The report frame: a report kind is a fill function plus a layout description.
