@@ -32,7 +32,7 @@ case $1 in
       echo "Nothing to remove: $manifest is missing (make install writes it)."
       exit 0
     fi
-    while IFS= read -r file; do
+    while IFS= read -r file || [ -n "$file" ]; do  # the last line has no line end
       rm -f -- "$file"
     done < "$manifest"
     rm -rf -- "$prefix/share/doc/kvl-r"
