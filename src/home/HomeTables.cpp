@@ -48,10 +48,8 @@ HomeTable Bests(const HomePage& page) {
     cells.push_back(yards == row.distance
                         ? Event(row.distance, row.stroke)
                         : fmt::format("{}/{} {}", row.distance, yards, StrokeText(row.stroke, "I")));
-    bool reached = false;
     for (const HomeBestCell& cell : row.cells) {
       cells.push_back(WithLevel(Time(cell.score), cell.level));
-      reached = reached || !cell.level.empty();
       cells.push_back(cell.next_level.empty()
                           ? std::string()
                           : fmt::format("{} {}{}", cell.next_level, Time(cell.next_cut),
@@ -65,7 +63,8 @@ HomeTable Bests(const HomePage& page) {
                         : std::string());
     table.rows.push_back(std::move(cells));
     table.links.push_back({HomeTarget::kResults, 0, 0, row.distance, row.stroke});
-    table.good.push_back(reached);
+    // Levels are named in the cells; a whole table in green would say nothing.
+    table.good.push_back(false);
   }
   return table;
 }

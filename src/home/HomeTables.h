@@ -30,7 +30,7 @@ struct HomeTable {
   size_t text_columns = 1;  // the leading columns of words; the rest hold times and numbers
   std::vector<std::vector<std::string>> rows;
   std::vector<HomeLink> links;  // one per row
-  std::vector<bool> good;       // one per row: an improvement, a level or a goal reached
+  std::vector<bool> good;       // one per row: an improvement or a goal reached
   std::string empty_text;       // shown when there are no rows
   HomeLink empty_link;          // where the empty table leads
 };
