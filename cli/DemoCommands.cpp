@@ -26,10 +26,13 @@ int Demo(Context& c) {
   Row(c.env.out, {"Database", made.database.string()});
   Row(c.env.out, {"Meet files", made.meets_folder.string()});
   Row(c.env.out, {"Backup", made.backup.string()});
-  for (const auto& [item, n] :
-       {std::pair{"Swimmers", made.swimmers}, {"Meets", made.meets}, {"Results", made.results},
-        {"Relay legs", made.relay_legs}, {"Splits", made.splits}, {"Goals", made.goals},
-        {"Favorite filters", made.favorites}}) {
+  for (const auto& [item, n] : {std::pair{"Swimmers", made.swimmers},
+                                {"Meets", made.meets},
+                                {"Results", made.results},
+                                {"Relay legs", made.relay_legs},
+                                {"Splits", made.splits},
+                                {"Goals", made.goals},
+                                {"Favorite filters", made.favorites}}) {
     Row(c.env.out, {item, std::to_string(n)});
   }
   Row(c.env.out, {"Standard", demo::kStandardName});

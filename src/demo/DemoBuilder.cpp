@@ -86,8 +86,9 @@ class Builder {
   void OpenNew() {
     const fs::path& file = summary_.database;
     if (fs::exists(file)) throw DemoError(file.string() + " already exists: choose a new name.");
-    Require(file.extension() == ".mdb" && DatabaseNameOk(file.stem().string(), kMaxDatabaseName, io_),
-            "checking the database name (NAME.mdb, 20 characters at most)");
+    Require(
+        file.extension() == ".mdb" && DatabaseNameOk(file.stem().string(), kMaxDatabaseName, io_),
+        "checking the database name (NAME.mdb, 20 characters at most)");
     fs::create_directories(file.parent_path());
     Require(CreateNewDatabase(state_, file), "making the database");
     state_.gDatabaseName = file.string();
@@ -119,7 +120,8 @@ class Builder {
   }
 
   void ImportMeets() {
-    summary_.meets_folder = summary_.database.parent_path() / (summary_.database.stem().string() + "-meets");
+    summary_.meets_folder =
+        summary_.database.parent_path() / (summary_.database.stem().string() + "-meets");
     fs::create_directories(summary_.meets_folder);
     ImportMonitor quiet;
     ImportCriteria criteria;
@@ -137,7 +139,8 @@ class Builder {
       // The import screen's swimmer is the current one; the family's others come along.
       Require(SetCurrentAthlete(state_, athletes_.at(0)), "choosing the swimmer");
       const ImportFile prepared = PrepareImportFile(state_, quiet, file, ImportMode::kImport);
-      Require(prepared.ready, "checking " + file.filename().string() + " (" + prepared.status + ")");
+      Require(prepared.ready,
+              "checking " + file.filename().string() + " (" + prepared.status + ")");
       const ImportOutcome out = RunImportFile(state_, quiet, prepared, criteria);
       Require(out.ok && !out.not_all_imported, "importing " + file.filename().string());
     }
@@ -200,14 +203,14 @@ class Builder {
         written = WriteGoal(state_, row, FormatTime(goal.time, false), age, athlete);
         break;
       }
-      Require(written, fmt::format("writing a goal of {} ({} {})", s.first, goal.distance, goal.course));
+      Require(written,
+              fmt::format("writing a goal of {} ({} {})", s.first, goal.distance, goal.course));
     }
   }
 
   void AddFavorites() {
-    const Favorite favorites[] = {{0, "Yards", "", "Yards"},
-                                  {0, "LCM", "", "LCM"},
-                                  {0, "Champs", kChampionshipType, ""}};
+    const Favorite favorites[] = {
+        {0, "Yards", "", "Yards"}, {0, "LCM", "", "LCM"}, {0, "Champs", kChampionshipType, ""}};
     for (const Favorite& f : favorites) {
       Require(SaveFavorite(state_, f).has_value(), "saving the favourite filter " + f.name);
     }

@@ -25,8 +25,7 @@ struct DemoSummary {
   std::filesystem::path meets_folder;  // <name>-meets beside the database
   std::filesystem::path backup;        // the zip, in <name>-backups beside the database
   std::vector<std::filesystem::path> meet_files;
-  int swimmers = 0, meets = 0, results = 0, relay_legs = 0, splits = 0, goals = 0,
-      favorites = 0;
+  int swimmers = 0, meets = 0, results = 0, relay_legs = 0, splits = 0, goals = 0, favorites = 0;
 };
 
 // Builds the demo at `database` (a name the Open/New dialog takes, ending ".mdb"; refused

@@ -31,7 +31,7 @@ constexpr long kTimelineDays = 546;
 constexpr int kMeetCount = 16;
 
 const std::vector<EventModel> kGirlEvents = {
-    {50, 50, 1, 3050},   {100, 100, 1, 6650}, {200, 200, 1, 14600},
+    {50, 50, 1, 3050},    {100, 100, 1, 6650}, {200, 200, 1, 14600},
     {500, 400, 1, 40500}, {100, 100, 2, 7600}, {200, 200, 2, 16300},
     {100, 100, 3, 8600},  {100, 100, 4, 7700}, {200, 200, 5, 16500}};
 const std::vector<EventModel> kBoyEvents = {
@@ -137,8 +137,9 @@ class Model {
     const char course = CourseOf(start);
     PlannedMeet pm;
     // The last meet of a yards winter or a summer long-course season.
-    pm.championship = i + 1 < kMeetCount && CourseOf(MeetDate(i + 1)) != course &&
-                      (start.month == 2 || start.month == 3 || start.month == 7 || start.month == 8);
+    pm.championship =
+        i + 1 < kMeetCount && CourseOf(MeetDate(i + 1)) != course &&
+        (start.month == 2 || start.month == 3 || start.month == 7 || start.month == 8);
     const size_t slot = course == 'Y' ? 0 : course == 'S' ? 1 : 2;
     const auto& stems = slot == 0 ? kYardMeets : slot == 1 ? kMetreMeets : kLongMeets;
     const Stem stem = pm.championship ? (course == 'L' ? kLongChamps : kYardChamps)
@@ -233,7 +234,9 @@ class Model {
           l.time = own + 100 + Pick(300);
         }
       }
-      if (family_leg > 0) pm.later_legs.push_back({static_cast<int>(f), distance, r.legs[static_cast<size_t>(family_leg)].time});
+      if (family_leg > 0)
+        pm.later_legs.push_back(
+            {static_cast<int>(f), distance, r.legs[static_cast<size_t>(family_leg)].time});
       m.relays.push_back(r);
     };
     relay(0, 400, false, i % 2 == 0 ? 0 : 3, kGirlEvents[1], 0);
@@ -251,8 +254,8 @@ class Model {
           // A goal a little beyond today's form, rounded to a tenth; the goal meets hold the
           // default events, so no 50s but free.
           const int32_t t = Time(athletes_[f], e, course, 1.25, 0) / 10 * 10;
-          goals.push_back({static_cast<int>(f), course, course == 'Y' ? e.yards : e.metres,
-                           e.stroke, t});
+          goals.push_back(
+              {static_cast<int>(f), course, course == 'Y' ? e.yards : e.metres, e.stroke, t});
         }
       }
     }
@@ -285,8 +288,8 @@ class Model {
             for (size_t level = 0; level < kLevels.size(); ++level) {
               for (const char course : {'Y', 'S', 'L'}) {
                 const bool yards = course == 'Y';
-                const bool fits = (yards ? e.yards : e.metres) == distance &&
-                                  (course != 'L' || e.long_course);
+                const bool fits =
+                    (yards ? e.yards : e.metres) == distance && (course != 'L' || e.long_course);
                 const double cut = e.base * CourseFactor(e, course) * factor * kFactors[level];
                 csv += fits ? "," + FormatTime(static_cast<int32_t>(std::lround(cut)), false) + ","
                             : ",,";
@@ -308,6 +311,8 @@ class Model {
 
 }  // namespace
 
-Plan MakePlan(const Date& today, uint32_t seed) { return Model(today, seed).Make(); }
+Plan MakePlan(const Date& today, uint32_t seed) {
+  return Model(today, seed).Make();
+}
 
 }  // namespace kvlr::demo

@@ -19,8 +19,12 @@ class Line {
  public:
   Line(std::string_view code, size_t width) : text_(width, ' ') { text_.replace(0, 2, code); }
 
-  Line& Put(int first, int last, std::string_view value) { return Place(first, last, value, false); }
-  Line& Right(int first, int last, std::string_view value) { return Place(first, last, value, true); }
+  Line& Put(int first, int last, std::string_view value) {
+    return Place(first, last, value, false);
+  }
+  Line& Right(int first, int last, std::string_view value) {
+    return Place(first, last, value, true);
+  }
   Line& Number(int first, int last, long value) {
     return Place(first, last, std::to_string(value), true);
   }
@@ -38,12 +42,18 @@ class Line {
   std::string text_;
 };
 
-std::string DateText(const Date& d) { return fmt::format("{:02}{:02}{:04}", d.month, d.day, d.year); }
+std::string DateText(const Date& d) {
+  return fmt::format("{:02}{:02}{:04}", d.month, d.day, d.year);
+}
 
-std::string SdifTime(int32_t score) { return score > 0 ? FormatTime(score, false) : ""; }
+std::string SdifTime(int32_t score) {
+  return score > 0 ? FormatTime(score, false) : "";
+}
 
 // NV3 writes seconds with two decimals, however long the swim.
-std::string Nv3Time(int32_t score) { return fmt::format("{}.{:02}", score / 100, score % 100); }
+std::string Nv3Time(int32_t score) {
+  return fmt::format("{}.{:02}", score / 100, score % 100);
+}
 
 // "1112" for 11-12; "UN10" for 10 and under.
 std::string SdifAges(int lo_hi) {
@@ -66,7 +76,8 @@ std::string SdifName(const Swimmer& s) {
 }
 
 // G0 lines of cumulative splits every 50, ten to a line.
-void AddSplits(std::vector<std::string>& out, const Swimmer& s, const std::vector<int32_t>& splits) {
+void AddSplits(std::vector<std::string>& out, const Swimmer& s,
+               const std::vector<int32_t>& splits) {
   const int total = static_cast<int>(splits.size());
   for (int first = 0; first < total; first += 10) {
     Line g0("G0", 160);
@@ -107,7 +118,9 @@ std::vector<std::string> SdifLines(const MeetFile& m) {
     d0.Put(3, 3, "1").Put(12, 39, SdifName(s)).Put(40, 51, s.id).Put(56, 63, DateText(s.birth));
     d0.Number(64, 65, AgeOn(s.birth, m.start)).Put(66, 66, std::string(1, s.sex));
     d0.Put(67, 67, std::string(1, s.sex)).Number(68, 71, swim.distance);
-    d0.Number(72, 72, swim.stroke).Number(73, 75, swim.event_number).Put(77, 80, SdifAges(swim.lo_hi));
+    d0.Number(72, 72, swim.stroke)
+        .Number(73, 75, swim.event_number)
+        .Put(77, 80, SdifAges(swim.lo_hi));
     d0.Put(81, 88, DateText(m.start));
     if (swim.seed > 0) d0.Right(89, 96, SdifTime(swim.seed)).Put(97, 97, course);
     if (swim.prelim > 0) {
@@ -154,7 +167,8 @@ std::vector<std::string> SdifLines(const MeetFile& m) {
   Line z0("Z0", 160);
   z0.Put(3, 3, "1").Put(12, 13, "02").Put(14, 43, "Made-up demo meet");
   z0.Number(44, 46, 1).Number(47, 49, 1).Number(50, 53, 1).Number(54, 57, 1);
-  z0.Number(58, 63, static_cast<long>(m.swims.size())).Number(64, 69, static_cast<long>(swimmers.size()));
+  z0.Number(58, 63, static_cast<long>(m.swims.size()))
+      .Number(64, 69, static_cast<long>(swimmers.size()));
   z0.Number(70, 74, static_cast<long>(m.relays.size()));
   z0.Number(75, 80, static_cast<long>(4 * m.relays.size())).Number(81, 86, g0_count);
   out.push_back(z0.Text());
@@ -261,7 +275,8 @@ const char* Extension(FileFormat format) {
 
 std::string MeetFileText(const MeetFile& meet) {
   std::string text;
-  for (const std::string& line : meet.format == FileFormat::kNv3 ? Nv3Lines(meet) : SdifLines(meet)) {
+  for (const std::string& line :
+       meet.format == FileFormat::kNv3 ? Nv3Lines(meet) : SdifLines(meet)) {
     text += line;
     text += "\r\n";
   }

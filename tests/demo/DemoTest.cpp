@@ -38,8 +38,9 @@ class DemoTest : public testing::Test {
 TEST_F(DemoTest, FamilyAndMeetsCameThroughTheImportOfItsOwnFiles) {
   EXPECT_EQ(QueryRows(db(), "SELECT Sex, Birth < '2015-01-01' FROM ATHLETE ORDER BY Athlete"),
             "F|1\nM|0\n");
-  EXPECT_EQ(QueryRows(db(), "SELECT DISTINCT substr(Course, 1, 1) FROM MEET WHERE Type <> 'G' "
-                            "ORDER BY 1"),
+  EXPECT_EQ(QueryRows(db(),
+                      "SELECT DISTINCT substr(Course, 1, 1) FROM MEET WHERE Type <> 'G' "
+                      "ORDER BY 1"),
             "L\nS\nY\n");
   std::set<std::string> kinds;
   for (const fs::path& f : made_->meet_files) {
@@ -49,9 +50,10 @@ TEST_F(DemoTest, FamilyAndMeetsCameThroughTheImportOfItsOwnFiles) {
   EXPECT_EQ(kinds, (std::set<std::string>{".cl2", ".nv3", ".sd3"}));
   EXPECT_EQ(made_->meets, static_cast<int>(made_->meet_files.size()));
   // Every swim of both swimmers has its event and a rank: the import ranked what it stored.
-  EXPECT_EQ(QueryNumber(db(), "SELECT COUNT(*) FROM RESULT r LEFT JOIN MTEVENT e ON "
-                              "e.MtEvent = r.MtEvent WHERE r.I_R = 'I' AND (e.MtEvent IS NULL "
-                              "OR r.Rank IS NULL OR r.Rank < 1) AND r.NT = 0"),
+  EXPECT_EQ(QueryNumber(db(),
+                        "SELECT COUNT(*) FROM RESULT r LEFT JOIN MTEVENT e ON "
+                        "e.MtEvent = r.MtEvent WHERE r.I_R = 'I' AND (e.MtEvent IS NULL "
+                        "OR r.Rank IS NULL OR r.Rank < 1) AND r.NT = 0"),
             0);
   EXPECT_EQ(QueryRows(db(), "SELECT DISTINCT Athlete FROM RESULT WHERE I_R = 'I' ORDER BY 1"),
             "1\n2\n");
@@ -64,25 +66,29 @@ TEST_F(DemoTest, RelaysSplitsStandardGoalsFavouritesAndBackup) {
   EXPECT_GT(QueryNumber(db(), "SELECT COUNT(*) FROM RESULT WHERE I_R = 'L'"), 0);
   EXPECT_GT(QueryNumber(db(), "SELECT COUNT(*) FROM RESULT WHERE I_R = 'N'"), 0);
   EXPECT_GT(QueryNumber(db(), "SELECT COUNT(*) FROM RESULT WHERE I_R = 'L' AND Stroke = 2"), 0);
-  EXPECT_GT(QueryNumber(db(), "SELECT COUNT(*) FROM SPLITS s JOIN RESULT r ON r.Result = "
-                              "s.SplitID WHERE r.I_R = 'I'"),
+  EXPECT_GT(QueryNumber(db(),
+                        "SELECT COUNT(*) FROM SPLITS s JOIN RESULT r ON r.Result = "
+                        "s.SplitID WHERE r.I_R = 'I'"),
             0);
-  EXPECT_GT(QueryNumber(db(), "SELECT COUNT(*) FROM SPLITS s JOIN RESULT r ON r.Result = "
-                              "s.SplitID WHERE r.I_R = 'L'"),
+  EXPECT_GT(QueryNumber(db(),
+                        "SELECT COUNT(*) FROM SPLITS s JOIN RESULT r ON r.Result = "
+                        "s.SplitID WHERE r.I_R = 'L'"),
             0);
   // The last split of a swim is its time.
-  EXPECT_EQ(QueryNumber(db(), "SELECT COUNT(*) FROM RESULT r WHERE r.I_R = 'I' AND EXISTS "
-                              "(SELECT 1 FROM SPLITS s WHERE s.SplitID = r.Result) AND r.Score <> "
-                              "(SELECT Split FROM SPLITS s WHERE s.SplitID = r.Result ORDER BY "
-                              "SplitIndex DESC LIMIT 1)"),
+  EXPECT_EQ(QueryNumber(db(),
+                        "SELECT COUNT(*) FROM RESULT r WHERE r.I_R = 'I' AND EXISTS "
+                        "(SELECT 1 FROM SPLITS s WHERE s.SplitID = r.Result) AND r.Score <> "
+                        "(SELECT Split FROM SPLITS s WHERE s.SplitID = r.Result ORDER BY "
+                        "SplitIndex DESC LIMIT 1)"),
             0);
 
   EXPECT_EQ(QueryRows(db(), "SELECT Standard FROM OPTIONS"), "DEMO\n");
   EXPECT_EQ(t_->state.gStandardName, "DEMO");
   EXPECT_GT(ReadStandardLines(db(), StandardTableName("DEMO"), {}, kStartSort).size(), 0u);
   EXPECT_EQ(made_->goals, 12);
-  EXPECT_EQ(QueryRows(db(), "SELECT FavName, FavMeetType, FavCourse FROM FAVORITES ORDER BY FavName"),
-            "Champs|CH|\nLCM||LCM\nYards||Yards\n");
+  EXPECT_EQ(
+      QueryRows(db(), "SELECT FavName, FavMeetType, FavCourse FROM FAVORITES ORDER BY FavName"),
+      "Champs|CH|\nLCM||LCM\nYards||Yards\n");
 
   ASSERT_TRUE(fs::exists(made_->backup));
   const auto info = LoadBackupInfo(t_->state, made_->backup);
