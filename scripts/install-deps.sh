@@ -9,6 +9,7 @@ packages=(
   libzip-dev
   libfmt-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  poppler-utils
 )
 # Extra packages a target asks for (make fuzz asks for clang).
 packages+=("$@")
