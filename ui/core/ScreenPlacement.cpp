@@ -21,8 +21,27 @@ void SizeGrids(QWidget& screen) {
   for (QTableView* grid : screen.findChildren<QTableView*>()) {
     if (grid->property(kSized).toBool() || !grid->model()) continue;
     grid->setProperty(kSized, true);
-    grid->horizontalHeader()->setStretchLastSection(true);
-    auto fit = [grid] { grid->resizeColumnsToContents(); };
+    QHeaderView* header = grid->horizontalHeader();
+    bool own_stretch = false;
+    for (int i = 0; i < header->count(); ++i) {
+      own_stretch = own_stretch || header->sectionResizeMode(i) == QHeaderView::Stretch;
+    }
+    // Unless the screen chose its stretching column, the last column shown takes the room
+    // left; it needn't be the model's last, which a screen may hide.
+    auto fit = [grid, header, own_stretch] {
+      grid->resizeColumnsToContents();
+      if (own_stretch) return;
+      header->setStretchLastSection(false);
+      int last = -1;
+      for (int v = 0; v < header->count(); ++v) {
+        const int logical = header->logicalIndex(v);
+        if (header->sectionResizeMode(logical) == QHeaderView::Stretch) {
+          header->setSectionResizeMode(logical, QHeaderView::Interactive);
+        }
+        if (!header->isSectionHidden(logical)) last = logical;
+      }
+      if (last >= 0) header->setSectionResizeMode(last, QHeaderView::Stretch);
+    };
     QObject::connect(grid->model(), &QAbstractItemModel::modelReset, grid, fit);
     QObject::connect(grid->model(), &QAbstractItemModel::layoutChanged, grid, fit);
     fit();
