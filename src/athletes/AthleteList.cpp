@@ -90,13 +90,6 @@ std::optional<int> ListAge(const AthleteListRow& row, const Date& today) {
   return AgeAtDate(row.birth, today);
 }
 
-std::string MediumDate(const Date& date) {
-  static constexpr std::array<std::string_view, 12> kMonths = {
-      "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-  return fmt::format("{:02}-{}-{:02}", date.day, kMonths[static_cast<size_t>(date.month - 1)],
-                     date.year % 100);
-}
-
 std::string ListName(const AthleteListRow& row) {
   return fmt::format("{}, {} {}", Trim(row.last), Trim(row.first), Trim(row.initial));
 }

@@ -57,9 +57,6 @@ void SetAthleteActive(SQLite::Database& db, int32_t athlete, bool active);
 // date.
 std::optional<int> ListAge(const AthleteListRow& row, const Date& today);
 
-// "Medium Date": "22-Nov-26".
-std::string MediumDate(const Date& date);
-
 // "Last, First Initial" as the questions of the list name a swimmer.
 std::string ListName(const AthleteListRow& row);
 

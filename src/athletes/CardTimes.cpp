@@ -88,26 +88,17 @@ std::string_view BirthDateProblem(const Date& birth, const Date& today) {
 BirthEntry TypedBirthDate(std::string_view typed, int date_order, const Date& today) {
   const std::string text = Trim(typed);
   if (text.empty()) return {};
-  // A date copied from elsewhere is often in ISO form, whatever the regional order.
-  auto date = Date::FromIso(text);
-  if (!date || text.size() != 10) date = RegionalTextToDate(text, date_order);
+  const auto date = TypedDate(text, date_order);
   if (!date) {
-    const std::string_view form = date_order == 1   ? "DD/MM/YYYY"
-                                  : date_order == 2 ? "YYYY/MM/DD"
-                                                    : "MM/DD/YYYY";
-    return {
-        false, std::nullopt,
-        fmt::format("\"{}\" is not a date. Type the birth date as {} or YYYY-MM-DD.", text, form)};
+    const std::string_view form = ShownDateHint(date_order);
+    return {false, std::nullopt,
+            fmt::format("\"{}\" is not a date. Type the birth date as {}{}.", text, form,
+                        date_order == 2 ? "" : " or YYYY-MM-DD")};
   }
   if (const auto problem = BirthDateProblem(*date, today); !problem.empty()) {
     return {false, std::nullopt, std::string(problem)};
   }
   return {true, date, ""};
-}
-
-std::string ShownBirthDate(const Date& date, int date_order) {
-  return ToRegionalDate(fmt::format("{:02}{:02}{:04}", date.month, date.day, date.year),
-                        date_order);
 }
 
 }  // namespace kvlr

@@ -50,7 +50,4 @@ std::string_view BirthDateProblem(const Date& birth, const Date& today);
 // BirthDateProblem refuses; text that is no date is refused with words saying both forms.
 BirthEntry TypedBirthDate(std::string_view typed, int date_order, const Date& today);
 
-// The birth date as the card shows it, in the regional order with four-digit years.
-std::string ShownBirthDate(const Date& date, int date_order);
-
 }  // namespace kvlr

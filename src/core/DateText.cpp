@@ -136,6 +136,35 @@ std::optional<Date> RegionalTextToDate(std::string_view text, int date_order) {
   return Date::FromParts(year, numbers[place[1]], numbers[place[2]]);
 }
 
+std::string ShownDate(const Date& date, int date_order) {
+  switch (date_order) {
+    case 1:
+      return fmt::format("{:02}/{:02}/{:04}", date.day, date.month, date.year);
+    case 2:
+      // Year-first locales write dashes, and so the form is ISO's.
+      return fmt::format("{:04}-{:02}-{:02}", date.year, date.month, date.day);
+    default:
+      return fmt::format("{:02}/{:02}/{:04}", date.month, date.day, date.year);
+  }
+}
+
+const char* ShownDatePattern(int date_order) {
+  return date_order == 1 ? "dd/MM/yyyy" : date_order == 2 ? "yyyy-MM-dd" : "MM/dd/yyyy";
+}
+
+std::string_view ShownDateHint(int date_order) {
+  return date_order == 1 ? "DD/MM/YYYY" : date_order == 2 ? "YYYY-MM-DD" : "MM/DD/YYYY";
+}
+
+std::optional<Date> TypedDate(std::string_view text, int date_order) {
+  const std::string trimmed = Trim(text);
+  // A date copied from elsewhere is often ISO, whatever the regional order.
+  if (trimmed.size() == 10) {
+    if (auto iso = Date::FromIso(trimmed)) return iso;
+  }
+  return RegionalTextToDate(trimmed, date_order);
+}
+
 std::optional<Date> USTextToDate(std::string_view text, int date_order) {
   std::string month = Part(text, 0, 2);
   std::string day = Part(text, 3, 2);

@@ -36,6 +36,20 @@ std::string USDateText(const Date& date);
 // exactly that and names a real day.
 std::optional<Date> RegionalTextToDate(std::string_view text, int date_order);
 
+// A date as every screen and grid shows it, with four digits of year: "MM/DD/YYYY",
+// "DD/MM/YYYY" or "YYYY-MM-DD" by `date_order`.
+std::string ShownDate(const Date& date, int date_order);
+
+// ShownDate's form in Qt's date-format letters, for date editors.
+const char* ShownDatePattern(int date_order);
+
+// ShownDate's form as words for messages: "MM/DD/YYYY", "DD/MM/YYYY" or "YYYY-MM-DD".
+std::string_view ShownDateHint(int date_order);
+
+// A date typed into a date field: ISO "YYYY-MM-DD" or what RegionalTextToDate reads in
+// `date_order`. nullopt for anything else.
+std::optional<Date> TypedDate(std::string_view text, int date_order);
+
 // Reads "MM/DD/YYYY": month from characters 1-2, day from 4-5, year from the last four,
 // rebuilt in `date_order` (order 0 takes the text as it is) and read back by
 // RegionalTextToDate. nullopt when that isn't a real day.

@@ -172,7 +172,7 @@ FilePanel Nv3Panel(const ImportFile& file, int date_order) {
     const Nv3Meet meet = LoadNV3B1Rec(file.lines[1], date_order);
     panel.meet_name = meet.name;
     panel.start_date = meet.start && *meet.start != kNv3BlankDate
-                           ? ToRegionalDate(meet.start_text, date_order)
+                           ? ShownDate(*meet.start, date_order)
                            : Trim(meet.start_text);
     if (meet.start && *meet.start != kNv3BlankDate) panel.start = meet.start;
   }

@@ -25,7 +25,7 @@ std::string ReportDateText(std::string_view mmddyyyy, int date_order) {
   const FileDate date = ParseFileDate(mmddyyyy, date_order);
   if (date.IsBlank()) return "";
   if (date.bad) return Trim(mmddyyyy);
-  return ToRegionalDate(mmddyyyy, date_order);
+  return ShownDate(date.date, date_order);
 }
 
 std::string ReportScoreText(int score, int stroke, int nt) {

@@ -13,9 +13,9 @@ inline constexpr std::string_view kDivingWord = "Diving";
 std::string ReportDistText(int distance);
 // kDivingWord for strokes 6 and 7, else StrokeText(stroke, i_r) ("Free Relay" for "R").
 std::string ReportStrokeText(int stroke, std::string_view i_r);
-// Eight date columns "mmddyyyy" as the user reads dates ("mm/dd/yyyy", "dd/mm/yyyy",
-// "yyyy/mm/dd" by `date_order`); "" for blank columns, the trimmed columns when they name
-// no day (so the report shows what the file holds).
+// Eight date columns "mmddyyyy" as ShownDate gives them in `date_order`; "" for blank
+// columns, the trimmed columns when they name no day (so the report shows what the file
+// holds).
 std::string ReportDateText(std::string_view mmddyyyy, int date_order);
 // A time field for a report: the score as the grids print it (points for strokes 6 and
 // up, the non-time word when there is no time), without padding; "" for nothing.

@@ -242,7 +242,7 @@ FilePanel ShowFileStatistics(const std::vector<std::string>& lines,
     panel.meet_name = Trim(b1.meet_name);
     const std::string start = SdifText(line, 122, 129);
     panel.start_date =
-        b1.start.bad || b1.start.IsBlank() ? Trim(start) : ToRegionalDate(start, date_order);
+        b1.start.bad || b1.start.IsBlank() ? Trim(start) : ShownDate(b1.start.date, date_order);
     if (!b1.start.bad && !b1.start.IsBlank()) panel.start = b1.start.date;
     break;
   }

@@ -66,7 +66,7 @@ const char* OrderBy(MeetSort sort) {
 std::optional<Date> FormDate(const std::string& text, int date_order) {
   const std::string t = Trim(text);
   if (t.empty()) return std::nullopt;
-  return RegionalTextToDate(t, date_order);
+  return TypedDate(t, date_order);
 }
 
 // A time of the current swimmer's meet band as the calendar keeps it, or the fallback.
@@ -114,15 +114,9 @@ std::string MeetLongDate(const Date& date) {
                      date.year);
 }
 
-std::string MeetMediumDate(const Date& date) {
-  return fmt::format("{:02}-{}-{:02}", date.day, kMonths.at(static_cast<size_t>(date.month - 1)),
-                     date.year % 100);
-}
-
 std::string MeetShortDate(const std::optional<Date>& date, int date_order) {
   if (!date) return "";
-  return ToRegionalDate(fmt::format("{:02}{:02}{:04}", date->month, date->day, date->year),
-                        date_order);
+  return ShownDate(*date, date_order);
 }
 
 MeetFilter FavoriteMeetFilter(const AppState& state) {
@@ -406,8 +400,9 @@ std::vector<MeetArrayItem> LoadMeetArray(AppState& state, int course_index) {
     list.push_back({0, std::string(kAllMeets)});
     while (q.executeStep()) {
       const auto start = DateOf(q.getColumn(2));
-      list.push_back({q.getColumn(0).getInt(), (start ? MeetMediumDate(*start) : std::string()) +
-                                                   "  " + TextOf(q.getColumn(1))});
+      list.push_back(
+          {q.getColumn(0).getInt(), (start ? ShownDate(*start, state.gDateOrder) : std::string()) +
+                                        "  " + TextOf(q.getColumn(1))});
     }
   } catch (const std::exception& e) {
     ReportError(state, "basUtil.LoadMeetArray", e);

@@ -36,10 +36,7 @@ char CourseLetter(std::string_view course);
 std::string CourseWord(std::string_view course);
 // "MMM DD, YYYY" ("Nov 02, 2026").
 std::string MeetLongDate(const Date& date);
-// VB's medium date "dd-Mmm-yy" ("02-Nov-26").
-std::string MeetMediumDate(const Date& date);
-// The short date of lists in the regional order (0 month first, 1 day first, 2 year first)
-// with a four-digit year; "" for no date.
+// ShownDate, "" for no date.
 std::string MeetShortDate(const std::optional<Date>& date, int date_order);
 
 enum class MeetSort { kName, kCourseNewest, kStartNewest, kStartOldest };

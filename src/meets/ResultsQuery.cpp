@@ -232,14 +232,6 @@ char ConvertTarget(std::optional<char> chosen, std::string_view course, bool y2l
   }
 }
 
-std::string MediumDateText(const Date& date) {
-  static constexpr std::array<std::string_view, 12> kMonths = {
-      "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-  if (date.month < 1 || date.month > 12) return "";
-  return fmt::format("{:02}-{}-{:02}", date.day, kMonths[static_cast<size_t>(date.month - 1)],
-                     date.year % 100);
-}
-
 namespace {
 
 std::string DistanceText(int16_t distance) {
@@ -286,7 +278,7 @@ std::vector<ResultCells> FillResultCells(const std::vector<ResultRecord>& record
     c[kColEventAge] = r.lo_hi ? LoHiText(r.lo_hi) : "";
     c[kColSwimmerAge] = std::to_string(r.age);
     c[kColPlace] = std::to_string(r.place);
-    c[kColStartDate] = r.start ? MediumDateText(*r.start) : "";
+    c[kColStartDate] = r.start ? ShownDate(*r.start, options.date_order) : "";
     c[kColMeet] = r.meet_name;
     c[kColComment] = r.comment;
     out.push_back(std::move(c));
@@ -294,7 +286,7 @@ std::vector<ResultCells> FillResultCells(const std::vector<ResultRecord>& record
   return out;
 }
 
-std::vector<MeetChoice> BrowserMeets(SQLite::Database& db) {
+std::vector<MeetChoice> BrowserMeets(SQLite::Database& db, int date_order) {
   SQLite::Statement q(db,
                       "SELECT Meet, MName, Start FROM MEET WHERE IFNULL(Type, '') <> 'G' AND "
                       "IFNULL(Start, '') <> ? ORDER BY Start DESC");
@@ -302,8 +294,9 @@ std::vector<MeetChoice> BrowserMeets(SQLite::Database& db) {
   std::vector<MeetChoice> out;
   while (q.executeStep()) {
     const auto start = Date::FromIso(TextOf(q.getColumn(2)));
-    out.push_back({q.getColumn(0).getInt(), (start ? MediumDateText(*start) + " " : std::string()) +
-                                                TextOf(q.getColumn(1))});
+    out.push_back(
+        {q.getColumn(0).getInt(),
+         (start ? ShownDate(*start, date_order) + " " : std::string()) + TextOf(q.getColumn(1))});
   }
   return out;
 }
@@ -328,12 +321,7 @@ std::string DeleteResultQuestion(const ResultRecord& record, std::string_view st
 }
 
 bool DeleteOneResult(AppState& state, const ResultRecord& record, std::string_view swimmer) {
-  std::string start_text;
-  if (record.start) {
-    start_text = ToRegionalDate(
-        fmt::format("{:02}{:02}{:04}", record.start->month, record.start->day, record.start->year),
-        state.gDateOrder);
-  }
+  const std::string start_text = record.start ? ShownDate(*record.start, state.gDateOrder) : "";
   const Answer answer = state.io->Message(DeleteResultQuestion(record, start_text, swimmer),
                                           box::kYesNo + box::kQuestion, kRemoveResultTitle);
   if (answer != Answer::kYes) return false;

@@ -148,6 +148,7 @@ struct ResultCellOptions {
   bool show_conversion = false;
   std::optional<char> convert_to;  // a button of the filter bar
   bool y2l = true;
+  int date_order = 0;  // of the start date, as ShownDate takes it
 };
 
 // The level a swim reached at `age`; "" when none.
@@ -165,16 +166,14 @@ std::vector<ResultCells> FillResultCells(const std::vector<ResultRecord>& record
                                          const StandardLookup& standard,
                                          const TimeConverter& convert);
 
-// "Medium Date": "22-Nov-26".
-std::string MediumDateText(const Date& date);
-
 // A meet of the browser's meet list.
 struct MeetChoice {
   int32_t meet = 0;
   std::string text;  // medium start date and name
 };
-// The meets a browser may choose: every meet but goal meets and pseudo-meets, newest first.
-std::vector<MeetChoice> BrowserMeets(SQLite::Database& db);
+// The meets a browser may choose: every meet but goal meets and pseudo-meets, newest first,
+// each named after its ShownDate in `date_order`.
+std::vector<MeetChoice> BrowserMeets(SQLite::Database& db, int date_order);
 // The meet types (CODE rows of type 3): abbreviation and description, by abbreviation.
 std::vector<std::pair<std::string, std::string>> MeetTypes(SQLite::Database& db);
 

@@ -74,7 +74,7 @@ TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {
   }
   ASSERT_EQ(model.rowCount(), 3);
   EXPECT_EQ(model.index(0, 2).data().toString(), "Cy");
-  EXPECT_EQ(model.index(0, 5).data().toString(), "09-Jan-14");
+  EXPECT_EQ(model.index(0, 5).data().toString(), "01/09/2014");
   EXPECT_EQ(model.index(0, 6).data().toInt(), 12);
   EXPECT_FALSE(model.index(1, 6).data().isValid());  // no birth date, no age
   EXPECT_EQ(model.index(0, 0).data(Qt::CheckStateRole).value<Qt::CheckState>(), Qt::Checked);

@@ -63,6 +63,20 @@ TEST(DateTextTest, UsAndRegionalTextsBothWays) {
   }
 }
 
+TEST(DateTextTest, ShownFormReadsBackAndTypedFieldsTakeIso) {
+  // Day 3 of month 11 tells the orders apart; year 987 checks the four-digit year.
+  const std::tuple<int, Date, const char*> cases[] = {{0, {2026, 11, 3}, "11/03/2026"},
+                                                      {1, {2026, 11, 3}, "03/11/2026"},
+                                                      {2, {2026, 11, 3}, "2026-11-03"},
+                                                      {1, {987, 1, 2}, "02/01/0987"}};
+  for (const auto& [order, date, shown] : cases) {
+    EXPECT_EQ(ShownDate(date, order), shown) << order;
+    EXPECT_EQ(TypedDate(shown, order), date) << shown;
+    EXPECT_EQ(TypedDate(" " + date.Iso() + " ", order), date) << order;
+    EXPECT_EQ(TypedDate("03-Nov-26", order), std::nullopt) << order;
+  }
+}
+
 TEST(Date, IsoTextRoundTripsRefusesWhatIsNotADayAndCountsDays) {
   EXPECT_EQ(Date::FromIso("2024-02-29")->Iso(), "2024-02-29");
   EXPECT_EQ(DateTime::FromIso("2026-11-22 23:59:58")->Iso(), "2026-11-22 23:59:58");

@@ -519,7 +519,7 @@ TEST(ImportReportTexts, DistancesStrokesDatesAndTitle) {
     const char* text;
   };
   const DateCase dates[] = {{"11012026", 0, "11/01/2026"}, {"11012026", 1, "01/11/2026"},
-                            {"11012026", 2, "2026/11/01"}, {"        ", 0, ""},
+                            {"11012026", 2, "2026-11-01"}, {"        ", 0, ""},
                             {"13312004", 0, "13312004"},   {"02302026", 1, "02302026"}};
   for (const DateCase& c : dates) {
     EXPECT_EQ(ReportDateText(c.columns, c.order), c.text) << c.columns << " " << c.order;

@@ -277,7 +277,7 @@ TEST(ResultCellsTest, TextsOfARow) {
                                      });
   const ResultCells want = {"100",       "Free",        "X 1:00.00Y", "",      "L",  "P",
                             "",          " 1:10.00L",   "12A",        "11-12", "12", "3",
-                            "03-Oct-26", "Autumn Open", "felt strong"};
+                            "10/03/2026", "Autumn Open", "felt strong"};
   EXPECT_EQ(cells[0], want);
   EXPECT_EQ(cells[1][kColTime], "DQ");
   EXPECT_EQ(cells[1][kColNt], "DQ");
@@ -357,9 +357,9 @@ TEST(DeleteQuestion, NamesALeadOffAndNextRow) {
 TEST_F(ResultsQuery, MeetListLeavesOutGoalsAndPseudoMeets) {
   s.Meet(4, "Goals Y", "1990-01-01", "G");
   s.Meet(5, "Pseudo", "1990-01-01", "AG");
-  const auto meets = BrowserMeets(Db());
+  const auto meets = BrowserMeets(Db(), 0);
   ASSERT_EQ(meets.size(), 3u);
-  EXPECT_EQ(meets[0].text, "03-Oct-26 Autumn Open");
+  EXPECT_EQ(meets[0].text, "10/03/2026 Autumn Open");
   EXPECT_EQ(meets[2].meet, 3);
 }
 

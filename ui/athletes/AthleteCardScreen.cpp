@@ -369,7 +369,7 @@ AthleteCard frmAthMt::CardFromFields() const {
 
 void frmAthMt::ShowBirth(const std::optional<Date>& birth) {
   birth_ = birth;
-  birth_edit_->setText(birth ? Q(ShownBirthDate(*birth, state_.gDateOrder)) : QString());
+  birth_edit_->setText(birth ? Q(ShownDate(*birth, state_.gDateOrder)) : QString());
   age_->setText(birth ? QString::number(AgeAtDate(birth, state_.clock->Today())) : QString());
 }
 

@@ -2,6 +2,7 @@
 
 #include "athletes/AthleteTexts.h"
 #include "athletes/AthleteWidgets.h"
+#include "core/DateText.h"
 #include "core/ErrorHandler.h"
 
 namespace kvlr {
@@ -70,7 +71,7 @@ QVariant AthleteListModel::data(const QModelIndex& index, int role) const {
     case ListColumn::kSex:
       return Q(row.sex);
     case ListColumn::kBirth:
-      return row.birth ? Q(MediumDate(*row.birth)) : QString();
+      return row.birth ? Q(ShownDate(*row.birth, state_.gDateOrder)) : QString();
     case ListColumn::kAge: {
       const auto age = ListAge(row, state_.clock->Today());
       return age ? QVariant(*age) : QVariant();

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/DateText.h"
 #include "core/SwimCodes.h"
 
 namespace kvlr {
@@ -69,7 +70,7 @@ frmSystem::frmSystem(AppState& state, QWidget* parent)
   age_up_date_ = new QDateEdit(age_box);
   age_up_date_->setObjectName("dtAgeUp");
   age_up_date_->setCalendarPopup(true);
-  age_up_date_->setDisplayFormat("yyyy-MM-dd");
+  age_up_date_->setDisplayFormat(ShownDatePattern(state.gDateOrder));
   age_box->layout()->addWidget(age_up_date_);
   top->addWidget(age_box);
   layout->addLayout(top);

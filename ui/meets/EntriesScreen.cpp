@@ -1,6 +1,5 @@
 #include "meets/EntriesScreen.h"
 
-#include <QDate>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -12,6 +11,7 @@
 
 #include "core/ErrorHandler.h"
 #include "meets/EntryTexts.h"
+#include "meets/Meets.h"
 #include "standards/CalcScreen.h"
 
 namespace kvlr {
@@ -19,12 +19,6 @@ namespace {
 
 QString Q(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-// The meet's start in the medium form, "05-Dec-26".
-QString MediumDate(const std::optional<Date>& date) {
-  if (!date) return {};
-  return QDate(date->year, date->month, date->day).toString("dd-MMM-yy");
 }
 
 constexpr std::string_view kPrintNotYet = "Printing entries is not available yet.";
@@ -146,8 +140,9 @@ frmEntNa::frmEntNa(AppState& state, int32_t meet, QWidget* parent)
   if (!read) entry_meet = EntryMeet{};
   sheet_ = std::make_unique<EntrySheet>(state_, *entry_meet);
 
-  auto* heading = new QLabel(
-      QString::fromStdString(entry_meet->name) + "   " + MediumDate(entry_meet->start), this);
+  auto* heading = new QLabel(QString::fromStdString(entry_meet->name) + "   " +
+                                 Q(MeetShortDate(entry_meet->start, state_.gDateOrder)),
+                             this);
   heading->setObjectName("lblMeet");
   QFont bold = heading->font();
   bold.setBold(true);

@@ -139,7 +139,7 @@ void frmMeets::ApplyFilters() {
   filter.course = static_cast<char>(course_->currentData().toInt());
   filter.type = type_->currentData().toString().toStdString();
   const std::string since = since_->text().trimmed().toStdString();
-  filter.since = since.empty() ? std::nullopt : RegionalTextToDate(since, state_.gDateOrder);
+  filter.since = since.empty() ? std::nullopt : TypedDate(since, state_.gDateOrder);
   model_->SetFilter(filter);
   Refresh(state_.gCurrentMeet);
 }

@@ -13,6 +13,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "core/DateText.h"
 #include "core/ErrorHandler.h"
 #include "core/SwimCodes.h"
 #include "core/TimeText.h"
@@ -76,8 +77,9 @@ void frmResults::BuildFilterBar() {
   meets_ = new QComboBox(this);
   meets_->setObjectName("cboMeets");
   meets_->addItem("All Meets", 0);
-  for (const auto& m :
-       RunTrapped(state_, "frmResults.LoadMeetArray", [&] { return BrowserMeets(*state_.gDb); })) {
+  for (const auto& m : RunTrapped(state_, "frmResults.LoadMeetArray", [&] {
+         return BrowserMeets(*state_.gDb, state_.gDateOrder);
+       })) {
     meets_->addItem(QString::fromStdString(m.text), m.meet);
   }
   course_ = new QComboBox(this);
@@ -110,6 +112,7 @@ void frmResults::BuildFilterBar() {
   since_ = new QDateEdit(this);
   since_->setObjectName("dtSince");
   since_->setCalendarPopup(true);
+  since_->setDisplayFormat(ShownDatePattern(state_.gDateOrder));
   const Date today = state_.clock->Today();
   since_->setDate(QDate(today.year - 1, today.month, 1));
   fastest_ = Tick(this, kFastest, "chkFastest");
@@ -236,6 +239,7 @@ void frmResults::GetResults() {
     if (convert_to_[i]->isChecked()) options.convert_to = kButtonCourse[i];
   }
   options.y2l = state_.gY2L;
+  options.date_order = state_.gDateOrder;
   std::vector<ResultRecord> records =
       RunTrapped(state_, "frmResults.GetResults", [&] { return RunResults(*state_.gDb, plan); });
   std::vector<ResultCells> cells =
