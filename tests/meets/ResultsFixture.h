@@ -67,7 +67,7 @@ class Season {
     int nt = 0;
     int age = 12;
     std::optional<int> rank = 1;
-    std::optional<int> trank;
+    std::optional<int> trank{};
     int place = 0;
   };
   int64_t Result(const Swim& s) {
