@@ -37,14 +37,12 @@ class AthleteScreens : public ::testing::Test {
     test::QtApp();
     test::MakeOpenDatabase(t);
   }
-
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "") {
     return test::AddAthlete(*t.state.gDb, last, first, sex, birth);
   }
   int Count(const std::string& sql) { return t.state.gDb->execAndGet(sql).getInt(); }
   std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
-
   template <typename T>
   static T* Child(QObject* parent, const char* name) {
     T* child = parent->findChild<T*>(name);
@@ -55,7 +53,6 @@ class AthleteScreens : public ::testing::Test {
     edit->setText(text);
     emit edit->editingFinished();
   }
-
   test::TempHome t;
 };
 
@@ -65,7 +62,6 @@ TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {
   Insert("Lane", "Ada", "F");
   AthleteListModel model(t.state);
   QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
-
   const QStringList headers = {"Active", "Last Name", "First Name",     "Mid", "Gen",
                                "Birth",  "Age",       "Preferred Name", "ID"};
   ASSERT_EQ(model.columnCount(), headers.size());
@@ -78,12 +74,10 @@ TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {
   EXPECT_EQ(model.index(0, 6).data().toInt(), 12);
   EXPECT_FALSE(model.index(1, 6).data().isValid());  // no birth date, no age
   EXPECT_EQ(model.index(0, 0).data(Qt::CheckStateRole).value<Qt::CheckState>(), Qt::Checked);
-
   model.sort(6, Qt::DescendingOrder);
   EXPECT_EQ(model.index(0, 2).data().toString(), "Bo");
   model.sort(2, Qt::AscendingOrder);
   EXPECT_EQ(model.index(0, 2).data().toString(), "Ada");
-
   EXPECT_TRUE(model.flags(model.index(0, 0)) & Qt::ItemIsUserCheckable);
   EXPECT_FALSE(model.flags(model.index(0, 1)) & Qt::ItemIsEditable);
   ASSERT_TRUE(model.setData(model.index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
@@ -98,7 +92,6 @@ TEST_F(AthleteScreens, SelectingARowMakesTheSwimmerCurrentAndDeletingItClearsTha
   frmAthlete list(t.state);
   EXPECT_EQ(t.io.progress.back(), "Opening Athletes...");
   EXPECT_EQ(list.Grid()->currentIndex().row(), 1);  // the current swimmer is selected
-
   QSignalSpy changed(&list, &frmAthlete::currentAthleteChanged);
   list.Grid()->selectRow(0);
   EXPECT_EQ(t.state.gAthlete, ada);
@@ -106,7 +99,6 @@ TEST_F(AthleteScreens, SelectingARowMakesTheSwimmerCurrentAndDeletingItClearsTha
   EXPECT_EQ(changed.count(), 1);
   list.Grid()->selectRow(0);
   EXPECT_EQ(changed.count(), 1);
-
   t.io.Script({Answer::kNo});
   list.Delete();
   EXPECT_EQ(list.Model()->rowCount(), 2);
@@ -125,7 +117,6 @@ TEST_F(AthleteScreens, CommandsWithoutRowsSaySoAndAFifthSwimmerIsRefused) {
     EXPECT_EQ(LastShown(), "No Athletes have been added yet.") << command;
   }
   EXPECT_EQ(list.findChild<QDialog*>(), nullptr);
-
   for (const char* first : {"Ada", "Bo", "Cy"}) Insert("Lane", first, "F");
   t.io.shown.clear();
   Child<QAction>(&list, "cmdAdd")->trigger();
@@ -136,7 +127,6 @@ TEST_F(AthleteScreens, CommandsWithoutRowsSaySoAndAFifthSwimmerIsRefused) {
   EXPECT_TRUE(t.io.shown.empty());
   card->reject();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-
   Insert("Lane", "Di", "F");
   Child<QAction>(&list, "cmdAdd")->trigger();
   EXPECT_EQ(LastShown(), "KVL-R allows a maximum of 4 Athletes.");
@@ -150,11 +140,9 @@ TEST_F(AthleteScreens, TheCardChecksThenSavesAndTheListFollows) {
   QPointer<frmAthMt> card = list.findChild<frmAthMt*>();
   ASSERT_TRUE(card);
   auto* save = Child<QPushButton>(card, "cmdSave");
-
   save->click();
   EXPECT_EQ(LastShown(), "You must enter a First Name.");
   EXPECT_TRUE(card->isVisible());
-
   Type(Child<QLineEdit>(card, "txtFirst"), "ADA");
   Type(Child<QLineEdit>(card, "txtLast"), "O'BRIEN");
   EXPECT_EQ(Child<QLineEdit>(card, "txtFirst")->text(), "Ada");
@@ -162,7 +150,6 @@ TEST_F(AthleteScreens, TheCardChecksThenSavesAndTheListFollows) {
   save->click();
   EXPECT_EQ(LastShown(), "You must select the gender of the athlete.");
   EXPECT_TRUE(card->isVisible());
-
   Child<QRadioButton>(card, "optFemale")->setChecked(true);
   save->click();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -172,7 +159,6 @@ TEST_F(AthleteScreens, TheCardChecksThenSavesAndTheListFollows) {
   EXPECT_EQ(t.state.gAthleteName, "Ada O'Brien");
   EXPECT_EQ(list.Grid()->currentIndex().row(), 0);
   EXPECT_GE(changed.count(), 1);
-
   // Edit: a refused sex change goes back on the card.
   SQLite::Statement result(
       *t.state.gDb,
@@ -201,14 +187,12 @@ TEST_F(AthleteScreens, TheCardTakesTimesDatesAndFieldsAndCopiesASiblingsAddress)
   ASSERT_TRUE(ada.Loaded());
   EXPECT_EQ(Child<QLineEdit>(&ada, "txtStartTimeDay")->text(), "7:00 AM");
   EXPECT_EQ(Child<QLineEdit>(&ada, "txtEndTimeDay")->text(), "8:00 PM");
-
   auto* swim = Child<QLineEdit>(&ada, "txtStartSwim");
   Type(swim, "1930");
   EXPECT_EQ(swim->text(), "07:30 PM");
   Type(swim, "7:10");
   EXPECT_EQ(swim->text(), "");
   EXPECT_EQ(LastShown(), "Time must be in 15 minute intervals.");
-
   auto* birth = Child<QLineEdit>(&ada, "SSDBirth");
   auto* age = Child<QLabel>(&ada, "lblAge");
   EXPECT_EQ(birth->text(), "03/04/2012");
@@ -218,18 +202,15 @@ TEST_F(AthleteScreens, TheCardTakesTimesDatesAndFieldsAndCopiesASiblingsAddress)
   EXPECT_EQ(birth->text(), "03/04/2012");
   Type(birth, "11/22/2026");
   EXPECT_EQ(age->text(), "0");
-
   frmAthMt missing(t.state, 999);
   EXPECT_FALSE(missing.Loaded());
   EXPECT_EQ(LastShown(), "Athlete not found");
-
   frmAthMt card(t.state, 0);
   EXPECT_FALSE(Child<QPushButton>(&card, "cmdSibling")->isHidden());
   card.CopySibling();
   EXPECT_EQ(Child<QLineEdit>(&card, "txtAddr")->text(), "12 Pool Road");
   EXPECT_EQ(Child<QLineEdit>(&card, "txtCity")->text(), "Springfield");
   EXPECT_EQ(Child<QLineEdit>(&card, "txtMailTo")->text(), "");
-
   const std::pair<const char*, int> sizes[] = {{"txtLast", 20},  {"txtFirst", 20},  {"txtInit", 1},
                                                {"txtPref", 20},  {"txtID", 17},     {"txtState", 3},
                                                {"txtEMail", 36}, {"txtMailTo2", 40}};
@@ -254,7 +235,6 @@ TEST_F(AthleteScreens, RecruitingAndMergeScreensWorkOnTheSelectedSwimmer) {
   frmRecr* recr = list.findChild<frmRecr*>();
   ASSERT_NE(recr, nullptr);
   EXPECT_EQ(Child<QLabel>(recr, "lblName")->text(), "Lane, Ada ");
-
   QString chosen = "/" + QString(56, 'p') + ".bmp";  // 61 characters
   recr->SetFileChooser([&chosen](const QString& title, const QString&, const QString&) {
     EXPECT_EQ(title, "Import Picture");
@@ -266,10 +246,8 @@ TEST_F(AthleteScreens, RecruitingAndMergeScreensWorkOnTheSelectedSwimmer) {
   chosen.remove(1, 1);
   recr->LoadPicture();
   EXPECT_EQ(Child<QLineEdit>(recr, "txtPicture")->text(), chosen);
-
   Child<QPushButton>(recr, "cmdPrint")->click();
   EXPECT_EQ(LastShown(), "The Athlete Recruiting Report is not available yet.");
-
   Child<QLineEdit>(recr, "txtHS_Name")->setText("North High");
   Child<QLineEdit>(recr, "txtGrad")->setText("2030");
   ASSERT_TRUE(recr->Save());
@@ -279,14 +257,12 @@ TEST_F(AthleteScreens, RecruitingAndMergeScreensWorkOnTheSelectedSwimmer) {
               .getString()),
       "North High|2030|" + chosen);
   recr->close();
-
   list.Merge();
   frmMerge* merge = list.findChild<frmMerge*>();
   ASSERT_NE(merge, nullptr);
   EXPECT_EQ(merge->Source()->currentData().toInt(), ada);
   ASSERT_EQ(merge->Destination()->count(), 2);
   EXPECT_EQ(merge->Destination()->findData(ada), -1);
-
   merge->Destination()->setCurrentIndex(merge->Destination()->findData(bo));
   QSignalSpy changed(&list, &frmAthlete::currentAthleteChanged);
   merge->Run();
@@ -304,14 +280,12 @@ TEST_F(AthleteScreens, TeamScreenStartsEmptyAndKeepsOneRow) {
     team.reject();
   }
   EXPECT_EQ(Count("SELECT COUNT(*) FROM TEAM"), 0);
-
   frmTeamMaint team(t.state);
   Child<QLineEdit>(&team, "txtName")->setText("Springfield Seals");
   Child<QLineEdit>(&team, "txtAddr")->setText("1 Pool Road\r\nSuite 2");
   Child<QPushButton>(&team, "cmdOK")->click();
   EXPECT_EQ(team.result(), QDialog::Accepted);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM TEAM"), 1);
-
   // Reopened it shows the row on one line; saving again edits that row.
   frmTeamMaint again(t.state);
   EXPECT_EQ(Child<QLineEdit>(&again, "txtName")->text(), "Springfield Seals");

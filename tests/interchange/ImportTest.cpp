@@ -47,10 +47,8 @@ class ImportTest : public ::testing::Test {
     jane_ = AddAthlete("Doe", "Jane", "F", "");
     SetCurrentAthlete(t_.state, jane_);
   }
-
   SQLite::Database& Db() { return *t_.state.gDb; }
   long long Count(const std::string& sql) { return QueryNumber(Db(), sql); }
-
   int32_t AddAthlete(const std::string& last, const std::string& first, const std::string& sex,
                      const std::string& pref) {
     SQLite::Statement q(Db(), "INSERT INTO ATHLETE (Last, First, Sex, Pref) VALUES (?, ?, ?, ?)");
@@ -58,7 +56,6 @@ class ImportTest : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
-
   // Every row of `sql` as "a|b|c", each ended by a line end.
   std::string Rows(const std::string& sql) {
     SQLite::Statement q(Db(), sql);
@@ -70,7 +67,6 @@ class ImportTest : public ::testing::Test {
     }
     return out;
   }
-
   ImportOutcome Run(const std::vector<std::string>& lines, const std::string& extension = ".CL2",
                     ImportCriteria criteria = {}, ImportMonitor* monitor = nullptr) {
     ImportFile file;
@@ -81,7 +77,6 @@ class ImportTest : public ::testing::Test {
     ImportMonitor quiet;
     return RunImportFile(t_.state, monitor ? *monitor : quiet, file, criteria);
   }
-
   test::TempHome t_;
   int32_t jane_ = 0;
 };
@@ -91,11 +86,9 @@ TEST(ImportRules, NonTimeCodesCoursesAndPrivateNumbers) {
                                             {"DNF", 3}, {"NT", 4},  {"1:05.32", 0},
                                             {"", 0},    {"DNS", 2}};  // "NS" inside "DNS"
   for (const auto& [text, code] : nt) EXPECT_EQ(NtFromTimeText(text), code) << text;
-
   const std::pair<const char*, const char*> courses[] = {
       {"", "Y"}, {"0", "Y"}, {"1", "S"}, {"2", "L"}, {"3", ""}, {"L", "L"}, {"X", "X"}};
   for (const auto& [code, letter] : courses) EXPECT_EQ(ImportCourseLetter(code), letter) << code;
-
   EXPECT_EQ(PrivateEventNumber(200, 1), 26);
   EXPECT_EQ(PrivateEventNumber(1650, 1), 56);
   EXPECT_EQ(PrivateEventNumber(75, 4), 7);  // not in the table: distance / 25
@@ -143,7 +136,6 @@ TEST_F(ImportTest, DuplicatesAreSkippedUnlessOverlaid) {
       QueryNumber(*t_.state.gReportDb,
                   "SELECT COUNT(*) FROM RPTISDIN WHERE Reason = '1' AND id_no = 'MADEUP000001'"),
       1);
-
   const ImportOutcome overlaid = Run(again.Lines(), ".CL2", {.overlay_results = true});
   EXPECT_FALSE(overlaid.not_all_imported);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
@@ -161,7 +153,6 @@ TEST_F(ImportTest, EventNumbersFoldLettersAndMakePrivateNumbersOnCollision) {
   // The second 200 finds its event again rather than making another.
   EXPECT_EQ(Rows("SELECT MtEv, MtEvX, Distance FROM MTEVENT ORDER BY MtEvent"),
             "123||100\n12||200\n");
-
   // 200 free for 11-12 collides with 123 (a 100): 25 + 1 = 26, letter "C". An event without
   // a number is numbered after the last.
   SdifFile other;
@@ -176,7 +167,6 @@ TEST_F(ImportTest, SameStartUnderAnotherNameAsksWhetherItIsTheSameMeet) {
   SdifFile first;
   first.Swim();
   ASSERT_TRUE(Run(first.Lines()).ok);
-
   SdifFile renamed;
   renamed.Meet({{"meet_name", "Made-Up Fall Classic"}});
   renamed.Line("B2", {{"location", "Shelbyville Pool"}});
@@ -185,7 +175,6 @@ TEST_F(ImportTest, SameStartUnderAnotherNameAsksWhetherItIsTheSameMeet) {
   ASSERT_TRUE(Run(renamed.Lines()).ok);
   EXPECT_TRUE(t_.io.Saw("Would you like to treat this meet, Made-Up Fall Classic and Autumn"));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-01'"), 2);
-
   SdifFile same;
   same.Meet({{"meet_name", "Made-Up Winter Classic"}});
   same.Line("B2", {{"location", "Shelbyville Pool"}});
@@ -218,10 +207,8 @@ TEST_F(ImportTest, AllFamilyTakesEverySwimmerOfTheFamily) {
   SdifFile file;
   file.Swim().Swim("swimmer_name=DOE, ANN|finals_time=1:09.00");
   file.Swim("swimmer_name=DOE, JOHN|sex=M|finals_time=1:02.00");
-
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
-
   ASSERT_TRUE(Run(file.Lines(), ".CL2", {.overlay_results = true, .all_family = true}).ok);
   EXPECT_EQ(QueryNumber(Db(), "SELECT COUNT(*) FROM RESULT WHERE Athlete = ?", ann), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 2);
@@ -238,7 +225,6 @@ TEST_F(ImportTest, SwimmerLinesFillTheSwimmersAddressCard) {
             "city=Springfield|state=ZZ|zip=00001");
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM AthInfo"), 0);  // no card is made outside a roster
-
   SQLite::Statement card(Db(), "INSERT INTO AthInfo (Athlete) VALUES (?)");
   card.bind(1, jane_);
   card.exec();
@@ -264,7 +250,6 @@ TEST_F(ImportTest, RelayLeadOffsBecomeResults) {
   }
   ASSERT_TRUE(Run(lines).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 0);  // the box gates every relay line
-
   const ImportOutcome out = Run(lines, ".CL2", {.lead_off = true});
   EXPECT_EQ(out.counts.Processed(ImportRow::kRelay), 3);
   EXPECT_EQ(Rows("SELECT I_R, Stroke, Distance, Score, F_P FROM RESULT ORDER BY Result"),
@@ -470,7 +455,6 @@ class ImportReportTest : public ::testing::Test {
     test::MakeOpenDatabase(t_);
     CheckReportTables(t_.state);
   }
-
   int32_t AddAthlete(const std::string& last, const std::string& first, const std::string& initial,
                      const std::string& id_no, const std::string& birth) {
     SQLite::Statement q(*t_.state.gDb,
@@ -480,7 +464,6 @@ class ImportReportTest : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(t_.state.gDb->getLastInsertRowid());
   }
-
   ImportOutcome Report(std::vector<std::string> lines, const std::string& extension) {
     ImportFile file;
     file.extension = extension;
@@ -489,9 +472,7 @@ class ImportReportTest : public ::testing::Test {
     file.ready = true;
     return RunFileReport(t_.state, watcher_, file);
   }
-
   std::vector<ReportRow> Rows(bool relay) { return ReadIsdinRows(*t_.state.gReportDb, relay); }
-
   test::TempHome t_;
   testing::Monitor watcher_;
 };
@@ -512,7 +493,6 @@ TEST(ImportReportTexts, DistancesStrokesDatesAndTitle) {
   EXPECT_EQ(ReportStrokeText(7, "I"), "Diving");
   EXPECT_EQ(ReportStrokeText(5, "R"), "Medley Relay");
   EXPECT_EQ(ReportStrokeText(5, "L"), "IM");
-
   struct DateCase {
     const char* columns;
     int order;
@@ -548,7 +528,6 @@ TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
   ASSERT_TRUE(outcome.ok);
   EXPECT_EQ(outcome.status, " Report Build Successful ");
   EXPECT_EQ(watcher_.statuses.back(), " Report Build Successful ");
-
   const auto rows = Rows(false);
   // B1, C1 and the three swims, in file order.
   ASSERT_EQ(rows.size(), 5u);
@@ -557,7 +536,6 @@ TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
             std::make_tuple("Autumn Made-Up Invite", "11/01/2026", "11/02/2026", ""));
   EXPECT_EQ(std::tie(rows[1].row.team_name, rows[1].row.team_code),
             std::make_tuple("Made Up Swim Team", "MUST"));
-
   // Jane's number comes from the D3 behind her D0.
   const IsdinRow& jane = rows[2].row;
   EXPECT_EQ(rows[2].reason_words, "Result imported");
@@ -569,17 +547,14 @@ TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
                      jane.f_time, jane.f_cors, jane.diving),
             std::make_tuple("100", 100, "Free", 1, 1112, "1:05.32", "Y", ""));
   EXPECT_EQ(IsdinEventText(jane), "Female 11-12 100 Free");
-
   // No D3 behind Ann's dive: the D0's own number.
   const IsdinRow& ann = rows[3].row;
   EXPECT_EQ(std::tie(ann.id_no, ann.stroke, ann.int_stroke, ann.diving, ann.lo_hi, ann.f_time),
             std::make_tuple("ROE-NUMBER", "Diving", 6, "Y", 10, "245.50"));
   EXPECT_EQ(IsdinEventText(ann), "Female Un-10 Diving");
-
   const IsdinRow& eve = rows[4].row;
   EXPECT_EQ(std::tie(eve.lo_hi, eve.p_time, eve.f_time), std::make_tuple(1599, "DQ", ""));
   EXPECT_EQ(IsdinEventText(eve), "Female 15-Ov 100 Free");
-
   // Stroke "6" of an E0 is a free relay.
   const auto relays = Rows(true);
   ASSERT_EQ(relays.size(), 3u);
@@ -591,11 +566,9 @@ TEST_F(ImportReportTest, SdifFileGivesARowForEveryMeetTeamSwimmerAndRelayLine) {
   EXPECT_EQ(std::tie(leg.relay, leg.f_time), std::make_tuple("Y", "32.50"));
   EXPECT_EQ(IsdinNameText(leg), "ROE, ANN");
   EXPECT_EQ(IsdinEventText(leg), "Female 11-12 200 Free Relay");
-
   EXPECT_EQ(outcome.counts.Processed(ImportRow::kMeets), 1);
   EXPECT_EQ(outcome.counts.Processed(ImportRow::kIndividual), 3);
   EXPECT_EQ(outcome.counts.Processed(ImportRow::kRelay), 1);
-
   // A second report starts from an empty table.
   ASSERT_TRUE(Report(file.Lines(), ".CL2").ok);
   EXPECT_EQ(Rows(false).size(), 5u);
@@ -645,14 +618,12 @@ TEST_F(ImportReportTest, Nv3FileReportsSwimsUnderTheSwimmerOfTheirNumber) {
   ASSERT_EQ(rows.size(), 7u);
   EXPECT_EQ(std::tie(rows[0].row.meet_beg, rows[2].row.only, rows[2].row.id_no, rows[3].row.id_no),
             std::make_tuple("12/05/2026", "Y", "DB-ALEX", "FILE-KIM"));
-
   const IsdinRow& free = rows[4].row;
   EXPECT_EQ(IsdinNameText(free), "SMITH, ALEX B");
   EXPECT_EQ(
       std::tie(free.birth, free.team_name, free.stroke, free.lo_hi, free.f_time, free.p_time,
                free.only),
       std::make_tuple("01/02/2014", "Made Up Swim Team", "Free", 1112, "1:05.32", "1:06.01", ""));
-
   // Each swim names its swimmer by number: Kim's dive here, Alex's backstroke below though
   // Kim's D1 came last.
   const IsdinRow& dive = rows[5].row;
@@ -661,7 +632,6 @@ TEST_F(ImportReportTest, Nv3FileReportsSwimsUnderTheSwimmerOfTheirNumber) {
   const IsdinRow& back = rows[6].row;
   EXPECT_EQ(std::tie(back.ln, back.p_time), std::make_tuple("SMITH", "DQ"));
   EXPECT_EQ(IsdinEventText(back), "Female Un-10 50 Back");
-
   const auto relays = Rows(true);
   ASSERT_EQ(relays.size(), 1u);
   EXPECT_EQ(std::tie(relays[0].row.stroke, relays[0].row.f_time),
@@ -681,12 +651,10 @@ TEST_F(ImportReportTest, StoppingKeepsTheRowsWrittenAndFailuresSayErrorCreatingR
   EXPECT_NE(FindByName(rows, "DOE", "JANE"), nullptr);
   EXPECT_EQ(FindByName(rows, "ROE", "ANN"), nullptr);
   watcher_.cancel_after = 1 << 30;
-
   const ImportOutcome psn = Report(file.Lines(), ".PSN");
   EXPECT_FALSE(psn.ok);
   EXPECT_EQ(psn.status, "Error creating report.");
   EXPECT_TRUE(t_.io.Saw("Error creating report."));
-
   // The run's own copy of the table, then the file's.
   t_.state.gReportDb->exec("DROP TABLE temp.RPTISDIN");
   t_.state.gReportDb->exec("DROP TABLE main.RPTISDIN");
@@ -701,7 +669,6 @@ TEST_F(ImportReportTest, GetCurrentAthFindsBySwimmerNumberThenNameInitialAndBirt
   const int32_t alex_b = AddAthlete("Smith", "Alex", "B", "", "2012-05-05");
   const int32_t alex_too = AddAthlete("SMITH", "ALEX", "", "", "2016-03-03");
   const int32_t kim = AddAthlete("Jones", "Kim", "C", "ID-KIM", "");
-
   struct Case {
     const char* what;
     const char* id_no;
@@ -731,7 +698,6 @@ TEST_F(ImportReportTest, GetCurrentAthFindsBySwimmerNumberThenNameInitialAndBirt
   // A name holding a quote is a value like any other.
   const int32_t quoted = AddAthlete("O'Neil", "Sean", "", "", "");
   EXPECT_EQ(GetCurrentAth(t_.state, "", "O'NEIL", "SEAN", "", ""), quoted);
-
   t_.state.gDb.reset();
   EXPECT_EQ(GetCurrentAth(t_.state, "ID-ALEX", "SMITH", "ALEX", "", ""), 0);
 }

@@ -53,9 +53,7 @@ class ResultsQuery : public ::testing::Test {
     other.event = s.Event(1, 99, 100, 1);
     s.Result(other);
   }
-
   SQLite::Database& Db() { return *t.state.gDb; }
-
   std::vector<ResultRecord> Run(const ResultFilter& f, bool lead_off = false) {
     return RunResults(Db(), PlanResults(f, lead_off, today, kNullDate));
   }
@@ -70,7 +68,6 @@ class ResultsQuery : public ::testing::Test {
     return ids;
   }
   static ResultFilter Swimmer1() { return {.athlete = 1}; }
-
   test::TempHome t;
   test::OpenedDatabase open_{t};
   test::Season s{*t.state.gDb};
@@ -174,7 +171,6 @@ TEST_F(ResultsQuery, FastestOfASelectionRanksItFirstAndReadsTRank) {
   EXPECT_TRUE(std::find(got.begin(), got.end(), r1) != got.end());
   EXPECT_TRUE(std::find(got.begin(), got.end(), r10) == got.end());
   EXPECT_TRUE(std::find(got.begin(), got.end(), r2) == got.end());
-
   f.meet_type.clear();
   f.use_since = true;
   f.since = Date{2025, 1, 1};
@@ -299,18 +295,15 @@ TEST(ResultCellsTest, StandardAgeRule) {
   ResultCellOptions options;
   FillResultCells(rows, options, lookup, nullptr);
   EXPECT_TRUE(asked.empty());  // not asked unless shown
-
   options.show_standards = true;
   auto cells = FillResultCells(rows, options, lookup, nullptr);
   EXPECT_EQ(asked, (std::vector<int16_t>{12, 12, 14}));
   EXPECT_EQ(cells[1][kColStandard], "AA");
-
   asked.clear();
   options.standards_current_age = true;
   options.current_age = 15;
   FillResultCells(rows, options, lookup, nullptr);
   EXPECT_EQ(asked, (std::vector<int16_t>{15, 15, 15}));
-
   asked.clear();
   options.current_age = 0;  // no current age: the result's
   FillResultCells(rows, options, lookup, nullptr);
@@ -326,7 +319,6 @@ TEST_F(ResultsQuery, DeleteAsksThenRemovesSplitsAndReranks) {
   auto rows = Run(f);
   const ResultRecord first = rows.front();
   ASSERT_EQ(first.result, r1);
-
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(DeleteOneResult(t.state, first, "Robin Lane"));
   EXPECT_EQ(Run(f).size(), rows.size());
@@ -337,7 +329,6 @@ TEST_F(ResultsQuery, DeleteAsksThenRemovesSplitsAndReranks) {
             "with it.\r\n\r\nEvent: \t100 Free\r\nScore: \t 1:00.00Y\r\nDate: \t10/03/2026\r\n"
             "Meet: \tAutumn Open\r\n\r\nAthlete: \tRobin Lane\r\n\r\nDo you still want to "
             "remove this result?\r\n");
-
   EXPECT_TRUE(DeleteOneResult(t.state, first, "Robin Lane"));
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM RESULT WHERE RESULT = ?", r1), 0);
   EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM SPLITS"), 0);
