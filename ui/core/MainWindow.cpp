@@ -3,19 +3,17 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QMenuBar>
 #include <QPrinterInfo>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
-#include <QTextBrowser>
 #include <QUrl>
-#include <QVBoxLayout>
 
 #include <fmt/format.h>
 
+#include "core/HelpWindow.h"
 #include "core/PreferenceScreens.h"
 #include "core/PrinterInfo.h"
 #include "core/ShellDialogs.h"
@@ -70,6 +68,7 @@ MainWindow::MainWindow(AppState& state, QWidget* parent) : QMainWindow(parent), 
   setCentralWidget(central_);
   BuildMenus();
   BuildToolBar();
+  InstallHelpKey(this, [this](QDialog& dialog) { return run_dialog_(dialog); });
   InstallShellHandlers();
   statusBar();
   SetFileMenus(false);
@@ -179,9 +178,10 @@ void MainWindow::InstallShellHandlers() {
       close();
     }
   });
-  SetHandler(C::kHelpContents, [this] { ShowHelp("qrc:/help/KVL-R.html"); });
-  SetHandler(C::kHelpReleaseNotes, [this] { ShowHelp("qrc:/help/KVL-RReleasenotes.html"); });
-  SetHandler(C::kHelpTechSupport, [this] { ShowHelp("qrc:/help/KVL-R.html#support"); });
+  SetHandler(C::kHelpContents, [this] { ShowHelp(this, kHelpContentsPage, run_dialog_); });
+  SetHandler(C::kHelpReleaseNotes,
+             [this] { ShowHelp(this, kHelpReleaseNotesPage, run_dialog_); });
+  SetHandler(C::kHelpTechSupport, [this] { ShowHelp(this, kHelpSupportPage, run_dialog_); });
   SetHandler(C::kHelpAbout, [this] {
     state_.io->Message(
         "KVL-R 2.1\r\nA log of meets, times, standards and training for up to "
@@ -420,23 +420,6 @@ void MainWindow::Repair() {
   QApplication::restoreOverrideCursor();
   if (state_.gDbOpen && athlete > 0) LogIn(state_, athlete);
   DatabaseChanged();
-}
-
-void MainWindow::ShowHelp(const QString& page) {
-  QDialog help(this);
-  help.setObjectName("frmHelp");
-  help.setWindowTitle(tr("KVL-R Help"));
-  help.resize(760, 560);
-  auto* layout = new QVBoxLayout(&help);
-  auto* browser = new QTextBrowser(&help);
-  browser->setObjectName("txtHelp");
-  browser->setOpenExternalLinks(true);
-  browser->setSource(QUrl(page));
-  layout->addWidget(browser);
-  auto* close = new QDialogButtonBox(QDialogButtonBox::Close, &help);
-  connect(close, &QDialogButtonBox::rejected, &help, &QDialog::reject);
-  layout->addWidget(close);
-  run_dialog_(help);
 }
 
 bool MainWindow::ConfirmExit() {

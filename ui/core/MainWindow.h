@@ -67,7 +67,6 @@ class MainWindow final : public QMainWindow {
   void ShowLastFiles(const std::vector<std::string>& files);
   void OpenNew();
   void Repair();
-  void ShowHelp(const QString& page);
   // The way out; false when the user stays.
   bool ConfirmExit();
 

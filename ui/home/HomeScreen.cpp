@@ -7,13 +7,14 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "core/DateText.h"
 #include "home/HomePage.h"
 
 namespace kvlr {
 
 frmHome::frmHome(AppState& state, QWidget* parent) : QWidget(parent), state_(state) {
   setObjectName("frmHome");
-  date_text_ = [](const Date& date) { return date.Iso(); };
+  date_text_ = [&state](const Date& date) { return ShownDate(date, state.gDateOrder); };
   auto* layout = new QVBoxLayout(this);
   auto* top = new QHBoxLayout;
   picture_ = new QLabel(this);

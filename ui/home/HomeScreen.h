@@ -26,7 +26,6 @@ class frmHome final : public QWidget {
   void Refresh();
   // The swimmer's picture beside the name; a null pixmap shows none.
   void SetPicture(const QPixmap& picture);
-  void SetDateText(HomeDateText date_text) { date_text_ = std::move(date_text); }
   void SetOpen(std::function<void(const HomeLink&)> open) { open_ = std::move(open); }
 
   // The tables in HomeTables order.
