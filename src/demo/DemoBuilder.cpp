@@ -9,10 +9,13 @@
 #include "athletes/AthleteCard.h"
 #include "athletes/CurrentAthlete.h"
 #include "core/DatabaseName.h"
+#include "core/DateText.h"
 #include "core/Options.h"
 #include "core/TimeText.h"
 #include "interchange/ImportPrepare.h"
 #include "interchange/ImportRun.h"
+#include "meets/DefaultEvents.h"
+#include "meets/Entries.h"
 #include "meets/Favorites.h"
 #include "meets/Goals.h"
 #include "meets/MeetTypes.h"
@@ -70,6 +73,7 @@ class Builder {
     AddStandard();
     AddGoals();
     AddFavorites();
+    AddNextMeet();
     Require(SetCurrentAthlete(state_, athletes_.at(0)), "making the first swimmer current");
     Backup();
     Count();
@@ -213,6 +217,35 @@ class Builder {
         {0, "Yards", "", "Yards"}, {0, "LCM", "", "LCM"}, {0, "Champs", kChampionshipType, ""}};
     for (const Favorite& f : favorites) {
       Require(SaveFavorite(state_, f).has_value(), "saving the favourite filter " + f.name);
+    }
+  }
+
+  // A meet two weeks ahead with the default events of yards, each swimmer entered in the
+  // events of a best time, as the entries screen enters them.
+  void AddNextMeet() {
+    MeetForm form = NewMeetForm(state_);
+    const Date start = AddDays(state_.clock->Today(), 14);
+    form.mname = fmt::format("{} Make-Believe Holiday Classic", start.year);
+    form.course = "Y";
+    form.start = ShownDate(start, state_.gDateOrder);
+    form.end = ShownDate(AddDays(start, 1), state_.gDateOrder);
+    form.location = "Nowhere Aquatic Center";
+    form.type = kAgeGroupType;
+    const MeetSaveOutcome saved = SaveMeet(state_, form);
+    Require(saved.status == MeetSaveStatus::kSaved, "adding the meet ahead");
+    Require(LoadDefaultEvents(state_, EventList::kEntries, saved.meet) > 0,
+            "adding the events of the meet ahead");
+    const auto meet = ReadEntryMeet(*state_.gDb, saved.meet);
+    Require(meet.has_value(), "reading the meet ahead");
+    for (const EntrySwimmer& swimmer : LoadEntrySwimmers(*state_.gDb)) {
+      EntrySheet sheet(state_, *meet);
+      Require(sheet.Load(swimmer), "loading the entries of " + swimmer.first);
+      int entered = 0;
+      for (size_t row = 0; row < sheet.Rows().size() && entered < 4; ++row) {
+        if (sheet.Rows()[row].best_score == 0) continue;
+        Require(sheet.SetEntered(row, true), "entering " + swimmer.first);
+        ++entered;
+      }
     }
   }
 

@@ -1,8 +1,8 @@
 #pragma once
 // `kvlr demo`: a database of a made-up family built through the program's own routines:
 // new database, athlete cards, the import of meet files the demo writes beside it, meet
-// types, relay legs, a time standard made current, goals, favourite filters, favourite
-// folders and a backup.
+// types, relay legs, a time standard made current, goals, favourite filters, a meet ahead
+// with entries, favourite folders and a backup.
 
 #include <filesystem>
 #include <stdexcept>
