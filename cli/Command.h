@@ -69,5 +69,6 @@ std::vector<Command> CheckCommands();
 std::vector<Command> ImportCommands();
 std::vector<Command> EventCommands();
 std::vector<Command> DemoCommands();
+std::vector<Command> GraphCommands();
 
 }  // namespace kvlr::cli

@@ -102,7 +102,8 @@ const std::vector<Command>& Commands() {
     std::vector<Command> all;
     for (auto list : {DatabaseCommands, AthleteCommands, BackupCommands, MeetCommands,
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
-                      BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands}) {
+                      BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands,
+                      GraphCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
     }
     return all;

@@ -50,8 +50,8 @@ QAbstractAxis* TimeAxis(const GraphData& data, double low, double high) {
   return axis;
 }
 
-// Dates along the bottom, no closer than one label in `every` slots.
-QAbstractAxis* SlotAxis(const GraphData& data, bool bars) {
+// Dates along the bottom, at most about ten of them.
+QAbstractAxis* SlotAxis(const GraphData& data) {
   auto* axis = new QCategoryAxis;
   axis->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
   const int count = static_cast<int>(data.slot_labels.size());
@@ -64,8 +64,8 @@ QAbstractAxis* SlotAxis(const GraphData& data, bool bars) {
     axis->append(label, i);
     previous = label;
   }
-  // Bars stand centred on their slot and need half a slot on either side.
-  axis->setRange(bars ? -0.5 : 0, bars ? count - 0.5 : std::max(1, count - 1));
+  // Half a slot on either side keeps bars and the end labels inside the plot.
+  axis->setRange(-0.5, count - 0.5);
   axis->setLabelsAngle(count > 6 ? -45 : 0);
   return axis;
 }
@@ -110,7 +110,7 @@ GraphChart BuildGraphChart(const GraphData& data, const GraphLook& look) {
   if (high - low < 1) high = low + 1;
   const double pad = (high - low) * 0.05;
 
-  QAbstractAxis* x_axis = SlotAxis(data, look.kind == GraphKind::kBar);
+  QAbstractAxis* x_axis = SlotAxis(data);
   QAbstractAxis* y_axis = nullptr;
   if (data.times || data.points) {
     y_axis = TimeAxis(data, std::max(0.0, low - pad), high + pad);
