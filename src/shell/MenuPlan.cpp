@@ -55,6 +55,7 @@ const std::vector<MenuEntry>& MainMenu() {
       {"Rep&orts", "", "&Top Times", C::kReportTopTimes, true},
       {"Rep&orts", "", "Meet Res&ults", C::kReportMeetResults},
       {"Rep&orts", "", "Meet &Entries", C::kReportMeetEntries},
+      {"Rep&orts", "", "&Graphs", C::kReportGraphs},
       {"Rep&orts", "", "&LogBooks", C::kReportLogBooks, true},
       {"Rep&orts", "", "&Workout Statistics", C::kReportWorkoutStats},
       {"Rep&orts", "", "&Memorized Reports", C::kReportMemorized, true},

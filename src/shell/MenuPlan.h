@@ -58,6 +58,7 @@ enum class MenuCommand {
   kReportTopTimes,
   kReportMeetResults,
   kReportMeetEntries,
+  kReportGraphs,
   kReportLogBooks,
   kReportWorkoutStats,
   kReportMemorized,
