@@ -1,0 +1,378 @@
+#include "reports/ReportLayout.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include <QFile>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPdfWriter>
+
+namespace kvlr {
+namespace {
+
+constexpr double kBodyPoints = 9;
+constexpr double kSmallestPoints = 6.5;
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+QFont Font(double points, bool bold = false, bool italic = false) {
+  QFont f(QStringLiteral("DejaVu Sans"));
+  f.setStyleHint(QFont::SansSerif);
+  f.setPointSizeF(points);
+  f.setBold(bold);
+  f.setItalic(italic);
+  return f;
+}
+
+// What a page holds, in the order painted.
+struct Item {
+  enum class Kind { kHeading, kColumns, kGroup, kSubGroup, kRow, kDetail, kNote };
+  Kind kind;
+  const ReportSection* section = nullptr;
+  size_t geometry = 0;  // index into Layout::sections
+  std::vector<std::string> texts;
+  double y = 0;
+  double height = 0;
+};
+
+// Column positions and the body fonts of one section.
+struct SectionGeometry {
+  std::vector<double> x, width;
+  QFont row, bold, detail;
+  double row_height = 0, group_height = 0, sub_height = 0, detail_height = 0;
+  bool has_headings = false;
+};
+
+class Paginator {
+ public:
+  Paginator(const ReportDoc& doc, QPaintDevice& device)
+      : doc_(doc), device_(device), width_(device.width()), height_(device.height()) {
+    const QFontMetricsF title(Font(14, true), &device_), head(Font(9), &device_),
+        foot(Font(8), &device_);
+    header_height_ = title.height() * 1.3 + head.height() * static_cast<double>(doc.head_lines.size()) +
+                     head.height() * 0.6;
+    footer_height_ = foot.height() * 1.8;
+    bottom_ = height_ - footer_height_;
+  }
+
+  std::vector<std::vector<Item>> Run() {
+    NewPage();
+    for (const ReportSection& s : doc_.sections) Place(s);
+    return std::move(pages_);
+  }
+
+  double HeaderHeight() const { return header_height_; }
+  const std::vector<SectionGeometry>& Geometry() const { return geometry_; }
+
+ private:
+  void Place(const ReportSection& s) {
+    geometry_.push_back(Measure(s));
+    const size_t g = geometry_.size() - 1;
+    const SectionGeometry& geo = geometry_[g];
+    if (s.new_page && BodyStarted()) NewPage();
+    section_ = &s;
+    group_.clear();
+    sub_.clear();
+    const double heads = geo.has_headings ? geo.row_height * 1.3 : 0;
+    if (!s.heading.empty()) {
+      const double h = geo.group_height * 1.5;
+      if (y_ + h + heads + geo.row_height * 2 > bottom_) NewPage();
+      Add({Item::Kind::kHeading, &s, g, {s.heading}}, h);
+    }
+    if (geo.has_headings) Add({Item::Kind::kColumns, &s, g, {}}, heads);
+    for (size_t i = 0; i < s.lines.size(); ++i) {
+      const ReportLine& line = s.lines[i];
+      Item item{KindOf(line.kind), &s, g, line.cells};
+      double h = 0;
+      switch (line.kind) {
+        case ReportLine::Kind::kGroup:
+          item.texts = {line.text};
+          h = geo.group_height;
+          break;
+        case ReportLine::Kind::kSubGroup:
+          item.texts = {line.text};
+          h = geo.sub_height;
+          break;
+        case ReportLine::Kind::kRow:
+          h = geo.row_height;
+          break;
+        case ReportLine::Kind::kDetail:
+          item.texts = Wrap(line.text, geo.detail, width_ - geo.x[std::min<size_t>(1, geo.x.size() - 1)]);
+          h = geo.detail_height * static_cast<double>(item.texts.size()) + geo.detail_height * 0.2;
+          break;
+        case ReportLine::Kind::kNote:
+          item.texts = {line.text};
+          h = geo.row_height * 1.4;
+          break;
+      }
+      // A heading stays with the first row under it.
+      double need = h;
+      for (size_t j = i + 1; j < s.lines.size() && IsHeading(line.kind); ++j) {
+        const auto k = s.lines[j].kind;
+        need += k == ReportLine::Kind::kGroup ? geo.group_height
+                : k == ReportLine::Kind::kSubGroup ? geo.sub_height
+                                                   : geo.row_height;
+        if (!IsHeading(k)) break;
+      }
+      if (y_ + need > bottom_ && BodyStarted()) {
+        NewPage();
+        if (geo.has_headings) Add({Item::Kind::kColumns, &s, g, {}}, heads);
+        if (line.kind != ReportLine::Kind::kGroup && !group_.empty()) {
+          Add({Item::Kind::kGroup, &s, g, {group_ + " (continued)"}}, geo.group_height);
+          if (line.kind != ReportLine::Kind::kSubGroup && !sub_.empty()) {
+            Add({Item::Kind::kSubGroup, &s, g, {sub_ + " (continued)"}}, geo.sub_height);
+          }
+        }
+      }
+      if (line.kind == ReportLine::Kind::kGroup) {
+        group_ = line.text;
+        sub_.clear();
+      } else if (line.kind == ReportLine::Kind::kSubGroup) {
+        sub_ = line.text;
+      }
+      Add(std::move(item), h);
+    }
+  }
+
+  static bool IsHeading(ReportLine::Kind k) {
+    return k == ReportLine::Kind::kGroup || k == ReportLine::Kind::kSubGroup;
+  }
+  static Item::Kind KindOf(ReportLine::Kind k) {
+    switch (k) {
+      case ReportLine::Kind::kGroup:
+        return Item::Kind::kGroup;
+      case ReportLine::Kind::kSubGroup:
+        return Item::Kind::kSubGroup;
+      case ReportLine::Kind::kDetail:
+        return Item::Kind::kDetail;
+      case ReportLine::Kind::kNote:
+        return Item::Kind::kNote;
+      default:
+        return Item::Kind::kRow;
+    }
+  }
+
+  SectionGeometry Measure(const ReportSection& s) {
+    SectionGeometry geo;
+    double total = 0;
+    for (const ReportColumn& c : s.columns) total += std::max(1.0, c.weight);
+    if (s.columns.empty()) total = 1;
+    // Shrink the body font until the columns' usual widths fit the paper.
+    double points = kBodyPoints;
+    const double chars_at_body = QFontMetricsF(Font(kBodyPoints), &device_).averageCharWidth();
+    if (total * chars_at_body > width_) {
+      points = std::max(kSmallestPoints, kBodyPoints * width_ / (total * chars_at_body));
+    }
+    geo.row = Font(points);
+    geo.bold = Font(points, true);
+    geo.detail = Font(std::max(kSmallestPoints, points - 1), false, true);
+    geo.row_height = QFontMetricsF(geo.row, &device_).height() * 1.25;
+    geo.group_height = QFontMetricsF(Font(points + 2, true), &device_).height() * 1.6;
+    geo.sub_height = QFontMetricsF(geo.bold, &device_).height() * 1.4;
+    geo.detail_height = QFontMetricsF(geo.detail, &device_).height() * 1.1;
+    double x = 0;
+    for (const ReportColumn& c : s.columns) {
+      const double w = width_ * std::max(1.0, c.weight) / total;
+      geo.x.push_back(x);
+      geo.width.push_back(w);
+      x += w;
+      geo.has_headings = geo.has_headings || !c.heading.empty();
+    }
+    if (geo.x.empty()) {
+      geo.x.push_back(0);
+      geo.width.push_back(width_);
+    }
+    return geo;
+  }
+
+  // Word-wrapped lines of a detail text; a word wider than the line is elided.
+  std::vector<std::string> Wrap(const std::string& text, const QFont& font, double width) const {
+    const QFontMetricsF fm(font, &device_);
+    std::vector<std::string> lines;
+    QString current;
+    for (const QString& word : Q(text).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+      const QString tried = current.isEmpty() ? word : current + QStringLiteral("   ") + word;
+      if (fm.horizontalAdvance(tried) <= width || current.isEmpty()) {
+        current = tried;
+      } else {
+        lines.push_back(fm.elidedText(current, Qt::ElideRight, width).toStdString());
+        current = word;
+      }
+    }
+    if (!current.isEmpty()) lines.push_back(fm.elidedText(current, Qt::ElideRight, width).toStdString());
+    if (lines.empty()) lines.push_back("");
+    return lines;
+  }
+
+  bool BodyStarted() const {
+    return std::any_of(pages_.back().begin(), pages_.back().end(),
+                       [](const Item& i) { return i.kind != Item::Kind::kColumns; });
+  }
+  void NewPage() {
+    pages_.emplace_back();
+    y_ = header_height_;
+  }
+  void Add(Item item, double height) {
+    item.y = y_;
+    item.height = height;
+    y_ += height;
+    pages_.back().push_back(std::move(item));
+  }
+
+  const ReportDoc& doc_;
+  QPaintDevice& device_;
+  double width_, height_;
+  double header_height_ = 0, footer_height_ = 0, bottom_ = 0, y_ = 0;
+  std::vector<std::vector<Item>> pages_;
+  std::vector<SectionGeometry> geometry_;
+  const ReportSection* section_ = nullptr;
+  std::string group_, sub_;
+};
+
+Qt::Alignment AlignOf(ReportColumn::Align a) {
+  switch (a) {
+    case ReportColumn::Align::kRight:
+      return Qt::AlignRight;
+    case ReportColumn::Align::kCenter:
+      return Qt::AlignHCenter;
+    default:
+      return Qt::AlignLeft;
+  }
+}
+
+// Text inside a box, elided to the box: a column never runs into the next.
+void Cell(QPainter& p, const QRectF& box, const QString& text, Qt::Alignment align) {
+  const double pad = p.fontMetrics().averageCharWidth() * 0.4;
+  const QRectF inner = box.adjusted(pad, 0, -pad, 0);
+  const QString shown = QFontMetricsF(p.font(), p.device()).elidedText(text, Qt::ElideRight,
+                                                                        inner.width());
+  p.drawText(inner, static_cast<int>(align | Qt::AlignVCenter), shown);
+}
+
+void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items,
+               const std::vector<SectionGeometry>& geometry, int page, int pages,
+               double header_height) {
+  const double width = p.device()->width();
+  const double height = p.device()->height();
+  const double hair = std::max(1.0, p.device()->logicalDpiY() / 150.0);
+  // Page header.
+  p.setFont(Font(14, true));
+  const double title_h = QFontMetricsF(p.font(), p.device()).height() * 1.3;
+  Cell(p, QRectF(0, 0, width, title_h), Q(doc.title), Qt::AlignHCenter);
+  p.setFont(Font(9));
+  const double head_h = QFontMetricsF(p.font(), p.device()).height();
+  double y = title_h;
+  for (const std::string& line : doc.head_lines) {
+    Cell(p, QRectF(0, y, width, head_h), Q(line), Qt::AlignHCenter);
+    y += head_h;
+  }
+  p.fillRect(QRectF(0, header_height - head_h * 0.3, width, hair), Qt::black);
+  // Footer.
+  p.setFont(Font(8));
+  const double foot_h = QFontMetricsF(p.font(), p.device()).height();
+  p.fillRect(QRectF(0, height - foot_h * 1.5, width, hair), Qt::black);
+  const QRectF foot(0, height - foot_h * 1.3, width, foot_h * 1.3);
+  Cell(p, foot, Q(doc.report_date), Qt::AlignLeft);
+  Cell(p, foot, QStringLiteral("Page %1 of %2").arg(page).arg(pages), Qt::AlignRight);
+
+  for (const Item& item : items) {
+    const SectionGeometry& geo = geometry[item.geometry];
+    const QRectF line(0, item.y, width, item.height);
+    switch (item.kind) {
+      case Item::Kind::kHeading:
+        p.setFont(Font(geo.bold.pointSizeF() + 3, true));
+        Cell(p, line, Q(item.texts[0]), Qt::AlignLeft);
+        break;
+      case Item::Kind::kColumns:
+        p.setFont(geo.bold);
+        for (size_t c = 0; c < item.section->columns.size(); ++c) {
+          const ReportColumn& col = item.section->columns[c];
+          Cell(p, QRectF(geo.x[c], item.y, geo.width[c], item.height), Q(col.heading),
+               AlignOf(col.align));
+        }
+        p.fillRect(QRectF(0, item.y + item.height - hair, width, hair), Qt::gray);
+        break;
+      case Item::Kind::kGroup:
+        p.setFont(Font(geo.bold.pointSizeF() + 2, true));
+        Cell(p, line.adjusted(0, item.height * 0.25, 0, 0), Q(item.texts[0]), Qt::AlignLeft);
+        break;
+      case Item::Kind::kSubGroup:
+        p.setFont(geo.bold);
+        Cell(p, line.adjusted(geo.width[0] * 0.3, item.height * 0.15, 0, 0), Q(item.texts[0]),
+             Qt::AlignLeft);
+        break;
+      case Item::Kind::kRow:
+        p.setFont(geo.row);
+        for (size_t c = 0; c < item.texts.size() && c < geo.x.size(); ++c) {
+          const ReportColumn::Align a = c < item.section->columns.size()
+                                            ? item.section->columns[c].align
+                                            : ReportColumn::Align::kLeft;
+          Cell(p, QRectF(geo.x[c], item.y, geo.width[c], item.height), Q(item.texts[c]),
+               AlignOf(a));
+        }
+        break;
+      case Item::Kind::kDetail: {
+        p.setFont(geo.detail);
+        const double x = geo.x.size() > 1 ? geo.x[1] : 0;
+        double ty = item.y;
+        for (const std::string& text : item.texts) {
+          Cell(p, QRectF(x, ty, width - x, geo.detail_height), Q(text), Qt::AlignLeft);
+          ty += geo.detail_height;
+        }
+        break;
+      }
+      case Item::Kind::kNote:
+        p.setFont(geo.bold);
+        Cell(p, line, Q(item.texts[0]), Qt::AlignRight);
+        break;
+    }
+  }
+}
+
+}  // namespace
+
+QPageLayout ReportPageLayout(const ReportDoc& doc) {
+  QPageSize size(QPageSize::Letter);
+  if (doc.paper == PaperChoice::kLegal) size = QPageSize(QPageSize::Legal);
+  if (doc.paper == PaperChoice::kA4) size = QPageSize(QPageSize::A4);
+  return QPageLayout(size, doc.landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+                     QMarginsF(0.5, 0.5, 0.5, 0.5), QPageLayout::Inch);
+}
+
+int PaintReport(const ReportDoc& doc, QPagedPaintDevice& device) {
+  Paginator paginator(doc, device);
+  const auto pages = paginator.Run();
+  QPainter painter;
+  if (!painter.begin(&device)) return 0;
+  const int count = static_cast<int>(pages.size());
+  for (int i = 0; i < count; ++i) {
+    if (i > 0) device.newPage();
+    PaintPage(painter, doc, pages[static_cast<size_t>(i)], paginator.Geometry(), i + 1, count,
+              paginator.HeaderHeight());
+  }
+  painter.end();
+  return count;
+}
+
+int WriteReportPdf(const ReportDoc& doc, const std::filesystem::path& file) {
+  const std::filesystem::path part = file.string() + ".part";
+  int pages = 0;
+  {
+    QPdfWriter writer(QString::fromStdString(part.string()));
+    writer.setResolution(300);
+    writer.setPageLayout(ReportPageLayout(doc));
+    writer.setTitle(Q(doc.title));
+    writer.setCreator(QStringLiteral("KVL-R"));
+    pages = PaintReport(doc, writer);
+  }
+  std::error_code ec;
+  if (pages == 0) {
+    std::filesystem::remove(part, ec);
+    return 0;
+  }
+  std::filesystem::rename(part, file, ec);
+  return ec ? 0 : pages;
+}
+
+}  // namespace kvlr
