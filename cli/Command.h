@@ -69,6 +69,7 @@ std::vector<Command> CheckCommands();
 std::vector<Command> ImportCommands();
 std::vector<Command> EventCommands();
 std::vector<Command> DemoCommands();
+std::vector<Command> ReportCommands();
 std::vector<Command> GraphCommands();
 
 }  // namespace kvlr::cli

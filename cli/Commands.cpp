@@ -103,6 +103,7 @@ const std::vector<Command>& Commands() {
     for (auto list : {DatabaseCommands, AthleteCommands, BackupCommands, MeetCommands,
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
                       BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands,
+                      ReportCommands,
                       GraphCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
     }

@@ -6,6 +6,7 @@
 #include <SQLiteCpp/Transaction.h>
 
 #include "core/Columns.h"
+#include "core/DateText.h"
 #include "core/SwimCodes.h"
 #include "core/TimeText.h"
 #include "core/VbRules.h"
@@ -27,7 +28,8 @@ std::string SplitsText(SQLite::Database& report_db, int64_t split_id) {
     if (split.empty()) continue;
     const std::string lap = Trim(TextOf(q.getColumn(34 + i)));
     if (!text.empty()) text += "   ";
-    text += lap.empty() ? split : split + " (" + lap + ")";
+    // A no-break space keeps a split with its lap when the line wraps.
+    text += lap.empty() ? split : split + "\u00a0(" + lap + ")";
   }
   return text;
 }
@@ -88,7 +90,8 @@ ReportDoc LayoutRecruiting(AppState& state, const ReportRequest& request) {
   if (who.executeStep()) {
     auto t = [&who](int i) { return Trim(TextOf(who.getColumn(i))); };
     s.Group(t(0));
-    s.Row({"Born:", t(1), "Sex:", SexWord(t(2))});
+    const auto born = DateOf(who.getColumn(1));
+    s.Row({"Born:", born ? ShownDate(*born, state.gDateOrder) : "", "Sex:", SexWord(t(2))});
     s.Row({"Address:", t(4), "", t(5)});
     s.Row({"E-mail:", t(6), "Phone:", Trim(t(7) + "  " + t(8))});
   }

@@ -22,7 +22,7 @@ std::string TimeWithCourse(const std::string& time, const std::string& course) {
 
 ReportSection IsdinSection(SQLite::Database& rdb, bool relay) {
   ReportSection s;
-  s.columns = {{"Reason", 22}, {"Name", 26}, {"Age", 4, ReportColumn::Align::kRight},
+  s.columns = {{"Reason", 20}, {"Name", 26}, {"Age", 5, ReportColumn::Align::kRight},
                {"Event", 28},  {"Finals", 11, ReportColumn::Align::kRight},
                {"Prelims", 11, ReportColumn::Align::kRight}};
   std::string meet, team;

@@ -206,7 +206,7 @@ ReportDoc LayoutMeetResults(AppState& state, const ReportRequest& r) {
   ReportSection s;
   s.columns = {{"Ev #", 5, ReportColumn::Align::kRight},
                {"Age", 6},
-               {"Event", 18},
+               {"Event", 24},
                {"Round", 10},
                {"Time", 10, ReportColumn::Align::kRight},
                {"Place", 5, ReportColumn::Align::kRight},
@@ -408,9 +408,11 @@ ReportDoc LayoutStandards(AppState& state, const ReportRequest& r) {
     for (const std::string& d : designators) {
       s.columns.push_back({d, 8, ReportColumn::Align::kRight});
     }
-    const char* field = course == 'Y' ? "Fast_Y" : course == 'L' ? "Fast_L" : "FastCut";
+    const char* fields = course == 'Y'   ? "Fast_Y, Slow_Y"
+                         : course == 'L' ? "Fast_L, Slow_L"
+                                         : "FastCut, SlowCut";
     SQLite::Statement q(rdb, std::string("SELECT MtEvent, Sex, Lo_Hi, Distance, Stroke, ") +
-                                 field + " FROM REVENT ORDER BY MtEvent, rowid");
+                                 fields + " FROM REVENT ORDER BY MtEvent, rowid");
     std::string group;
     int line = -1;
     while (q.executeStep()) {
@@ -422,7 +424,11 @@ ReportDoc LayoutStandards(AppState& state, const ReportRequest& r) {
         line = q.getColumn(0).getInt();
         s.Row({t(3) + " " + t(4)});
       }
-      s.lines.back().cells.push_back(t(5));
+      // A line with both limits gives the band; most give only the slower one.
+      const std::string fast = t(5), slow = t(6);
+      s.lines.back().cells.push_back(fast.empty()   ? slow
+                                     : slow.empty() ? fast
+                                                    : fast + "-" + slow);
     }
     doc.sections.push_back(std::move(s));
   }

@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 
 namespace kvlr {
 namespace {
@@ -186,18 +187,22 @@ class Paginator {
     return geo;
   }
 
-  // Word-wrapped lines of a detail text; a word wider than the line is elided.
+  // Word-wrapped lines of a detail text, breaking only at blanks (the blanks between words
+  // kept as written); a word wider than the line is elided.
   std::vector<std::string> Wrap(const std::string& text, const QFont& font, double width) const {
     const QFontMetricsF fm(font, &device_);
+    width -= fm.averageCharWidth();  // the padding of a painted cell
     std::vector<std::string> lines;
     QString current;
-    for (const QString& word : Q(text).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-      const QString tried = current.isEmpty() ? word : current + QStringLiteral("   ") + word;
+    static const QRegularExpression kWords(QStringLiteral("( *)([^ ]+)"));
+    for (auto it = kWords.globalMatch(Q(text)); it.hasNext();) {
+      const auto m = it.next();
+      const QString tried = current.isEmpty() ? m.captured(2) : current + m.captured(0);
       if (fm.horizontalAdvance(tried) <= width || current.isEmpty()) {
         current = tried;
       } else {
         lines.push_back(fm.elidedText(current, Qt::ElideRight, width).toStdString());
-        current = word;
+        current = m.captured(2);
       }
     }
     if (!current.isEmpty()) lines.push_back(fm.elidedText(current, Qt::ElideRight, width).toStdString());
