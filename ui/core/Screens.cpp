@@ -23,6 +23,7 @@
 #include "meets/ResultsBrowserScreen.h"
 #include "meets/ResultsByNameScreen.h"
 #include "meets/SplitsScreen.h"
+#include "reports/GraphScreens.h"
 #include "standards/ConvertScreen.h"
 #include "standards/GoalsScreen.h"
 #include "standards/StandardScreens.h"
@@ -239,6 +240,7 @@ void InstallScreens(MainWindow& window, AppState& state) {
     if (screen.ChooseBackup()) screen.exec();
     window.DatabaseChanged();
   });
+  InstallGraphScreens(window, state);
 }
 
 }  // namespace kvlr

@@ -1,0 +1,1 @@
+target_sources(kvlr_ui PRIVATE GraphScreen.cpp GraphScreens.cpp)
