@@ -150,6 +150,8 @@ GraphChart BuildGraphChart(const GraphData& data, const GraphLook& look) {
       out.bars.push_back(set);
     }
     chart.addSeries(bars);
+    // The theme's light outline would wash out hundreds of thin bars.
+    for (QBarSet* set : out.bars) set->setBorderColor(set->color());
     bars->attachAxis(x_axis);
     bars->attachAxis(y_axis);
     if (look.depth) {
