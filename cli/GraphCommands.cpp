@@ -100,9 +100,9 @@ std::vector<Command> GraphCommands() {
   return {{"graph",
            "kvlr graph --db PATH --athlete N --stroke S --distance D [--course Y|S|L] "
            "[--since YYYY-MM-DD] [--type T] [--bar] (--png OUT | --svg OUT)",
-           "Draws a swimmer's times in one event over time as the graph screen does, as a line "
-           "or with --bar as bars, into a PNG or SVG picture of 1000 by 600; lists the swims "
-           "drawn. --stroke takes 1 to 7 or Free, Back, Breast, Fly, IM; --since keeps meets "
+           "Draw a swimmer's times in one event over time into a PNG or SVG picture. The "
+           "picture is 1000 by 600, a line or with --bar bars, drawn as the graph screen draws "
+           "it; the swims drawn are listed. --stroke takes 1 to 7 or Free, Back, Breast, Fly, IM; --since keeps meets "
            "from that date (all of them when fewer than 2 swims are left); --type keeps one "
            "meet type. Needs no display.",
            {"--db", "--athlete", "--stroke", "--distance", "--course", "--since", "--type",
