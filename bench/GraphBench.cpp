@@ -6,10 +6,10 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include <QApplication>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
+#include <QApplication>
 
 #include "BenchDatabase.h"
 #include "SilentIo.h"
@@ -23,7 +23,9 @@ namespace fs = std::filesystem;
 constexpr int kSwims = 500;
 constexpr QSize kSize{1000, 600};
 
-Date DayOf(int i) { return AddDays(Date{2010, 1, 2}, i * 9L); }
+Date DayOf(int i) {
+  return AddDays(Date{2010, 1, 2}, i * 9L);
+}
 
 GraphData Points() {
   GraphData d;
@@ -38,7 +40,9 @@ GraphData Points() {
   return d;
 }
 
-fs::path Out() { return fs::temp_directory_path() / "kvlr-bench-graph.png"; }
+fs::path Out() {
+  return fs::temp_directory_path() / "kvlr-bench-graph.png";
+}
 
 void BM_GraphPointsToPng(benchmark::State& state) {
   const GraphData data = Points();
@@ -59,8 +63,9 @@ void BM_GraphResultsToPng(benchmark::State& state) {
   {
     SQLite::Transaction transaction(db);
     db.exec("INSERT INTO Athlete (Athlete, First, Last, Sex) VALUES (1, 'Ada', 'Lane', 'F')");
-    SQLite::Statement meet(db, "INSERT INTO MEET (Meet, MName, Start, Type, Course) "
-                               "VALUES (?, ?, ?, 'AG', 'Y')");
+    SQLite::Statement meet(db,
+                           "INSERT INTO MEET (Meet, MName, Start, Type, Course) "
+                           "VALUES (?, ?, ?, 'AG', 'Y')");
     SQLite::Statement result(db,
                              "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, DISTANCE, "
                              "STROKE, COURSE, MTEVENT) VALUES (?, 1, 'I', ?, 'F', 0, 100, 1, "

@@ -102,11 +102,12 @@ std::vector<Command> GraphCommands() {
            "[--since YYYY-MM-DD] [--type T] [--bar] (--png OUT | --svg OUT)",
            "Draw a swimmer's times in one event over time into a PNG or SVG picture. The "
            "picture is 1000 by 600, a line or with --bar bars, drawn as the graph screen draws "
-           "it; the swims drawn are listed. --stroke takes 1 to 7 or Free, Back, Breast, Fly, IM; --since keeps meets "
+           "it; the swims drawn are listed. --stroke takes 1 to 7 or Free, Back, Breast, Fly, IM; "
+           "--since keeps meets "
            "from that date (all of them when fewer than 2 swims are left); --type keeps one "
            "meet type. Needs no display.",
-           {"--db", "--athlete", "--stroke", "--distance", "--course", "--since", "--type",
-            "--png", "--svg"},
+           {"--db", "--athlete", "--stroke", "--distance", "--course", "--since", "--type", "--png",
+            "--svg"},
            {"--bar"},
            Graph}};
 }

@@ -25,7 +25,7 @@ QString Q(std::string_view text) {
 }
 
 // Steps of a time axis in hundredths: each label is a time a swimmer reads at a glance.
-constexpr double kTimeSteps[] = {1,    2,    5,    10,   20,    50,    100,   200,  500,
+constexpr double kTimeSteps[] = {1,    2,    5,    10,   20,    50,    100,   200,   500,
                                  1000, 1500, 3000, 6000, 12000, 30000, 60000, 120000};
 constexpr int kMostTicks = 8;
 

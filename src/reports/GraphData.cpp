@@ -103,8 +103,8 @@ GraphData GraphResults(SQLite::Database& db, const GraphResultsRequest& request,
     return data;
   }
 
-  data.title = SwimmerName(db, request.athlete) + "  " +
-               EventText(request.distance, request.stroke);
+  data.title =
+      SwimmerName(db, request.athlete) + "  " + EventText(request.distance, request.stroke);
   if (!request.course.empty()) {
     const auto at = CourseLetters.find(UCase(request.course)[0]);
     if (at != std::string_view::npos) data.title += "  " + CourseList().at(at + 1);
@@ -148,7 +148,8 @@ GraphData GraphHealth(SQLite::Database& db, const GraphHealthRequest& request, i
       "SELECT tblEvents.DATE, tblEvents.Comment, tblHealth.HR, tblHealth.SLEEP, "
       "tblHealth.WEIGHT, tblHealth.WELLNESS FROM tblHealth "
       "INNER JOIN tblEvents ON tblEvents.ID = tblHealth.ID "
-      "WHERE tblHealth.ID > 0 AND tblHealth.Athlete = ? AND (" + any + ")";
+      "WHERE tblHealth.ID > 0 AND tblHealth.Athlete = ? AND (" +
+      any + ")";
   // A stored date may carry a time of day; the range compares days.
   if (request.from) sql += " AND substr(tblEvents.DATE, 1, 10) >= ?";
   if (request.until) sql += " AND substr(tblEvents.DATE, 1, 10) <= ?";

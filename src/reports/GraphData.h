@@ -44,7 +44,7 @@ struct GraphPoint {
   Date date;
   std::string label;  // the date as screens show it
   double value = 0;
-  std::string tip;    // the meet's name, or the health record's comment
+  std::string tip;  // the meet's name, or the health record's comment
 };
 
 struct GraphSeries {
@@ -57,12 +57,12 @@ struct GraphSeries {
 struct GraphData {
   std::vector<GraphSeries> series;  // empty when there is nothing to draw
   std::vector<std::string> messages;
-  bool since_cleared = false;  // the start date was dropped for too few results
-  bool times = false;          // values are swim times (hundredths)
-  bool points = false;         // values are diving points * 100
-  std::string title;           // "Robin Lane  100 Free  Yards"
-  std::string heading;         // "Meet Type: ..." for times
-  std::string range;           // first date + " to " + last date
+  bool since_cleared = false;            // the start date was dropped for too few results
+  bool times = false;                    // values are swim times (hundredths)
+  bool points = false;                   // values are diving points * 100
+  std::string title;                     // "Robin Lane  100 Free  Yards"
+  std::string heading;                   // "Meet Type: ..." for times
+  std::string range;                     // first date + " to " + last date
   std::vector<std::string> slot_labels;  // the date of each slot
   bool Drawable() const { return !series.empty(); }
 };
@@ -71,10 +71,10 @@ struct GraphResultsRequest {
   int32_t athlete = 0;
   int16_t stroke = 1;
   int16_t distance = 100;
-  std::string course;             // "Y", "S", "L"; "" for every course
-  std::optional<Date> since;      // meets starting on or after it
-  std::string meet_type;          // a CODE abbreviation; "" for every type
-  bool all_relay_legs = false;    // non-lead legs too
+  std::string course;           // "Y", "S", "L"; "" for every course
+  std::optional<Date> since;    // meets starting on or after it
+  std::string meet_type;        // a CODE abbreviation; "" for every type
+  bool all_relay_legs = false;  // non-lead legs too
 };
 
 // The swims of one event, oldest first; on one day prelims before finals, then by time.

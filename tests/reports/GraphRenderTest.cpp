@@ -88,8 +88,8 @@ TEST(GraphRender, KvlrGraphDrawsAnEventOrRefusesWithTheMessage) {
     return std::make_pair(code, out.str());
   };
   const fs::path png = t.Data() / "back.png";
-  const auto drawn = kvlr({db.string(), "--athlete", "1", "--stroke", "back", "--distance",
-                           "100", "--course", "y", "--bar", "--png", png.string()});
+  const auto drawn = kvlr({db.string(), "--athlete", "1", "--stroke", "back", "--distance", "100",
+                           "--course", "y", "--bar", "--png", png.string()});
   EXPECT_EQ(drawn.first, 0);
   EXPECT_EQ(drawn.second,
             "Date\tMeet\tTime\n2025-10-04\tAutumn Open\t1:09.00\n2026-02-14\tWinter Champs\t"

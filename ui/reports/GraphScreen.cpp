@@ -129,15 +129,22 @@ frmGraph::frmGraph(AppState& state, QWidget* parent)
   add("Line Graph", "cmdLine", [this] { SetKind(GraphKind::kLine); });
   add("Bar Graph", "cmdBar", [this] { SetKind(GraphKind::kBar); });
   tools->addSeparator();
-  add("Show in 3D", "cmd3D", [this] { SetDepth(true); }, "A shadow and shaded bars");
-  add("Show in 2D", "cmd2D", [this] { SetDepth(false); }, "Flat again");
-  add("Rotate Left", "cmdLeft", [this] { Rotate(-1, 0); }, "Moves the view left");
-  add("Rotate Right", "cmdRight", [this] { Rotate(1, 0); }, "Moves the view right");
-  add("Rotate Up", "cmdUp", [this] { Rotate(0, 1); }, "Moves the view up");
-  add("Rotate Down", "cmdDown", [this] { Rotate(0, -1); }, "Moves the view down");
+  add(
+      "Show in 3D", "cmd3D", [this] { SetDepth(true); }, "A shadow and shaded bars");
+  add(
+      "Show in 2D", "cmd2D", [this] { SetDepth(false); }, "Flat again");
+  add(
+      "Rotate Left", "cmdLeft", [this] { Rotate(-1, 0); }, "Moves the view left");
+  add(
+      "Rotate Right", "cmdRight", [this] { Rotate(1, 0); }, "Moves the view right");
+  add(
+      "Rotate Up", "cmdUp", [this] { Rotate(0, 1); }, "Moves the view up");
+  add(
+      "Rotate Down", "cmdDown", [this] { Rotate(0, -1); }, "Moves the view down");
   tools->addSeparator();
   add("Print", "cmdPrint", [this] { Print(); });
-  add("Save Picture", "cmdSave", [this] { Save(); }, "As PNG or SVG");
+  add(
+      "Save Picture", "cmdSave", [this] { Save(); }, "As PNG or SVG");
   add("Exit this Form", "cmdExit", [this] { reject(); });
 
   BuildFilters();
@@ -266,8 +273,8 @@ void frmGraph::ShowResults(const GraphResultsRequest& request) {
   pick(course_, Q(UCase(request.course)));
   pick(meet_type_, Q(request.meet_type));
   use_since_->setChecked(request.since.has_value());
-  if (request.since) since_->setDate(QDate(request.since->year, request.since->month,
-                                           request.since->day));
+  if (request.since)
+    since_->setDate(QDate(request.since->year, request.since->month, request.since->day));
   Refresh();
 }
 
@@ -322,10 +329,9 @@ void frmGraph::Draw() {
       if (const GraphPoint* p = NearestPoint(data_, i, at.x())) ShowDetails(i, *p);
     };
     connect(built.lines[i], &QLineSeries::clicked, this, details);
-    connect(built.lines[i], &QLineSeries::hovered, this,
-            [details](const QPointF& at, bool on) {
-              if (on) details(at);
-            });
+    connect(built.lines[i], &QLineSeries::hovered, this, [details](const QPointF& at, bool on) {
+      if (on) details(at);
+    });
   }
   for (size_t i = 0; i < built.bars.size(); ++i) {
     auto details = [this, i](int slot) {
@@ -403,8 +409,14 @@ void frmGraph::Save() {
   }
 }
 
-QChart* frmGraph::Chart() const { return view_->chart(); }
-QString frmGraph::StatusText() const { return status_->text(); }
-QString frmGraph::DetailsText() const { return details_->text(); }
+QChart* frmGraph::Chart() const {
+  return view_->chart();
+}
+QString frmGraph::StatusText() const {
+  return status_->text();
+}
+QString frmGraph::DetailsText() const {
+  return details_->text();
+}
 
 }  // namespace kvlr
