@@ -85,21 +85,24 @@ void frmResults::BuildFilterBar() {
   course_ = new QComboBox(this);
   course_->setObjectName("cboCourse");
   for (const auto& c : CourseList()) course_->addItem(QString::fromStdString(c));
+  // An empty filter says what it lets through.
+  course_->setItemText(0, tr("All"));
   const std::string favourite_course = CourseLetterOf(state_.gFavoriteCourse);
   if (!favourite_course.empty()) {
     course_->setCurrentIndex(static_cast<int>(CourseLetters.find(favourite_course[0])) + 1);
   }
   stroke_ = new QComboBox(this);
   stroke_->setObjectName("cboStroke");
-  stroke_->addItem("", 0);
+  stroke_->addItem(tr("All"), 0);
   for (int s = 1; s <= 5; ++s) stroke_->addItem(QString::fromStdString(StrokeText(s, "")), s);
   stroke_->addItem("Diving", 6);
   distance_ = new QComboBox(this);
   distance_->setObjectName("cboDistance");
-  for (const auto& d : DistanceList()) distance_->addItem(QString::fromStdString(d));
+  for (const auto& d : DistanceList()) distance_->addItem(QString::fromStdString(d).trimmed());
+  distance_->setItemText(0, tr("All"));
   meet_type_ = new QComboBox(this);
   meet_type_->setObjectName("cboMeetType");
-  meet_type_->addItem("", "");
+  meet_type_->addItem(tr("All"), "");
   for (const auto& [abbr, desc] :
        RunTrapped(state_, "frmResults.LoadMeetTypes", [&] { return MeetTypes(*state_.gDb); })) {
     meet_type_->addItem(QString::fromStdString(abbr + " " + desc), QString::fromStdString(abbr));
@@ -196,6 +199,16 @@ void frmResults::BuildFilterBar() {
   connect(fastest_n_, &QLineEdit::editingFinished, this, [this] {
     if (fastest_->isChecked()) GetResults();
   });
+}
+
+void frmResults::ShowEvent(int16_t distance, int16_t stroke) {
+  {
+    const QSignalBlocker course(course_), strokes(stroke_), distances(distance_);
+    course_->setCurrentIndex(0);
+    stroke_->setCurrentIndex(std::max(0, stroke_->findData(stroke)));
+    distance_->setCurrentIndex(std::max(0, distance_->findText(QString::number(distance))));
+  }
+  GetResults();
 }
 
 void frmResults::ReadFilters() {
