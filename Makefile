@@ -3,7 +3,7 @@ BUILD ?= build
 TYPE ?= RelWithDebInfo
 JOBS ?= 2
 
-.PHONY: run test stress deps configure build bench fuzz clean install uninstall
+.PHONY: run test stress deps configure build bench fuzz clean install uninstall package package-check
 
 run: build
 	scripts/run.sh $(BUILD)
@@ -33,6 +33,16 @@ install: build
 # Removes what the last `make install` put there.
 uninstall:
 	scripts/install-tree.sh uninstall $(BUILD) "$(DESTDIR)$(PREFIX)"
+
+# A Debian package of what `make install` installs, its dependencies read by dpkg-shlibdeps.
+package: build
+	scripts/install-deps.sh dpkg-dev file
+	rm -f $(BUILD)/kvl-r_*.deb
+	cd $(BUILD) && cpack -G DEB
+
+# Installs the package into a throw-away root (unpacks it when not root), runs it, removes it.
+package-check: package
+	scripts/check-package.sh $(BUILD)/kvl-r_*.deb
 
 bench: build
 	for b in $(BUILD)/bench/bench_*; do $$b; done
