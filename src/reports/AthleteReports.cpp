@@ -136,8 +136,16 @@ std::string GoalCourseWords(char course) {
 
 bool FillGoals(AppState& state, const ReportRequest& request) {
   const int32_t athlete = RequestedAthlete(state, request);
-  const char course = request.course ? request.course : 'Y';
   SQLite::Database& db = *state.gDb;
+  char course = request.course ? request.course : 'Y';
+  if (request.meet != 0) {
+    // The goals screen names its goal meet; its course decides.
+    SQLite::Statement meet(db, "SELECT Course FROM MEET WHERE Meet = ?");
+    meet.bind(1, request.meet);
+    if (meet.executeStep() && !TextOf(meet.getColumn(0)).empty()) {
+      course = TextOf(meet.getColumn(0))[0];
+    }
+  }
   SQLite::Database& rdb = *state.gReportDb;
   SQLite::Transaction transaction(rdb);
   rdb.exec("DELETE FROM RMEETI");

@@ -92,8 +92,6 @@ TEST_F(ResultScreens, ResNaTimesDqAndPlace) {
   t.io.shown.clear();
   screen.OpenSplits();
   EXPECT_TRUE(t.io.Saw("You must be in a Time column to show splits."));
-  screen.Print();
-  EXPECT_TRUE(t.io.Saw("Printing is not available yet."));
   test::Shoot(screen, "frmResNa");
   season.Athlete(2, "Adams", "M");
   frmResNa boys(t.state, 7);

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "athletes/AthleteTexts.h"
+#include "reports/ReportPreview.h"
 
 namespace kvlr {
 namespace txt = athlete_text;
@@ -196,8 +197,11 @@ void frmRecr::LoadPicture() {
   ShowPicture();
 }
 
+// The report prints the card as stored, as the report table is copied from the file.
 void frmRecr::Print() {
-  state_.io->Tell(txt::kRecruitingReportLater);
+  ReportRequest request;
+  request.athlete = card_.athlete;
+  PreviewReport(state_, this, "recruiting", request);
 }
 
 bool frmRecr::Save() {

@@ -23,6 +23,7 @@
 #include "meets/ResultsBrowserScreen.h"
 #include "meets/ResultsByNameScreen.h"
 #include "meets/SplitsScreen.h"
+#include "reports/ReportScreens.h"
 #include "reports/GraphScreens.h"
 #include "standards/ConvertScreen.h"
 #include "standards/GoalsScreen.h"
@@ -220,6 +221,7 @@ void InstallScreens(MainWindow& window, AppState& state) {
   });
   window.SetHandler(C::kReportImportExport,
                     [&window, &state] { ShowImportResults(state, &window, ImportMode::kReport); });
+  InstallReportScreens(window, state);
   window.SetHandler(C::kImportEvents, [&window, &state] { ShowImportEvents(state, &window); });
   window.SetHandler(C::kUnzip, [&window, &state] { ShowUnZip(state, &window); });
   window.SetHandler(C::kTeam, [&window, &state] {

@@ -18,9 +18,9 @@
 #include "interchange/ImportChoice.h"
 #include "interchange/ImportPrepare.h"
 #include "interchange/ImportReport.h"
-#include "interchange/ImportReportView.h"
 #include "interchange/ImportRun.h"
 #include "interchange/ImportStatsModel.h"
+#include "reports/ReportPreview.h"
 
 namespace kvlr {
 namespace fs = std::filesystem;
@@ -317,10 +317,14 @@ void frmImpCL::Run() {
   SetButton(ButtonState::kDone);
   outcome_ = outcome;
 
+  // Both print the rows the run left in RPTISDIN.
+  ReportRequest request;
   if (report) {
-    if (outcome.ok) ShowImportReportRows(state_, this, ReportTitle(file_));
+    request.title = ReportTitle(file_);
+    if (outcome.ok) PreviewReport(state_, this, "import-exceptions", request);
   } else if (outcome.not_all_imported && state_.io->AskYesNo(kNotAllImportedAsk)) {
-    ShowImportReportRows(state_, this, std::string(kExceptionReportTitle));
+    request.title = std::string(kExceptionReportTitle);
+    PreviewReport(state_, this, "import-exceptions", request);
   }
 }
 

@@ -12,6 +12,7 @@
 #include "core/ErrorHandler.h"
 #include "meets/EntryTexts.h"
 #include "meets/Meets.h"
+#include "reports/ReportPreview.h"
 #include "standards/CalcScreen.h"
 
 namespace kvlr {
@@ -21,7 +22,6 @@ QString Q(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-constexpr std::string_view kPrintNotYet = "Printing entries is not available yet.";
 
 }  // namespace
 
@@ -219,7 +219,11 @@ frmEntNa::frmEntNa(AppState& state, int32_t meet, QWidget* parent)
     });
   });
   connect(calc, &QPushButton::clicked, this, &frmEntNa::OpenCalculator);
-  connect(print, &QPushButton::clicked, this, [this] { state_.io->Tell(kPrintNotYet); });
+  connect(print, &QPushButton::clicked, this, [this] {
+    ReportRequest request;
+    request.meet = sheet_->Meet().meet;
+    PreviewReport(state_, this, "meet-entries", request);
+  });
   connect(help, &QPushButton::clicked, this,
           [this] { state_.io->Message(entrytxt::kEntriesHelp, box::kInformation, ""); });
   connect(close, &QPushButton::clicked, this, &QDialog::accept);

@@ -17,6 +17,7 @@
 #include "meets/ResultTexts.h"
 #include "meets/ScreenParts.h"
 #include "meets/SplitsScreen.h"
+#include "reports/ReportPreview.h"
 #include "standards/CalcScreen.h"
 
 namespace kvlr {
@@ -131,7 +132,9 @@ void frmResNa::OpenRelayLegs() {
 }
 
 void frmResNa::Print() {
-  state_.io->Tell(kPrintNotAvailable);
+  ReportRequest request;
+  request.meet = meet_;
+  PreviewReport(state_, this, "meet-results", request);
 }
 
 void frmResNa::OpenCalculator() {

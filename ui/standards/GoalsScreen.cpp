@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "reports/ReportPreview.h"
 #include "standards/CalcScreen.h"
 
 namespace kvlr {
@@ -116,7 +117,6 @@ frmGoals::frmGoals(AppState& state, char course, QWidget* parent) : QDialog(pare
     return b;
   };
   QPushButton* print = make("Print", "cmdPrint");
-  print->setToolTip(Q(goaltxt::kPrintNotYet));
   splits_ = make(goaltxt::kSplitsCommand, "cmdSplits");
   QPushButton* calc = make(goaltxt::kCalcCommand, "cmdCalc");
   relay_legs_ = make(goaltxt::kRelayLegsCommand, "cmdRelayLegs");
@@ -217,7 +217,9 @@ void frmGoals::OpenCalculator() {
 }
 
 void frmGoals::Print() {
-  state_.io->Tell(goaltxt::kPrintNotYet);
+  ReportRequest request;
+  request.meet = meet_;
+  PreviewReport(state_, this, "goals", request);
 }
 
 }  // namespace kvlr
