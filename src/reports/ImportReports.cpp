@@ -92,7 +92,7 @@ bool FillFileReport(AppState& state, const ReportRequest& request) {
 }  // namespace
 
 void AddImportReports(ReportCatalog& catalog) {
-  catalog.Add({"import-exceptions", "the lines the last import refused", FillExceptions,
+  catalog.Add({"import-exceptions", "the lines the last import of this run refused (printed by the import screen)", FillExceptions,
                LayoutIsdin});
   catalog.Add({"import-file", "what an import file holds (--file F), relays on their own pages",
                FillFileReport, LayoutIsdin});

@@ -10,6 +10,7 @@
 #include <SQLiteCpp/Transaction.h>
 
 #include "Commands.h"
+#include "interchange/ImportReportTable.h"
 #include "meets/ResultsFixture.h"
 #include "reports/ReportFill.h"
 #include "reports/ReportFrame.h"
@@ -257,6 +258,36 @@ TEST_F(Reports, MeetResultsAndEntriesPrintByMeetWithHeadingsOnEveryPage) {
   for (const char* text : {"Meet Entries", "Girls Open 100 Back", "Lane, Robin", "NT"}) {
     EXPECT_NE(listed.find(text), std::string::npos) << text;
   }
+}
+
+TEST_F(Reports, ImportRowsPrintWithTheirRelaysOnAPageOfTheirOwn) {
+  if (system("pdftotext -v >/dev/null 2>&1") != 0) GTEST_SKIP() << "pdftotext is missing";
+  IsdinRow swim;
+  swim.reason = "1";
+  swim.meet_name = "Autumn Open";
+  swim.ln = "LANE";
+  swim.fn = "ROBIN";
+  swim.ev_sex = "F";
+  swim.dist = "100";
+  swim.stroke = "Free";
+  swim.f_time = "1:01.00";
+  swim.f_cors = "Y";
+  IsdinRow relay = swim;
+  relay.relay = "A";
+  relay.stroke = "Free Relay";
+  AddIsdinRow(Rdb(), swim);
+  AddIsdinRow(Rdb(), relay);
+  auto doc = Run("import-exceptions", {});
+  ASSERT_TRUE(doc);
+  int pages = 0;
+  const std::string printed = Printed(*doc, &pages);
+  EXPECT_EQ(pages, 2);
+  const std::string relays = printed.substr(printed.find('\f'));
+  for (const char* text : {"Import Exception Report", "Autumn Open", "LANE, ROBIN", "1:01.00 Y"}) {
+    EXPECT_NE(printed.find(text), std::string::npos) << text;
+  }
+  EXPECT_NE(relays.find("Relays"), std::string::npos);
+  EXPECT_NE(relays.find("Free Relay"), std::string::npos);
 }
 
 TEST_F(Reports, CommandWritesThePdfOfAKind) {
