@@ -25,7 +25,7 @@ for lib in libc6 libstdc++6 libqt6widgets6 libsqlite3-0; do
 done
 
 dpkg-deb -c "$deb" | awk '{print $6}' > "$work/files"
-grep -v '^\./usr/' "$work/files" && fail "files outside /usr"
+grep -vx '\./' "$work/files" | grep -v '^\./usr/' && fail "files outside /usr"
 for f in bin/kvl-r bin/kvlr share/applications/kvl-r.desktop share/mime/packages/kvl-r.xml \
          share/icons/hicolor/scalable/apps/kvl-r.svg share/man/man1/kvlr.1 \
          share/bash-completion/completions/kvlr; do
