@@ -292,21 +292,34 @@ TEST_F(Reports, ImportRowsPrintWithTheirRelaysOnAPageOfTheirOwn) {
 
 TEST_F(Reports, CommandWritesThePdfOfAKind) {
   Swim(1, 1, 100, 1, 6000);
+  Db().exec("UPDATE OPTIONS SET PaperSize = 1");  // "8 1/2 x 14"
   t.state.CloseCurrentDB();  // the command opens the file itself
-  std::ostringstream out, err;
   std::istringstream in;
-  CliEnvironment env{out, err, in, false, t.clock, t.disk, "%m/%d/%y", ""};
   const fs::path pdf = t.Data() / "meets.pdf";
-  const int code = RunCli({"--home", t.Home().string(), "report", "meets", "--db",
-                           (t.Data() / "family.mdb").string(), "--pdf", pdf.string()},
-                          env);
-  EXPECT_EQ(code, 0) << err.str();
-  EXPECT_EQ(out.str(), "1 page written to " + pdf.string() + "\n");
-  if (system("pdftotext -v >/dev/null 2>&1") == 0) {
+  // The paper of Report Preferences, then the one the command names.
+  const struct {
+    std::vector<std::string> options;
+    const char* size;
+  } cases[] = {{{}, "612 x 1008"}, {{"--paper", "a4", "--landscape"}, "842 x 595"}};
+  for (const auto& c : cases) {
+    std::ostringstream out, err;
+    CliEnvironment env{out, err, in, false, t.clock, t.disk, "%m/%d/%y", ""};
+    std::vector<std::string> args = {"--home", t.Home().string(), "report", "meets", "--db",
+                                     (t.Data() / "family.mdb").string(), "--pdf", pdf.string()};
+    args.insert(args.end(), c.options.begin(), c.options.end());
+    EXPECT_EQ(RunCli(args, env), 0) << err.str();
+    EXPECT_EQ(out.str(), "1 page written to " + pdf.string() + "\n");
+    if (system("pdfinfo -v >/dev/null 2>&1") != 0) continue;
     const std::string text = PdfText(pdf);
     EXPECT_NE(text.find("Winter Champs"), std::string::npos);
     EXPECT_NE(text.find("2 meets"), std::string::npos);
+    FILE* info = popen(("pdfinfo '" + pdf.string() + "'").c_str(), "r");
+    std::array<char, 4096> buffer{};
+    const std::string shown(buffer.data(), fread(buffer.data(), 1, buffer.size(), info));
+    pclose(info);
+    EXPECT_NE(shown.find(c.size), std::string::npos) << shown;
   }
+  std::ostringstream err;
   std::ostringstream help;
   CliEnvironment help_env{help, err, in, false, t.clock, t.disk, "%m/%d/%y", ""};
   RunCli({"report", "--help"}, help_env);
