@@ -4,9 +4,11 @@
 //          (state.gReportDb) and the parameter row RPTWINCS (SetReportParameters);
 //   layout reads those tables back into a ReportDoc: lines grouped under headings in columns.
 // ReportLayout.h turns a ReportDoc into pages (PDF, printer, preview). A new kind (top times,
-// memorized reports, the printout of a graph) plugs in by adding a ReportKind to the catalog
-// that BuiltInReports() returns; screens and `kvlr report` both run it through RunReport.
-// Nothing here includes Qt.
+// memorized reports, the printout of a graph) plugs in by a function of its own file that
+// adds ReportKinds to a catalog, called from BuiltInReports() (ReportFrame.cpp); its screen
+// calls PreviewReport (ui/reports/ReportPreview.h) and `kvlr report NAME` finds it with no
+// more code. Options a kind needs and ReportRequest lacks are added to ReportRequest (and to
+// the command's flags in cli/ReportCommands.cpp). Nothing here includes Qt.
 
 #include <cstdint>
 #include <functional>
