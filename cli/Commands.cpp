@@ -104,7 +104,9 @@ const std::vector<Command>& Commands() {
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
                       BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands,
                       ReportCommands,
-                      GraphCommands}) {
+                      HandheldCommands,
+                      GraphCommands,
+                      ExportCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
     }
     return all;
