@@ -104,7 +104,6 @@ const std::vector<Command>& Commands() {
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
                       BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands,
                       ReportCommands,
-                      HandheldCommands,
                       GraphCommands,
                       ExportCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
