@@ -19,7 +19,7 @@
 #include "meets/MeetCardScreen.h"
 #include "meets/MeetListModel.h"
 #include "meets/MeetListScreen.h"
-#include "meets/MeetRows.h"
+#include "meets/ResultsFixture.h"
 #include "meets/MeetTexts.h"
 #include "meets/MeetTypeModel.h"
 #include "meets/MeetTypeScreens.h"

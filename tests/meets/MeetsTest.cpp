@@ -7,7 +7,7 @@
 
 #include "meets/DefaultEvents.h"
 #include "meets/MeetEvents.h"
-#include "meets/MeetRows.h"
+#include "meets/ResultsFixture.h"
 #include "meets/MeetTexts.h"
 #include "meets/MeetTypes.h"
 #include "meets/Meets.h"

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "ResultRows.h"
 #include "ResultsFixture.h"
 #include "meets/MeetHooks.h"
 #include "meets/ResultWriter.h"

@@ -1,17 +1,52 @@
 #pragma once
-// A made-up swimmer's season for the result screen tests: meets, events, results.
+// Made-up meets, events, results and entries for the meet, ranking, writer and result tests.
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
 
 #include "support/TempHome.h"
 
 namespace kvlr::test {
+
+inline int32_t AddMeetRow(SQLite::Database& db, const std::string& name, const std::string& start,
+                          const std::string& course = "Y", const std::string& type = "",
+                          const std::string& end = "") {
+  SQLite::Statement q(db,
+                      "INSERT INTO MEET (MName, Start, End, Course, Type) VALUES (?, ?, ?, ?, ?)");
+  SQLite::bind(q, name, start, end.empty() ? start : end, course, type);
+  q.exec();
+  return static_cast<int32_t>(db.getLastInsertRowid());
+}
+
+// Adds to "MTEVENT" or "MTEVENTE"; the new key.
+inline int32_t AddEventRow(SQLite::Database& db, const std::string& table, int32_t meet,
+                           int mtev = 1, const std::string& mtevx = "", int lo_hi = 99,
+                           int distance = 100, int stroke = 1, const std::string& sex = "F",
+                           const std::string& i_r = "I", const std::string& course = "Y") {
+  SQLite::Statement q(db, "INSERT INTO " + table +
+                              " (Meet, MtEv, MtEvX, Lo_Hi, Course, Distance, Stroke, Sex, I_R) "
+                              "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  SQLite::bind(q, meet, mtev, mtevx, lo_hi, course, distance, stroke, sex, i_r);
+  q.exec();
+  return static_cast<int32_t>(db.getLastInsertRowid());
+}
+
+inline void AddEntryRow(SQLite::Database& db, int32_t meet, int32_t mt_event,
+                        const std::string& i_r = "I", int32_t athlete = 1) {
+  SQLite::Statement q(db,
+                      "INSERT INTO ENTRY (Meet, Athlete, I_R, Course, Score, MtEvent) "
+                      "VALUES (?, ?, ?, 'Y', 6000, ?)");
+  SQLite::bind(q, meet, athlete, i_r, mt_event);
+  q.exec();
+}
 
 // Makes and opens a new database as the fixture is built, forgetting what that showed.
 struct OpenedDatabase {
@@ -47,12 +82,7 @@ class Season {
   // An event of a meet; returns its key.
   int32_t Event(int32_t meet, int mt_ev, int distance, int stroke, const std::string& i_r = "I",
                 const std::string& sex = "F", const std::string& course = "Y", int lo_hi = 1112) {
-    SQLite::Statement q(db_,
-                        "INSERT INTO MTEVENT (Meet, MtEv, MtEvX, Lo_Hi, Course, Distance, Stroke, "
-                        "Sex, I_R) VALUES (?, ?, '', ?, ?, ?, ?, ?, ?)");
-    SQLite::bind(q, meet, mt_ev, lo_hi, course, distance, stroke, sex, i_r);
-    q.exec();
-    return static_cast<int32_t>(db_.getLastInsertRowid());
+    return AddEventRow(db_, "MTEVENT", meet, mt_ev, "", lo_hi, distance, stroke, sex, i_r, course);
   }
   struct Swim {
     int32_t meet = 1;
@@ -64,7 +94,7 @@ class Season {
     int stroke = 1;
     std::string course = "Y";
     int32_t score = 6000;
-    int nt = 0;
+    std::optional<int> nt = 0;  // nullopt stores Null
     int age = 12;
     std::optional<int> rank = 1;
     std::optional<int> trank{};
@@ -75,16 +105,91 @@ class Season {
                         "INSERT INTO RESULT (MEET, ATHLETE, I_R, SCORE, F_P, NT, AGE, DISTANCE, "
                         "STROKE, MTEVENT, PLACE, RANK, TRANK, COURSE) "
                         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    SQLite::bind(q, s.meet, s.athlete, s.i_r, s.score, s.f_p, s.nt, s.age, s.distance, s.stroke,
+    SQLite::bind(q, s.meet, s.athlete, s.i_r, s.score, s.f_p, s.nt.value_or(0), s.age, s.distance, s.stroke,
                  s.event, s.place, s.rank.value_or(0), s.trank.value_or(0), s.course);
+    if (!s.nt) q.bind(6);
     if (!s.rank) q.bind(12);
     if (!s.trank) q.bind(13);
     q.exec();
     return db_.getLastInsertRowid();
   }
 
- private:
+ protected:
   SQLite::Database& db_;
 };
+
+inline void AddResultRow(SQLite::Database& db, int32_t meet, int32_t mt_event,
+                         const std::string& i_r = "I", int distance = 100, int stroke = 1,
+                         int32_t athlete = 1, const std::string& course = "Y") {
+  Season(db).Result({.meet = meet, .event = mt_event, .athlete = athlete, .i_r = i_r,
+                     .distance = distance, .stroke = stroke, .course = course, .rank = 0, .trank = 0});
+}
+
+// Results for the ranking and writer tests, each in an event of its own unless told.
+struct ResultRow {
+  int32_t athlete = 1;
+  std::string i_r = "I";
+  int distance = 100;
+  int stroke = 1;
+  std::string course = "Y";
+  int32_t score = 6000;
+  std::optional<int> nt = 0;  // nullopt stores Null
+  std::string f_p = "F";
+  int32_t meet = 1;
+  std::optional<int> rank = 0;
+  int32_t mt_event = 0;  // 0: a new event number for each row
+};
+
+class ResultTable : public Season {
+ public:
+  using Season::Season;
+  int64_t Add(const ResultRow& r) {
+    return Result({.meet = r.meet, .event = r.mt_event ? r.mt_event : ++next_event_,
+                   .athlete = r.athlete, .i_r = r.i_r, .f_p = r.f_p, .distance = r.distance,
+                   .stroke = r.stroke, .course = r.course, .score = r.score, .nt = r.nt,
+                   .rank = r.rank, .trank = 77});  // a TRank left by an earlier selection
+  }
+  std::vector<int64_t> AddAll(const std::vector<ResultRow>& rows) {
+    std::vector<int64_t> ids;
+    SQLite::Transaction transaction(db_);
+    for (const auto& r : rows) ids.push_back(Add(r));
+    transaction.commit();
+    return ids;
+  }
+  // Several fields of one row as text, "Null" for Null; `field` is a column name of this file.
+  std::vector<std::string> Texts(int64_t id, std::initializer_list<std::string_view> fields) {
+    std::vector<std::string> out;
+    for (auto field : fields) {
+      SQLite::Statement q(db_, "SELECT " + std::string(field) + " FROM RESULT WHERE RESULT = ?");
+      q.bind(1, id);
+      out.push_back(!q.executeStep()          ? "<no row>"
+                    : q.getColumn(0).isNull() ? "Null"
+                                              : q.getColumn(0).getString());
+    }
+    return out;
+  }
+  std::optional<int64_t> Int(int64_t id, std::string_view field) {
+    const std::string text = Texts(id, {field})[0];
+    return text == "Null" || text == "<no row>" ? std::nullopt : std::optional(std::stoll(text));
+  }
+  std::vector<std::optional<int64_t>> Ranks(const std::vector<int64_t>& ids,
+                                            std::string_view field = "RANK") {
+    std::vector<std::optional<int64_t>> out;
+    for (int64_t id : ids) out.push_back(Int(id, field));
+    return out;
+  }
+  void AddMeet(int32_t meet, std::string_view start, std::string_view type) {
+    Meet(meet, "Lakeside Invitational " + std::to_string(meet), std::string(start),
+         std::string(type));
+  }
+  void AddAthlete(int32_t athlete, std::string_view last) { Athlete(athlete, std::string(last), "F"); }
+  int64_t Count() { return db_.execAndGet("SELECT count(*) FROM RESULT").getInt64(); }
+
+ private:
+  int32_t next_event_ = 100;
+};
+
+using Ranks = std::vector<std::optional<int64_t>>;
+using Texts = std::vector<std::string>;
 
 }  // namespace kvlr::test

@@ -2,7 +2,6 @@
 
 #include <SQLiteCpp/Statement.h>
 
-#include "ResultRows.h"
 #include "ResultsFixture.h"
 #include "meets/EntryWriter.h"
 #include "meets/ResultWriter.h"
