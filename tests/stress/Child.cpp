@@ -1,4 +1,4 @@
-#include "Child.h"
+#include "Stress.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -23,9 +23,7 @@
 #include <thread>
 #include <vector>
 
-#include "Checks.h"
-#include "Child.h"
-#include "MeetFiles.h"
+#include "Stress.h"
 
 namespace kvlr::stress {
 namespace {
@@ -283,38 +281,6 @@ void KillRounds(Env& env, Tally& tally, const KillJob& job) {
   }
 }
 
-KillJob ImportJob(const Env& env) {
-  const Place p{env.root / "run"};
-  return {
-      {"import", (env.Files() / "meet.cl2").string(), "--db", p.Db().string(), "--athlete", "1"},
-      {"check-db", p.Db().string()},
-      true};
-}
-
-KillJob BackupJob(const Env& env) {
-  const Place p{env.root / "run"};
-  // Only a backup into the same folder is bound to look there again.
-  const Args backup = {"backup", "--db", p.Db().string(), "--to", p.Backups().string()};
-  return {backup, backup, false};
-}
-
-KillJob SilentBackupJob(const Env& env) {
-  const Place p{env.root / "run"};
-  return {{"backup", "--db", p.Db().string(), "--silent"}, {"check-db", p.Db().string()}, false};
-}
-
-KillJob RestoreJob(const Env& env) {
-  const Place p{env.root / "run"};
-  return {{"restore", env.Backup().string(), "--to", p.Data().string()},
-          {"check-db", p.Db().string()},
-          true};
-}
-
-KillJob RepairJob(const Env& env) {
-  const Place p{env.root / "run"};
-  return {{"repair", p.Db().string()}, {"check-db", p.Db().string()}, false};
-}
-
 // --- Two at once ----------------------------------------------------------------------------
 
 // Two zips with the same member name, imported into two databases under one home.
@@ -357,71 +323,45 @@ void ImportPair(Env& env, Tally& tally) {
   }
 }
 
-// A silent backup started while `kvlr rank` works on the same database.
-void BackupDuringRank(Env& env, Tally& tally) {
-  const Args rank = {"rank", "--db", Place{env.root / "run"}.Db().string()};
-  const Args backup = {"backup", "--db", Place{env.root / "run"}.Db().string(), "--silent"};
-  const Place full = env.Fresh(env.Start(), "run");
-  const std::string rows = RowCounts(full.Db());
-  const double rank_seconds = MustRun(env, full, rank).seconds;
-  for (int round = 1; round <= kPairRounds; ++round) {
-    const Place p = env.Fresh(env.Start(), "run");
-    const double delay = env.Pick(rank_seconds);
-    Child ranking(env.Kvlr(p, rank), p.root / "stderr-rank.txt");
-    std::this_thread::sleep_for(std::chrono::duration<double>(delay));
-    Child backing_up(env.Kvlr(p, backup), p.root / "stderr-backup.txt");
-    const Exit backed_up = backing_up.Wait();
-    const Exit ranked = ranking.Wait();
-    tally.Note("rank " + Outcome(ranked) + ", backup " + Outcome(backed_up));
-    std::vector<std::string> problems;
-    ExpectCleanEnd(problems, "rank", ranked, true);
-    ExpectCleanEnd(problems, "silent backup", backed_up, true);
-    if (backed_up.code == 0) {
-      Expect(problems, !Archives({p.Data()}).empty(), "silent backup exit 0 but no archive");
-    }
-    ExpectWhole(problems, env, p.Db(), {rows}, {p.Data()});
-    ExpectNothingLeft(problems, p, {p.Data()});
-    char setting[64];
-    std::snprintf(setting, sizeof setting, "backup started %.0f ms into the rank", delay * 1000);
-    tally.Round(env, p, round, setting, problems, ranked.err + backed_up.err);
-  }
-}
+// `second` started at a random moment while `first` works on the same database; either may
+// refuse with words. The consistent states are those the `orders` of complete runs leave.
+struct Race {
+  std::string first_name, second_name;
+  Args first, second;
+  std::vector<std::vector<int>> orders;  // 1: first, 2: second
+  bool second_archives;                  // a second run that ends with 0 leaves an archive
+};
 
-// A restore started while an import works on the same database.
-void RestoreDuringImport(Env& env, Tally& tally) {
-  const Place run{env.root / "run"};
-  const Args import = {
-      "import", (env.Files() / "meet.cl2").string(), "--db", run.Db().string(), "--athlete", "1"};
-  const Args restore = {"restore", env.Backup().string(), "--to", run.Data().string()};
-  // Consistent states: neither, either, or both one after the other.
+void RaceRounds(Env& env, Tally& tally, const Race& race) {
   std::set<std::string> states;
-  double import_seconds = 0;
-  for (const std::vector<const Args*>& order : std::vector<std::vector<const Args*>>{
-           {}, {&import}, {&restore}, {&import, &restore}, {&restore, &import}}) {
+  for (const std::vector<int>& order : race.orders) {
     const Place p = env.Fresh(env.Start(), "run");
-    for (const Args* args : order) {
-      const double seconds = MustRun(env, p, *args).seconds;
-      if (args == &import) import_seconds = seconds;
-    }
+    for (int which : order) MustRun(env, p, which == 1 ? race.first : race.second);
     states.insert(RowCounts(p.Db()));
   }
+  const double first_seconds = MustRun(env, env.Fresh(env.Start(), "run"), race.first).seconds;
   for (int round = 1; round <= kPairRounds; ++round) {
     const Place p = env.Fresh(env.Start(), "run");
-    const double delay = env.Pick(import_seconds);
-    Child importing(env.Kvlr(p, import), p.root / "stderr-import.txt");
+    const double delay = env.Pick(first_seconds);
+    Child first(env.Kvlr(p, race.first), p.root / "stderr-first.txt");
     std::this_thread::sleep_for(std::chrono::duration<double>(delay));
-    Child restoring(env.Kvlr(p, restore), p.root / "stderr-restore.txt");
-    const Exit restored = restoring.Wait();
-    const Exit imported = importing.Wait();
-    tally.Note("import " + Outcome(imported) + ", restore " + Outcome(restored));
+    Child second(env.Kvlr(p, race.second), p.root / "stderr-second.txt");
+    const Exit second_end = second.Wait();
+    const Exit first_end = first.Wait();
+    tally.Note(race.first_name + " " + Outcome(first_end) + ", " + race.second_name + " " +
+               Outcome(second_end));
     std::vector<std::string> problems;
-    ExpectCleanEnd(problems, "import", imported, true);
-    ExpectCleanEnd(problems, "restore", restored, true);
+    ExpectCleanEnd(problems, race.first_name, first_end, true);
+    ExpectCleanEnd(problems, race.second_name, second_end, true);
+    if (race.second_archives && second_end.code == 0) {
+      Expect(problems, !Archives({p.Data()}).empty(), race.second_name + " exit 0 but no archive");
+    }
     ExpectWhole(problems, env, p.Db(), states, {p.Data()});
     ExpectNothingLeft(problems, p, {p.Data()});
-    char setting[64];
-    std::snprintf(setting, sizeof setting, "restore started %.0f ms into the import", delay * 1000);
-    tally.Round(env, p, round, setting, problems, imported.err + restored.err);
+    char setting[32];
+    std::snprintf(setting, sizeof setting, "%.0f ms", delay * 1000);
+    tally.Round(env, p, round, race.second_name + " started " + setting + " into the " + race.first_name,
+                problems, first_end.err + second_end.err);
   }
 }
 
@@ -444,18 +384,30 @@ int Main(int argc, char** argv) {
   }
   Env env{fs::absolute(argv[1]), root, std::mt19937(seed)};
   std::cout << "kvlr_stress seed " << seed << ", scratch " << root << "\n" << std::flush;
-  const auto kill = [](KillJob (*job)(const Env&)) {
-    return [job](Env& env, Tally& tally) { KillRounds(env, tally, job(env)); };
+  const Place run{env.root / "run"};
+  const std::string db = run.Db().string();
+  const Args import = {"import", (env.Files() / "meet.cl2").string(), "--db", db, "--athlete", "1"};
+  const Args restore = {"restore", env.Backup().string(), "--to", run.Data().string()};
+  const Args check = {"check-db", db};
+  // Only a backup into the same folder is bound to look there again.
+  const Args backup = {"backup", "--db", db, "--to", run.Backups().string()};
+  const Args silent = {"backup", "--db", db, "--silent"};
+  const auto kill = [](KillJob job) {
+    return [job](Env& env, Tally& tally) { KillRounds(env, tally, job); };
   };
+  const auto race = [](Race r) { return [r](Env& env, Tally& tally) { RaceRounds(env, tally, r); }; };
   const Scenario scenarios[] = {
-      {"import killed", kill(ImportJob)},
-      {"backup killed", kill(BackupJob)},
-      {"silent backup killed", kill(SilentBackupJob)},
-      {"restore killed", kill(RestoreJob)},
-      {"repair killed", kill(RepairJob)},
+      {"import killed", kill({import, check, true})},
+      {"backup killed", kill({backup, backup, false})},
+      {"silent backup killed", kill({silent, check, false})},
+      {"restore killed", kill({restore, check, true})},
+      {"repair killed", kill({{"repair", db}, check, false})},
       {"two imports", ImportPair},
-      {"backup during rank", BackupDuringRank},
-      {"restore during import", RestoreDuringImport},
+      {"backup during rank",
+       race({"rank", "silent backup", {"rank", "--db", db}, silent, {std::vector<int>{}}, true})},
+      // Neither, either, or both one after the other.
+      {"restore during import",
+       race({"import", "restore", import, restore, {{}, {1}, {2}, {1, 2}, {2, 1}}, false})},
   };
   int passed = 0, failed = 0;
   std::string setup_problem;
