@@ -69,7 +69,8 @@ int ExportResultsCommand(Context& c) {
   options.splits = c.args.Has("--splits");
   options.all_family = c.args.Has("--all-family");
   options.lead_off = c.args.Has("--lead-off");
-  options.proof = c.args.Has("--proof");
+  if (c.args.Has("--best")) options.kind = ResultExportKind::kBestTimes;
+  if (c.args.Has("--proof")) options.kind = ResultExportKind::kProof;
   if (!OpenAsAtStart(c, db)) return kRefused;
   return Finish(c, ExportResults(c.state, options));
 }
@@ -90,10 +91,11 @@ std::vector<Command> ExportCommands() {
            "kvlr export-results --db PATH --athlete N --to DIR [--since DATE] [--meet ID] "
            "[--course C] [--splits] [--all-family] [--lead-off] [--best|--proof] [--yes|--no]",
            "Export results as a Commlink (.cl2), an NV3 and an online (KVLR_001.TXT) file in a "
-           "new zip KVL-RResNN.zip in DIR: with --meet every result of that meet, else the best "
-           "times (those of one course, --course, under one made-up meet). --since keeps meets "
-           "from that date, --splits adds the splits, --all-family every swimmer, --lead-off relay "
-           "lead-offs; --proof marks the NV3 file as proof of time. When all 99 names are taken, "
+           "new zip KVL-RResNN.zip in DIR: every result, or with --best the best times (rank 1; "
+           "those of one --course stand under one made-up meet), with --proof the best times as "
+           "proof of time. --meet keeps one meet, --since meets from that date, --course one "
+           "course; --splits adds the splits, --all-family every swimmer, --lead-off relay "
+           "lead-offs. When all 99 names are taken, "
            "--yes overwrites the first. Prints the zip's path.",
            {"--db", "--athlete", "--to", "--since", "--meet", "--course"},
            {"--splits", "--all-family", "--lead-off", "--best", "--proof", "--yes", "--no"},

@@ -231,7 +231,7 @@ bool ZipExportFiles(AppState& state, const fs::path& zip, const std::vector<fs::
     return false;
   }
   try {
-    ZipArchive::Create(zip, members, "", 6);
+    ZipArchive::Create(zip, members, "", 1);
   } catch (const KvlError& e) {
     state.io->Tell(std::string(kZipError) + zip.string() + ".  Error: " + e.what());
     return false;
@@ -354,7 +354,7 @@ ExportOutcome ExportResults(AppState& state, const ResultExportOptions& options)
     SQLite::Database& db = *state.gDb;
     std::optional<ExportTeam> team;
     if (!TeamReady(state, team)) return out;
-    const bool best = options.meet == 0;
+    const bool best = options.kind != ResultExportKind::kResults;
     std::string sql =
         "SELECT R.RESULT, R.ATHLETE, R.MEET, R.I_R, R.SCORE, R.F_P, R.EX, R.NT, R.AGE, "
         "R.DISTANCE, R.STROKE, R.PLACE, R.COURSE, E.MtEv, E.MtEvX, E.Lo_Hi, E.Sex "
@@ -416,7 +416,7 @@ ExportOutcome ExportResults(AppState& state, const ResultExportOptions& options)
     SdifWriter cl2(state.clock->Today());
     Nv3Writer nv3(state.clock->Now());
     cl2.A0Record("02", "Meet Results", "42");
-    nv3.NV3A1Record(options.proof ? "11" : "09", FamilyName(*team));
+    nv3.NV3A1Record(options.kind == ResultExportKind::kProof ? "11" : "09", FamilyName(*team));
     // Best times of one course stand under one made-up meet of that course.
     const bool one_meet = best && options.course;
     const std::vector<std::string> words = CourseList();

@@ -23,14 +23,18 @@ struct EntryExportOptions {
   std::filesystem::path folder;
 };
 
+// Every result that passes the filters, the best times (rank 1), or the best times as
+// proof of time (NV3 file code "11").
+enum class ResultExportKind { kResults, kBestTimes, kProof };
+
 struct ResultExportOptions {
+  ResultExportKind kind = ResultExportKind::kResults;
   int32_t athlete = 0;      // the swimmer, unless all_family
   bool all_family = false;  // "Include All Family Member's Results"
   bool splits = false;      // "Export Splits"
   bool lead_off = false;    // relay lead-offs (I_R "L") go with the swims
-  bool proof = false;       // "Export Proof of Time": NV3 file code "11"
   std::optional<Date> since;
-  int32_t meet = 0;  // a meet's results; 0: best times (rank 1) of every meet
+  int32_t meet = 0;  // one meet's; 0 every meet
   char course = 0;   // 'Y', 'S', 'L'; 0 any. Best times of one course go under one made-up meet.
   std::filesystem::path folder;
 };

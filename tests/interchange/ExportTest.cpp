@@ -85,12 +85,11 @@ class ExportTest : public ::testing::Test {
     test::AddAthlete(*t.state.gDb, "Doe", "Jane", "F", "2014-01-02");
     test::AddAthlete(*t.state.gDb, "Doe", "Tom", "M", "2016-05-06");
   }
-  ExportOutcome Export(bool proof = false) {
+  ExportOutcome Export() {
     ResultExportOptions o;
     o.athlete = 1;
     o.meet = 1;
     o.splits = o.all_family = true;
-    o.proof = proof;
     o.folder = out_;
     return ExportResults(a_.state, o);
   }
