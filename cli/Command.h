@@ -71,6 +71,7 @@ std::vector<Command> EventCommands();
 std::vector<Command> DemoCommands();
 std::vector<Command> ReportCommands();
 std::vector<Command> GraphCommands();
+std::vector<Command> WorkoutCommands();
 std::vector<Command> ExportCommands();
 
 }  // namespace kvlr::cli

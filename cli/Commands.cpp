@@ -104,6 +104,7 @@ const std::vector<Command>& Commands() {
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
                       BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands,
                       ReportCommands,
+                      WorkoutCommands,
                       GraphCommands,
                       ExportCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));

@@ -5,6 +5,9 @@
 #include <stdexcept>
 
 #include <SQLiteCpp/Transaction.h>
+#include <sqlite3.h>
+
+#include <memory>
 
 #include "core/ErrorHandler.h"
 #include "core/Errors.h"
@@ -297,12 +300,14 @@ void InsertWorkoutLine(SQLite::Database& db, int32_t wk_ptr, const WkLine& l) {
 }
 
 void WriteWorkoutLines(SQLite::Database& db, int32_t wk_ptr, const std::vector<WkLine>& lines) {
-  SQLite::Transaction tx(db);
+  // Inside a caller's transaction the lines go with it; otherwise they get their own.
+  std::unique_ptr<SQLite::Transaction> tx;
+  if (sqlite3_get_autocommit(db.getHandle())) tx = std::make_unique<SQLite::Transaction>(db);
   SQLite::Statement del(db, "DELETE FROM Workout WHERE wk_ptr = ?");
   del.bind(1, wk_ptr);
   del.exec();
   for (const auto& l : lines) InsertWorkoutLine(db, wk_ptr, l);
-  tx.commit();
+  if (tx) tx->commit();
 }
 
 bool gGetWorkoutLines(AppState& state, int32_t wk_ptr, const WorkoutLinesParams& params,

@@ -104,7 +104,8 @@ bool RefreshWorkoutHeader(SQLite::Database& db, int32_t wk_ptr, const WorkoutLin
 
 // The lines of `wk_ptr` in wk_line order; empty when none.
 std::vector<WkLine> ReadWorkoutLines(SQLite::Database& db, int32_t wk_ptr);
-// Replaces every line of `wk_ptr` by `lines` (their wk_ptr is set to it) in one transaction.
+// Replaces every line of `wk_ptr` by `lines` (their wk_ptr is set to it) in one transaction
+// (the caller's, when one is open).
 // Texts are cut to their field sizes and empty texts stored as one blank.
 void WriteWorkoutLines(SQLite::Database& db, int32_t wk_ptr, const std::vector<WkLine>& lines);
 
