@@ -12,6 +12,9 @@
 namespace kvlr {
 namespace {
 
+// Pages are laid out in units of 1/1200 inch whatever the device, and painted scaled: a PDF
+// and a printer of any resolution then break the same lines onto the same pages.
+constexpr double kLayoutDpi = 1200;
 constexpr double kBodyPoints = 9;
 constexpr double kSmallestPoints = 6.5;
 
@@ -20,7 +23,7 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 QFont Font(double points, bool bold = false, bool italic = false) {
   QFont f(QStringLiteral("DejaVu Sans"));
   f.setStyleHint(QFont::SansSerif);
-  f.setPointSizeF(points);
+  f.setPixelSize(static_cast<int>(points * kLayoutDpi / 72 + 0.5));
   f.setBold(bold);
   f.setItalic(italic);
   return f;
@@ -48,9 +51,10 @@ struct SectionGeometry {
 class Paginator {
  public:
   Paginator(const ReportDoc& doc, QPaintDevice& device)
-      : doc_(doc), device_(device), width_(device.width()), height_(device.height()) {
-    const QFontMetricsF title(Font(14, true), &device_), head(Font(9), &device_),
-        foot(Font(8), &device_);
+      : doc_(doc),
+        width_(device.width() * kLayoutDpi / device.logicalDpiX()),
+        height_(device.height() * kLayoutDpi / device.logicalDpiY()) {
+    const QFontMetricsF title(Font(14, true)), head(Font(9)), foot(Font(8));
     header_height_ = title.height() * 1.3 + head.height() * static_cast<double>(doc.head_lines.size()) +
                      head.height() * 0.6;
     footer_height_ = foot.height() * 1.8;
@@ -64,6 +68,8 @@ class Paginator {
   }
 
   double HeaderHeight() const { return header_height_; }
+  double Width() const { return width_; }
+  double Height() const { return height_; }
   const std::vector<SectionGeometry>& Geometry() const { return geometry_; }
 
  private:
@@ -161,17 +167,17 @@ class Paginator {
     if (s.columns.empty()) total = 1;
     // Shrink the body font until the columns' usual widths fit the paper.
     double points = kBodyPoints;
-    const double chars_at_body = QFontMetricsF(Font(kBodyPoints), &device_).averageCharWidth();
+    const double chars_at_body = QFontMetricsF(Font(kBodyPoints)).averageCharWidth();
     if (total * chars_at_body > width_) {
       points = std::max(kSmallestPoints, kBodyPoints * width_ / (total * chars_at_body));
     }
     geo.row = Font(points);
     geo.bold = Font(points, true);
     geo.detail = Font(std::max(kSmallestPoints, points - 1), false, true);
-    geo.row_height = QFontMetricsF(geo.row, &device_).height() * 1.25;
-    geo.group_height = QFontMetricsF(Font(points + 2, true), &device_).height() * 1.6;
-    geo.sub_height = QFontMetricsF(geo.bold, &device_).height() * 1.4;
-    geo.detail_height = QFontMetricsF(geo.detail, &device_).height() * 1.1;
+    geo.row_height = QFontMetricsF(geo.row).height() * 1.25;
+    geo.group_height = QFontMetricsF(Font(points + 2, true)).height() * 1.6;
+    geo.sub_height = QFontMetricsF(geo.bold).height() * 1.4;
+    geo.detail_height = QFontMetricsF(geo.detail).height() * 1.1;
     double x = 0;
     for (const ReportColumn& c : s.columns) {
       const double w = width_ * std::max(1.0, c.weight) / total;
@@ -190,7 +196,7 @@ class Paginator {
   // Word-wrapped lines of a detail text, breaking only at blanks (the blanks between words
   // kept as written); a word wider than the line is elided.
   std::vector<std::string> Wrap(const std::string& text, const QFont& font, double width) const {
-    const QFontMetricsF fm(font, &device_);
+    const QFontMetricsF fm(font);
     width -= fm.averageCharWidth();  // the padding of a painted cell
     std::vector<std::string> lines;
     QString current;
@@ -226,7 +232,6 @@ class Paginator {
   }
 
   const ReportDoc& doc_;
-  QPaintDevice& device_;
   double width_, height_;
   double header_height_ = 0, footer_height_ = 0, bottom_ = 0, y_ = 0;
   std::vector<std::vector<Item>> pages_;
@@ -248,25 +253,22 @@ Qt::Alignment AlignOf(ReportColumn::Align a) {
 
 // Text inside a box, elided to the box: a column never runs into the next.
 void Cell(QPainter& p, const QRectF& box, const QString& text, Qt::Alignment align) {
-  const double pad = p.fontMetrics().averageCharWidth() * 0.4;
+  const double pad = QFontMetricsF(p.font()).averageCharWidth() * 0.4;
   const QRectF inner = box.adjusted(pad, 0, -pad, 0);
-  const QString shown = QFontMetricsF(p.font(), p.device()).elidedText(text, Qt::ElideRight,
-                                                                        inner.width());
+  const QString shown = QFontMetricsF(p.font()).elidedText(text, Qt::ElideRight, inner.width());
   p.drawText(inner, static_cast<int>(align | Qt::AlignVCenter), shown);
 }
 
 void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items,
                const std::vector<SectionGeometry>& geometry, int page, int pages,
-               double header_height) {
-  const double width = p.device()->width();
-  const double height = p.device()->height();
-  const double hair = std::max(1.0, p.device()->logicalDpiY() / 150.0);
+               double header_height, double width, double height) {
+  const double hair = kLayoutDpi / 150;
   // Page header.
   p.setFont(Font(14, true));
-  const double title_h = QFontMetricsF(p.font(), p.device()).height() * 1.3;
+  const double title_h = QFontMetricsF(p.font()).height() * 1.3;
   Cell(p, QRectF(0, 0, width, title_h), Q(doc.title), Qt::AlignHCenter);
   p.setFont(Font(9));
-  const double head_h = QFontMetricsF(p.font(), p.device()).height();
+  const double head_h = QFontMetricsF(p.font()).height();
   double y = title_h;
   for (const std::string& line : doc.head_lines) {
     Cell(p, QRectF(0, y, width, head_h), Q(line), Qt::AlignHCenter);
@@ -275,7 +277,7 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
   p.fillRect(QRectF(0, header_height - head_h * 0.3, width, hair), Qt::black);
   // Footer.
   p.setFont(Font(8));
-  const double foot_h = QFontMetricsF(p.font(), p.device()).height();
+  const double foot_h = QFontMetricsF(p.font()).height();
   p.fillRect(QRectF(0, height - foot_h * 1.5, width, hair), Qt::black);
   const QRectF foot(0, height - foot_h * 1.3, width, foot_h * 1.3);
   Cell(p, foot, Q(doc.report_date), Qt::AlignLeft);
@@ -353,8 +355,10 @@ int PaintReport(const ReportDoc& doc, QPagedPaintDevice& device) {
   const int count = static_cast<int>(pages.size());
   for (int i = 0; i < count; ++i) {
     if (i > 0) device.newPage();
+    painter.resetTransform();
+    painter.scale(device.logicalDpiX() / kLayoutDpi, device.logicalDpiY() / kLayoutDpi);
     PaintPage(painter, doc, pages[static_cast<size_t>(i)], paginator.Geometry(), i + 1, count,
-              paginator.HeaderHeight());
+              paginator.HeaderHeight(), paginator.Width(), paginator.Height());
   }
   painter.end();
   return count;

@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QFileDialog>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QToolBar>
@@ -12,6 +11,38 @@
 
 namespace kvlr {
 
+ReportPreviewDialog::ReportPreviewDialog(AppState& state, ReportDoc doc, QWidget* parent)
+    : QPrintPreviewDialog(parent), state_(state), doc_(std::move(doc)) {
+  setObjectName("frmReportPreview");
+  setWindowTitle(QString::fromStdString(doc_.title));
+  QPrinter& p = *printer();
+  const QString chosen = QString::fromStdString(state_.gPrinter.device);
+  if (!chosen.isEmpty() && !QPrinterInfo::printerInfo(chosen).isNull()) p.setPrinterName(chosen);
+  p.setPageLayout(ReportPageLayout(doc_));
+  p.setDocName(QString::fromStdString(doc_.title));
+  connect(this, &QPrintPreviewDialog::paintRequested, this,
+          [this](QPrinter* target) { PaintReport(doc_, *target); });
+  if (auto* tools = findChild<QToolBar*>()) {
+    tools->addSeparator();
+    QAction* save = tools->addAction(tr("Save as PDF..."));
+    save->setObjectName("actSavePdf");
+    connect(save, &QAction::triggered, this, [this] {
+      const QString file = QFileDialog::getSaveFileName(
+          this, tr("Save as PDF"),
+          QString::fromStdString((state_.gDataDir / (doc_.title + ".pdf")).string()),
+          tr("PDF files (*.pdf)"));
+      if (!file.isEmpty()) SaveAsPdf(file);
+    });
+  }
+  resize(900, 1000);
+}
+
+bool ReportPreviewDialog::SaveAsPdf(const QString& file) {
+  if (WriteReportPdf(doc_, file.toStdString()) > 0) return true;
+  state_.io->Tell("Could not write " + file.toStdString());
+  return false;
+}
+
 bool PreviewReport(AppState& state, QWidget* parent, std::string_view kind,
                    const ReportRequest& request) {
   if (!state.gDb) return false;
@@ -20,42 +51,11 @@ bool PreviewReport(AppState& state, QWidget* parent, std::string_view kind,
   const ReportCatalog catalog = BuiltInReports();
   const ReportKind* found = catalog.Find(kind);
   if (!found) return false;
-  const std::optional<ReportDoc> doc = RunReport(state, *found, request);
+  std::optional<ReportDoc> doc = RunReport(state, *found, request);
   if (!doc) return false;
-  PreviewReportDoc(state, parent, *doc);
-  return true;
-}
-
-void PreviewReportDoc(AppState& state, QWidget* parent, const ReportDoc& doc) {
-  QPrinter printer(QPrinter::HighResolution);
-  const QString chosen = QString::fromStdString(state.gPrinter.device);
-  if (!chosen.isEmpty() && !QPrinterInfo::printerInfo(chosen).isNull()) {
-    printer.setPrinterName(chosen);
-  }
-  printer.setPageLayout(ReportPageLayout(doc));
-  printer.setDocName(QString::fromStdString(doc.title));
-  QPrintPreviewDialog preview(&printer, parent);
-  preview.setObjectName("frmReportPreview");
-  preview.setWindowTitle(QString::fromStdString(doc.title));
-  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested,
-                   [&doc](QPrinter* p) { PaintReport(doc, *p); });
-  if (auto* tools = preview.findChild<QToolBar*>()) {
-    tools->addSeparator();
-    QAction* save = tools->addAction(QObject::tr("Save as PDF..."));
-    save->setObjectName("actSavePdf");
-    QObject::connect(save, &QAction::triggered, &preview, [&preview, &doc, &state] {
-      const QString file = QFileDialog::getSaveFileName(
-          &preview, QObject::tr("Save as PDF"),
-          QString::fromStdString((state.gDataDir / (doc.title + ".pdf")).string()),
-          QObject::tr("PDF files (*.pdf)"));
-      if (file.isEmpty()) return;
-      if (WriteReportPdf(doc, file.toStdString()) == 0) {
-        state.io->Tell("Could not write " + file.toStdString());
-      }
-    });
-  }
-  preview.resize(900, 1000);
+  ReportPreviewDialog preview(state, std::move(*doc), parent);
   preview.exec();
+  return true;
 }
 
 }  // namespace kvlr
