@@ -62,6 +62,7 @@ void Derive(std::vector<WkLine>& rows, const WorkoutLinesParams& p, const Energy
             bool update, WorkoutLinesResult& out) {
   const size_t n = rows.size();
   if (n == 0) return;
+  out.look_ahead.reserve(n);
   for (const auto& l : rows) {
     WkRow a{};
     a[0] = std::to_string(l.wk_line);
