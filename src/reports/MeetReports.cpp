@@ -209,7 +209,7 @@ ReportDoc LayoutMeetResults(AppState& state, const ReportRequest& r) {
                {"Event", 24},
                {"Round", 10},
                {"Time", 10, ReportColumn::Align::kRight},
-               {"Place", 5, ReportColumn::Align::kRight},
+               {"Place", 6, ReportColumn::Align::kRight},
                {"Comment", 30}};
   SQLite::Statement q(rdb,
                       "SELECT MEETID, MEET, MEETSTART, MEETCRS, ATHLETE, NAME, MTEV, LO_HI, "

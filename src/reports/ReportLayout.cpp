@@ -44,9 +44,13 @@ struct Item {
 struct SectionGeometry {
   std::vector<double> x, width;
   QFont row, bold, detail;
+  double points = 0;
   double row_height = 0, group_height = 0, sub_height = 0, detail_height = 0;
   bool has_headings = false;
 };
+
+// Details start under the second column, below the row's first cell.
+double DetailX(const SectionGeometry& geo) { return geo.x.size() > 1 ? geo.x[1] : 0; }
 
 class Paginator {
  public:
@@ -88,57 +92,54 @@ class Paginator {
       Add({Item::Kind::kHeading, &s, g, {s.heading}}, h);
     }
     if (geo.has_headings) Add({Item::Kind::kColumns, &s, g, {}}, heads);
-    for (size_t i = 0; i < s.lines.size(); ++i) {
-      const ReportLine& line = s.lines[i];
+    // Items and heights first: what must share a page is known before any is placed.
+    std::vector<Item> items;
+    std::vector<double> heights;
+    for (const ReportLine& line : s.lines) {
       Item item{KindOf(line.kind), &s, g, line.cells};
-      double h = 0;
-      switch (line.kind) {
-        case ReportLine::Kind::kGroup:
-          item.texts = {line.text};
-          h = geo.group_height;
-          break;
-        case ReportLine::Kind::kSubGroup:
-          item.texts = {line.text};
-          h = geo.sub_height;
-          break;
-        case ReportLine::Kind::kRow:
-          h = geo.row_height;
-          break;
-        case ReportLine::Kind::kDetail:
-          item.texts = Wrap(line.text, geo.detail, width_ - geo.x[std::min<size_t>(1, geo.x.size() - 1)]);
-          h = geo.detail_height * static_cast<double>(item.texts.size()) + geo.detail_height * 0.2;
-          break;
-        case ReportLine::Kind::kNote:
-          item.texts = {line.text};
-          h = geo.row_height * 1.4;
-          break;
+      double h = geo.row_height;
+      if (line.kind != ReportLine::Kind::kRow) item.texts = {line.text};
+      if (line.kind == ReportLine::Kind::kGroup) h = geo.group_height;
+      if (line.kind == ReportLine::Kind::kSubGroup) h = geo.sub_height;
+      if (line.kind == ReportLine::Kind::kNote) h = geo.row_height * 1.4;
+      if (line.kind == ReportLine::Kind::kDetail) {
+        item.texts = Wrap(line.text, geo.detail, width_ - DetailX(geo));
+        h = geo.detail_height * (static_cast<double>(item.texts.size()) + 0.2);
       }
-      // A heading stays with the first row under it.
-      double need = h;
-      for (size_t j = i + 1; j < s.lines.size() && IsHeading(line.kind); ++j) {
+      items.push_back(std::move(item));
+      heights.push_back(h);
+    }
+    for (size_t i = 0; i < items.size(); ++i) {
+      const ReportLine::Kind kind = s.lines[i].kind;
+      // Headings stay with the first row under them, and a row with its details.
+      double need = heights[i];
+      bool row_seen = kind == ReportLine::Kind::kRow;
+      for (size_t j = i + 1; j < items.size() && kind != ReportLine::Kind::kDetail &&
+                             kind != ReportLine::Kind::kNote;
+           ++j) {
         const auto k = s.lines[j].kind;
-        need += k == ReportLine::Kind::kGroup ? geo.group_height
-                : k == ReportLine::Kind::kSubGroup ? geo.sub_height
-                                                   : geo.row_height;
-        if (!IsHeading(k)) break;
+        if (row_seen && k != ReportLine::Kind::kDetail) break;
+        if (k == ReportLine::Kind::kNote) break;
+        need += heights[j];
+        row_seen = row_seen || k == ReportLine::Kind::kRow;
       }
       if (y_ + need > bottom_ && BodyStarted()) {
         NewPage();
         if (geo.has_headings) Add({Item::Kind::kColumns, &s, g, {}}, heads);
-        if (line.kind != ReportLine::Kind::kGroup && !group_.empty()) {
+        if (kind != ReportLine::Kind::kGroup && !group_.empty()) {
           Add({Item::Kind::kGroup, &s, g, {group_ + " (continued)"}}, geo.group_height);
-          if (line.kind != ReportLine::Kind::kSubGroup && !sub_.empty()) {
+          if (kind != ReportLine::Kind::kSubGroup && !sub_.empty()) {
             Add({Item::Kind::kSubGroup, &s, g, {sub_ + " (continued)"}}, geo.sub_height);
           }
         }
       }
-      if (line.kind == ReportLine::Kind::kGroup) {
-        group_ = line.text;
+      if (kind == ReportLine::Kind::kGroup) {
+        group_ = s.lines[i].text;
         sub_.clear();
-      } else if (line.kind == ReportLine::Kind::kSubGroup) {
-        sub_ = line.text;
+      } else if (kind == ReportLine::Kind::kSubGroup) {
+        sub_ = s.lines[i].text;
       }
-      Add(std::move(item), h);
+      Add(std::move(items[i]), heights[i]);
     }
   }
 
@@ -171,6 +172,7 @@ class Paginator {
     if (total * chars_at_body > width_) {
       points = std::max(kSmallestPoints, kBodyPoints * width_ / (total * chars_at_body));
     }
+    geo.points = points;
     geo.row = Font(points);
     geo.bold = Font(points, true);
     geo.detail = Font(std::max(kSmallestPoints, points - 1), false, true);
@@ -288,7 +290,7 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
     const QRectF line(0, item.y, width, item.height);
     switch (item.kind) {
       case Item::Kind::kHeading:
-        p.setFont(Font(geo.bold.pointSizeF() + 3, true));
+        p.setFont(Font(geo.points + 3, true));
         Cell(p, line, Q(item.texts[0]), Qt::AlignLeft);
         break;
       case Item::Kind::kColumns:
@@ -301,7 +303,7 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
         p.fillRect(QRectF(0, item.y + item.height - hair, width, hair), Qt::gray);
         break;
       case Item::Kind::kGroup:
-        p.setFont(Font(geo.bold.pointSizeF() + 2, true));
+        p.setFont(Font(geo.points + 2, true));
         Cell(p, line.adjusted(0, item.height * 0.25, 0, 0), Q(item.texts[0]), Qt::AlignLeft);
         break;
       case Item::Kind::kSubGroup:
@@ -321,7 +323,7 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
         break;
       case Item::Kind::kDetail: {
         p.setFont(geo.detail);
-        const double x = geo.x.size() > 1 ? geo.x[1] : 0;
+        const double x = DetailX(geo);
         double ty = item.y;
         for (const std::string& text : item.texts) {
           Cell(p, QRectF(x, ty, width - x, geo.detail_height), Q(text), Qt::AlignLeft);
