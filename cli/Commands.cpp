@@ -13,6 +13,7 @@
 #include "shell/Hooks.h"
 #include "store/Database.h"
 #include "store/DbVersion.h"
+#include "workouts/WorkoutNotes.h"
 
 namespace kvlr {
 namespace fs = std::filesystem;
@@ -172,6 +173,7 @@ int RunCli(const std::vector<std::string>& args, const CliEnvironment& env) {
   const std::string home = global.Value("--home", env.home_from_environment);
   AppState state(ProgramHome(home), io, env.clock, env.disk);
   InstallHooks(state);
+  InstallWorkoutHooks(state);
   state.locale_date_format = env.locale_date_format;
 
   try {
