@@ -18,17 +18,15 @@
 #include "athletes/Siblings.h"
 #include "athletes/Team.h"
 #include "core/FileOps.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
 
 namespace fs = std::filesystem;
 
-class Athletes : public ::testing::Test {
+class Athletes : public test::DbTest {
  protected:
-  void SetUp() override { test::MakeOpenDatabase(t); }
-  SQLite::Database& Db() { return *t.state.gDb; }
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "", int team = 0) {
     return test::AddAthlete(Db(), last, first, sex, birth, team);
@@ -46,12 +44,6 @@ class Athletes : public ::testing::Test {
     SQLite::bind(s, athlete, i_r);
     s.exec();
   }
-  int Count(const std::string& sql, int32_t key = 0) {
-    SQLite::Statement s(Db(), sql);
-    if (s.getBindParameterCount() > 0) s.bind(1, key);
-    s.executeStep();
-    return s.getColumn(0).getInt();
-  }
   std::string Text(const std::string& sql, int32_t key) {
     SQLite::Statement s(Db(), sql);
     s.bind(1, key);
@@ -65,8 +57,6 @@ class Athletes : public ::testing::Test {
     card.sex = sex;
     return card;
   }
-  const std::string& LastShown() { return t.io.shown.back().text; }
-  test::TempHome t;
 };
 
 TEST_F(Athletes, SetCurrentAthleteFillsTheStateFromTheRow) {

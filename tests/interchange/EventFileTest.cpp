@@ -17,7 +17,7 @@
 #include "interchange/Scramble.h"
 #include "interchange/UnZip.h"
 #include "store/ZipArchive.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -28,7 +28,6 @@ using test::PsnHeaderLine;
 using test::PsnResultFields;
 using test::PsnResultLine;
 using test::PsnSplitsLine;
-using test::QueryNumber;
 
 std::vector<std::string> FilesIn(const fs::path& folder) {
   std::vector<std::string> names;
@@ -129,16 +128,13 @@ TEST(EventCourse, TwoCourseWordsKeepTheirMiddleAndOnlyNvvAndZipNamesAreEventFile
   EXPECT_EQ(NotValidEventFileText("/x/meet.nv3"), "/x/meet.nv3Not a valid filename");
 }
 
-class EventImport : public ::testing::Test {
+class EventImport : public test::DbTest {
  protected:
-  void SetUp() override { test::MakeOpenDatabase(t); }
   fs::path Nvv(const std::string& name, const std::vector<std::string>& lines) {
     const fs::path file = t.Data() / name;
     test::WriteLines(file, lines);
     return file;
   }
-  long long Count(const std::string& sql) { return QueryNumber(*t.state.gDb, sql); }
-  test::TempHome t;
 };
 
 TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
@@ -166,7 +162,7 @@ TEST_F(EventImport, AddsMeetCalendarAndEntryEventsOnce) {
                             meet.getColumn(5).getString(), meet.getColumn(6).getString()),
             std::make_tuple("Harbor Open", "2026-11-06", "2026-11-08", "S", "North Pool", "AG"));
   EXPECT_EQ(
-      QueryNumber(*t.state.gDb, "SELECT COUNT(*) FROM tblEvents WHERE Type = 2 AND Athlete = ?",
+      Count("SELECT COUNT(*) FROM tblEvents WHERE Type = 2 AND Athlete = ?",
                   first.meet),
       3);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MTEVENTE"), 3);
@@ -612,19 +608,9 @@ TEST(CheckPSNHeader, NamesAgainstTheCurrentSwimmer) {
   }
 }
 
-class PsnImportTest : public ::testing::Test {
+class PsnImportTest : public test::DbTest {
  protected:
-  PsnImportTest() {
-    test::MakeOpenDatabase(t);
-    SQLite::Statement add(Db(),
-                          "INSERT INTO ATHLETE (Last, First, Sex, Birth) VALUES (?, ?, ?, ?)");
-    SQLite::bind(add, "Rivers", "Pat", "F", "2014-11-07");
-    add.exec();
-    pat = static_cast<int32_t>(Db().getLastInsertRowid());
-    SetCurrentAthlete(t.state, pat);
-  }
-  SQLite::Database& Db() { return *t.state.gDb; }
-  long long Count(const std::string& sql) { return QueryNumber(Db(), sql); }
+  PsnImportTest() { SetCurrentAthlete(t.state, pat); }
   int Import(const std::vector<std::string>& lines) {
     ImportMonitor quiet;
     ImportSession session(t.state, ImportCriteria{}, quiet);
@@ -632,8 +618,7 @@ class PsnImportTest : public ::testing::Test {
     session.Commit();
     return count;
   }
-  test::TempHome t;
-  int32_t pat = 0;
+  int32_t pat = test::AddAthlete(Db(), "Rivers", "Pat", "F", "2014-11-07");
 };
 
 TEST_F(PsnImportTest, ResultsAndTheirSplits) {

@@ -17,7 +17,7 @@
 #include "interchange/ImportSession.h"
 #include "interchange/Nv3AthleteCheck.h"
 #include "store/ReportDatabase.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -39,16 +39,13 @@ std::string JaneSplits(const char* total, const char* distance, FieldValues spli
                                                           splits)));
 }
 
-class ImportTest : public ::testing::Test {
+class ImportTest : public test::DbTest {
  protected:
   ImportTest() {
-    test::MakeOpenDatabase(t_);
-    CheckReportTables(t_.state);
+    CheckReportTables(t.state);
     jane_ = AddAthlete("Doe", "Jane", "F", "");
-    SetCurrentAthlete(t_.state, jane_);
+    SetCurrentAthlete(t.state, jane_);
   }
-  SQLite::Database& Db() { return *t_.state.gDb; }
-  long long Count(const std::string& sql) { return QueryNumber(Db(), sql); }
   int32_t AddAthlete(const std::string& last, const std::string& first, const std::string& sex,
                      const std::string& pref) {
     SQLite::Statement q(Db(), "INSERT INTO ATHLETE (Last, First, Sex, Pref) VALUES (?, ?, ?, ?)");
@@ -56,28 +53,16 @@ class ImportTest : public ::testing::Test {
     q.exec();
     return static_cast<int32_t>(Db().getLastInsertRowid());
   }
-  // Every row of `sql` as "a|b|c", each ended by a line end.
-  std::string Rows(const std::string& sql) {
-    SQLite::Statement q(Db(), sql);
-    std::string out;
-    while (q.executeStep()) {
-      for (int i = 0; i < q.getColumnCount(); ++i)
-        out += (i ? "|" : "") + q.getColumn(i).getString();
-      out += "\n";
-    }
-    return out;
-  }
   ImportOutcome Run(const std::vector<std::string>& lines, const std::string& extension = ".CL2",
                     ImportCriteria criteria = {}, ImportMonitor* monitor = nullptr) {
     ImportFile file;
-    file.path = t_.Data() / ("meet" + extension);
+    file.path = t.Data() / ("meet" + extension);
     file.extension = extension;
     file.lines = lines;
     file.ready = true;
     ImportMonitor quiet;
-    return RunImportFile(t_.state, monitor ? *monitor : quiet, file, criteria);
+    return RunImportFile(t.state, monitor ? *monitor : quiet, file, criteria);
   }
-  test::TempHome t_;
   int32_t jane_ = 0;
 };
 
@@ -116,7 +101,7 @@ TEST_F(ImportTest, TakesOnlyTheFamilysSwimsAndRanksThem) {
   EXPECT_EQ(
       Rows("SELECT Distance, F_P, Score, Place, Age, Rank FROM RESULT ORDER BY Distance, F_P"),
       "50|F|2910|3|12|1\n50|P|2950|5|12|2\n100|F|6532|3|12|1\n");
-  EXPECT_EQ(QueryNumber(Db(), "SELECT COUNT(*) FROM RESULT WHERE Athlete <> ?", jane_), 0);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE Athlete <> ?", jane_), 0);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM tblEvents WHERE Type = 2"), 2);  // two meet days
 }
 
@@ -133,7 +118,7 @@ TEST_F(ImportTest, DuplicatesAreSkippedUnlessOverlaid) {
   EXPECT_EQ(Count("SELECT Score FROM RESULT"), 6532);
   // The row carries the swimmer's new number from the D3 behind the D0.
   EXPECT_EQ(
-      QueryNumber(*t_.state.gReportDb,
+      QueryNumber(*t.state.gReportDb,
                   "SELECT COUNT(*) FROM RPTISDIN WHERE Reason = '1' AND id_no = 'MADEUP000001'"),
       1);
   const ImportOutcome overlaid = Run(again.Lines(), ".CL2", {.overlay_results = true});
@@ -171,15 +156,15 @@ TEST_F(ImportTest, SameStartUnderAnotherNameAsksWhetherItIsTheSameMeet) {
   renamed.Meet({{"meet_name", "Made-Up Fall Classic"}});
   renamed.Line("B2", {{"location", "Shelbyville Pool"}});
   renamed.Swim("event_number=14|distance=50|finals_time=30.00");
-  t_.io.Script({Answer::kNo});
+  t.io.Script({Answer::kNo});
   ASSERT_TRUE(Run(renamed.Lines()).ok);
-  EXPECT_TRUE(t_.io.Saw("Would you like to treat this meet, Made-Up Fall Classic and Autumn"));
+  EXPECT_TRUE(t.io.Saw("Would you like to treat this meet, Made-Up Fall Classic and Autumn"));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-01'"), 2);
   SdifFile same;
   same.Meet({{"meet_name", "Made-Up Winter Classic"}});
   same.Line("B2", {{"location", "Shelbyville Pool"}});
   same.Swim("event_number=16|distance=25|finals_time=14.00");
-  t_.io.Script({Answer::kYes});
+  t.io.Script({Answer::kYes});
   ASSERT_TRUE(Run(same.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE Start = '2026-11-01'"), 2);
   SQLite::Statement q(Db(), "SELECT Location FROM MEET ORDER BY Meet LIMIT 1");
@@ -194,9 +179,9 @@ TEST_F(ImportTest, NamelessMeetAndBadStartDate) {
   const ImportOutcome out = Run(file.Lines());
   ASSERT_TRUE(out.ok);
   EXPECT_TRUE(out.not_all_imported);  // the log is offered
-  EXPECT_TRUE(t_.io.Saw("It will be given the name MEET1"));
+  EXPECT_TRUE(t.io.Saw("It will be given the name MEET1"));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET WHERE MName = 'MEET1' AND Start = '2003-01-01'"), 1);
-  std::ifstream log(t_.Home() / "IMPERR.LOG", std::ios::binary);
+  std::ifstream log(t.Home() / "IMPERR.LOG", std::ios::binary);
   const std::string text((std::istreambuf_iterator<char>(log)), {});
   EXPECT_EQ(text.size(), 3u * 80);
   EXPECT_EQ(text.find("There is no start date found for meet: MEET1"), 0u);
@@ -210,9 +195,9 @@ TEST_F(ImportTest, AllFamilyTakesEverySwimmerOfTheFamily) {
   ASSERT_TRUE(Run(file.Lines()).ok);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);
   ASSERT_TRUE(Run(file.Lines(), ".CL2", {.overlay_results = true, .all_family = true}).ok);
-  EXPECT_EQ(QueryNumber(Db(), "SELECT COUNT(*) FROM RESULT WHERE Athlete = ?", ann), 1);
+  EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT WHERE Athlete = ?", ann), 1);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 2);
-  EXPECT_EQ(t_.state.gAthlete, jane_);  // the current swimmer stays
+  EXPECT_EQ(t.state.gAthlete, jane_);  // the current swimmer stays
 }
 
 TEST_F(ImportTest, SwimmerLinesFillTheSwimmersAddressCard) {
@@ -349,7 +334,7 @@ TEST_F(ImportTest, ABadLineStopsTheRunWithTheTwoPartBox) {
   EXPECT_FALSE(out.ok);
   EXPECT_EQ(out.status, " Import Incomplete ");
   EXPECT_TRUE(
-      t_.io.Saw("File processing error for file: meet.CL2\r\nThe error is on line: 6\r\n"
+      t.io.Saw("File processing error for file: meet.CL2\r\nThe error is on line: 6\r\n"
                 "The problem line is listed below in two parts: \r\n>>Q9"));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 1);  // what came before stays
 }
@@ -361,7 +346,7 @@ TEST_F(ImportTest, AStoreFailureLeavesTheDatabaseAsItWas) {
   file.Raw(JaneSplits("1", "50", "split1=31.00"));
   const ImportOutcome out = Run(file.Lines(), ".CL2", {.import_splits = true});
   EXPECT_FALSE(out.ok);
-  EXPECT_TRUE(t_.io.Saw("Not all records were imported."));
+  EXPECT_TRUE(t.io.Saw("Not all records were imported."));
   EXPECT_EQ(Count("SELECT COUNT(*) FROM MEET"), 0);
   EXPECT_EQ(Count("SELECT COUNT(*) FROM RESULT"), 0);
 }
@@ -433,7 +418,7 @@ TEST_F(ImportTest, Nv3LinesOutOfPlaceStopTheRun) {
     lines.push_back(Nv3("C1", {{"team_code", "OTHR"}}));
     lines.push_back(Nv3(code));
     Run(lines, ".NV3");
-    EXPECT_TRUE(t_.io.Saw(std::string("Problem: ") + words)) << code;
+    EXPECT_TRUE(t.io.Saw(std::string("Problem: ") + words)) << code;
   }
 }
 
@@ -442,27 +427,24 @@ TEST_F(ImportTest, Nv3WithoutTheSwimmerSaysSo) {
   lines[5] = Nv3("D1", "sex=F|athlete=7|last=Doe|first=Mary");
   const ImportOutcome out = Run(lines, ".NV3");
   EXPECT_EQ(out.status, " Import Successful ");  // the meet and team came in
-  EXPECT_TRUE(t_.io.Saw("This file did not contain any results for JANE DOE"));
-  EXPECT_TRUE(t_.io.Saw("with the last name of DOE\r\nMARY DOE"));
+  EXPECT_TRUE(t.io.Saw("This file did not contain any results for JANE DOE"));
+  EXPECT_TRUE(t.io.Saw("with the last name of DOE\r\nMARY DOE"));
 }
 
 // The report mode: made-up files walked into RPTISDIN, the swimmer lookup of NV3 swims, and the
 // athlete check of an NV3 file before its import.
 
-class ImportReportTest : public ::testing::Test {
+class ImportReportTest : public test::DbTest {
  protected:
-  ImportReportTest() {
-    test::MakeOpenDatabase(t_);
-    CheckReportTables(t_.state);
-  }
+  ImportReportTest() { CheckReportTables(t.state); }
   int32_t AddAthlete(const std::string& last, const std::string& first, const std::string& initial,
                      const std::string& id_no, const std::string& birth) {
-    SQLite::Statement q(*t_.state.gDb,
+    SQLite::Statement q(Db(),
                         "INSERT INTO ATHLETE (Last, First, Initial, ID_NO, Birth, Sex) "
                         "VALUES (?, ?, ?, ?, NULLIF(?, ''), 'F')");
     SQLite::bind(q, last, first, initial, id_no, birth);
     q.exec();
-    return static_cast<int32_t>(t_.state.gDb->getLastInsertRowid());
+    return static_cast<int32_t>(Db().getLastInsertRowid());
   }
   ImportOutcome Report(std::vector<std::string> lines, const std::string& extension) {
     ImportFile file;
@@ -470,10 +452,9 @@ class ImportReportTest : public ::testing::Test {
     file.lines = std::move(lines);
     file.panel.file_type = "Meet Results";
     file.ready = true;
-    return RunFileReport(t_.state, watcher_, file);
+    return RunFileReport(t.state, watcher_, file);
   }
-  std::vector<ReportRow> Rows(bool relay) { return ReadIsdinRows(*t_.state.gReportDb, relay); }
-  test::TempHome t_;
+  std::vector<ReportRow> Rows(bool relay) { return ReadIsdinRows(*t.state.gReportDb, relay); }
   testing::Monitor watcher_;
 };
 
@@ -654,14 +635,14 @@ TEST_F(ImportReportTest, StoppingKeepsTheRowsWrittenAndFailuresSayErrorCreatingR
   const ImportOutcome psn = Report(file.Lines(), ".PSN");
   EXPECT_FALSE(psn.ok);
   EXPECT_EQ(psn.status, "Error creating report.");
-  EXPECT_TRUE(t_.io.Saw("Error creating report."));
+  EXPECT_TRUE(t.io.Saw("Error creating report."));
   // The run's own copy of the table, then the file's.
-  t_.state.gReportDb->exec("DROP TABLE temp.RPTISDIN");
-  t_.state.gReportDb->exec("DROP TABLE main.RPTISDIN");
-  t_.io.shown.clear();
+  t.state.gReportDb->exec("DROP TABLE temp.RPTISDIN");
+  t.state.gReportDb->exec("DROP TABLE main.RPTISDIN");
+  t.io.shown.clear();
   EXPECT_EQ(Report(file.Lines(), ".CL2").status, "Error creating report.");
-  ASSERT_EQ(t_.io.shown.size(), 1u);
-  EXPECT_EQ(t_.io.shown[0].text, "Error creating report.");
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_EQ(t.io.shown[0].text, "Error creating report.");
 }
 
 TEST_F(ImportReportTest, GetCurrentAthFindsBySwimmerNumberThenNameInitialAndBirth) {
@@ -692,14 +673,14 @@ TEST_F(ImportReportTest, GetCurrentAthFindsBySwimmerNumberThenNameInitialAndBirt
       {"unknown swimmer", "NOBODY", "DOE", "JANE", "", "", 0},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(GetCurrentAth(t_.state, c.id_no, c.last, c.first, c.initial, c.birth), c.expected)
+    EXPECT_EQ(GetCurrentAth(t.state, c.id_no, c.last, c.first, c.initial, c.birth), c.expected)
         << c.what;
   }
   // A name holding a quote is a value like any other.
   const int32_t quoted = AddAthlete("O'Neil", "Sean", "", "", "");
-  EXPECT_EQ(GetCurrentAth(t_.state, "", "O'NEIL", "SEAN", "", ""), quoted);
-  t_.state.gDb.reset();
-  EXPECT_EQ(GetCurrentAth(t_.state, "ID-ALEX", "SMITH", "ALEX", "", ""), 0);
+  EXPECT_EQ(GetCurrentAth(t.state, "", "O'NEIL", "SEAN", "", ""), quoted);
+  t.state.gDb.reset();
+  EXPECT_EQ(GetCurrentAth(t.state, "ID-ALEX", "SMITH", "ALEX", "", ""), 0);
 }
 
 // The athlete check of an NV3 file: matches, the "no results" boxes and a D1 it cannot read.

@@ -13,7 +13,7 @@
 #include "core/TimeText.h"
 #include "meets/Entries.h"
 #include "meets/EntryWriter.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -29,14 +29,12 @@ struct EventDef {
   int32_t meet = 0;  // 0: the test's meet
 };
 
-class Entries : public ::testing::Test {
+class Entries : public test::DbTest {
  protected:
   void SetUp() override {
-    test::MakeOpenDatabase(t);
     meet_ = AddMeet("Y", "2026-12-05", "2026-12-31", "");
     athlete_ = AddAthlete("Rivers", "Ada", "F", "2014-06-01", 9);
   }
-  SQLite::Database& Db() { return *t.state.gDb; }
   int32_t AddMeet(const std::string& course, const std::string& start, const std::string& age_up,
                   const std::string& since) {
     SQLite::Statement q(Db(),
@@ -94,7 +92,6 @@ class Entries : public ::testing::Test {
     SQLite::bind(q, mt_event, athlete_);
     return q.executeStep() ? q.getColumn(0).getString() : "";
   }
-  test::TempHome t;
   int32_t meet_ = 0;
   int32_t athlete_ = 0;
 };
@@ -196,7 +193,7 @@ TEST_F(Entries, TickingStoresTheBestTimeOrNoTimeExhibitionMarksAndUntickingRemov
   EXPECT_EQ(sheet.Rows()[0].CustomText(), "30.11");
   EXPECT_EQ(sheet.Rows()[1].CustomText(), "NT");
   ASSERT_TRUE(sheet.SetEntered(0, true));  // ticking an entered row again adds nothing
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 2);
+  EXPECT_EQ(Count("SELECT count(*) FROM ENTRY"), 2);
   ASSERT_TRUE(sheet.SetEntered(0, false));
   EXPECT_EQ(Entry(with_best), "");
   EXPECT_FALSE(sheet.Rows()[0].entered);
@@ -242,7 +239,7 @@ TEST_F(Entries, TypedTimes) {
   ASSERT_TRUE(sheet.TypeTime(0, "nt"));
   EXPECT_EQ(Entry(ev), "N/0/X/Y");  // only an "X" writes the mark
   EXPECT_EQ(sheet.Rows()[0].CustomText(), "NT");
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 1);
+  EXPECT_EQ(Count("SELECT count(*) FROM ENTRY"), 1);
 }
 
 TEST_F(Entries, MeetsWithoutEntryEventsAreToldApart) {

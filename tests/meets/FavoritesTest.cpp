@@ -10,18 +10,14 @@
 
 #include "meets/Favorites.h"
 #include "store/Database.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
 
-class Favorites : public ::testing::Test {
+class Favorites : public test::DbTest {
  protected:
-  void SetUp() override {
-    test::MakeOpenDatabase(t);
-    t.io.shown.clear();
-  }
-  SQLite::Database& Db() { return *t.state.gDb; }
+  void SetUp() override { t.io.shown.clear(); }
   int64_t Add(const std::string& name, const std::string& type, const std::string& course) {
     return SaveFavorite(t.state, {0, name, type, course}).value_or(0);
   }
@@ -33,7 +29,6 @@ class Favorites : public ::testing::Test {
   std::string OptionsFavorite() {
     return Db().execAndGet("SELECT ifnull(Favorite, '') FROM OPTIONS").getString();
   }
-  test::TempHome t;
 };
 
 TEST_F(Favorites, NamesAreCheckedBeforeAnyRowIsWritten) {

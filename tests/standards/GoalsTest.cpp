@@ -10,18 +10,14 @@
 
 #include "meets/DefaultEvents.h"
 #include "meets/Goals.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
 
-class Goals : public ::testing::Test {
+class Goals : public test::DbTest {
  protected:
-  void SetUp() override {
-    test::MakeOpenDatabase(t);
-    t.io.shown.clear();
-  }
-  SQLite::Database& Db() { return *t.state.gDb; }
+  void SetUp() override { t.io.shown.clear(); }
   int32_t AddEvent(int32_t meet, int distance, int stroke, const std::string& sex,
                    const std::string& i_r = "I") {
     SQLite::Statement q(Db(),
@@ -41,7 +37,6 @@ class Goals : public ::testing::Test {
     for (const GoalRow& r : rows) out.push_back(r.event_text);
     return out;
   }
-  test::TempHome t;
   int number_ = 0;
 };
 
@@ -58,7 +53,7 @@ TEST_F(Goals, EachCourseGetsItsMeetOnceAndAnyGoalsNamedMeetCounts) {
                   meet),
               row);
   }
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM MEET"), 3);
+  EXPECT_EQ(Count("SELECT count(*) FROM MEET"), 3);
   EXPECT_TRUE(t.io.shown.empty());
   EXPECT_EQ(GoalMeetName('X'), "Goals - Short Course Meter Pools");
   // Only the first five letters count.
@@ -130,10 +125,10 @@ TEST_F(Goals, ATypedGoalIsAResultOutOfRanking) {
                 "|| TRANK || '/' || MTEVENT || '/' || AGE FROM RESULT WHERE RESULT = ?",
                 rows[0].result),
             std::to_string(meet) + "/7/G/6550/-1/-1/" + std::to_string(event) + "/12");
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT RANK FROM RESULT WHERE MTEVENT = 900"), 9);
+  EXPECT_EQ(Count("SELECT RANK FROM RESULT WHERE MTEVENT = 900"), 9);
   // A second goal replaces the first, and a second reading finds it.
   ASSERT_TRUE(WriteGoal(t.state, rows[0], "1:04.00", 12, 7));
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM RESULT WHERE I_R = 'G'"), 1);
+  EXPECT_EQ(Count("SELECT count(*) FROM RESULT WHERE I_R = 'G'"), 1);
   EXPECT_EQ(LoadGoals(t.state, meet, 7, "F")[0].score, 6400);
   // A refused text writes nothing and says why.
   ASSERT_FALSE(WriteGoal(t.state, rows[0], "7.00", 12, 7));

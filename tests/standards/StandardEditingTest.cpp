@@ -6,7 +6,7 @@
 #include "StandardFixture.h"
 #include "core/SwimCodes.h"
 #include "standards/StandardEditing.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -14,17 +14,13 @@ namespace {
 using test::AddLine;
 using test::MakeStandard;
 
-class StandardEditing : public testing::Test {
+class StandardEditing : public test::DbTest {
  protected:
   StandardEditing() {
-    test::MakeOpenDatabase(t);
-    MakeStandard(db(), "JO", {"AA", "A"});
-    AddLine(db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500}, {'L', 1, 0, 7000}});
-    AddLine(db(), "JO", "F", "R", 0, 10, 200, 5);
+    MakeStandard(Db(), "JO", {"AA", "A"});
+    AddLine(Db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500}, {'L', 1, 0, 7000}});
+    AddLine(Db(), "JO", "F", "R", 0, 10, 200, 5);
   }
-  SQLite::Database& db() { return *t.state.gDb; }
-  long long Count(const std::string& sql) { return test::QueryNumber(db(), sql); }
-  test::TempHome t;
 };
 
 StandardDefinition Named(const char* name, std::initializer_list<const char*> designators) {
@@ -53,14 +49,14 @@ TEST_F(StandardEditing, NewStandardChecksInOrder) {
       {Named("New", {"A", "B"}), "", ""},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(CheckNewStandard(db(), c.def, c.copy_from), c.message) << c.def.name << c.copy_from;
+    EXPECT_EQ(CheckNewStandard(Db(), c.def, c.copy_from), c.message) << c.def.name << c.copy_from;
   }
 }
 
 TEST_F(StandardEditing, SavingANewStandardMakesItsTableAndRow) {
   EXPECT_TRUE(SaveNewStandard(t.state, Named("Zone", {"Z1", "Z2"}), ""));
   EXPECT_EQ(Count("SELECT count(*) FROM ZONE"), 0);
-  EXPECT_EQ(ReadStandardDefinition(db(), "Zone")->designators[1], "Z2");
+  EXPECT_EQ(ReadStandardDefinition(Db(), "Zone")->designators[1], "Z2");
   EXPECT_FALSE(SaveNewStandard(t.state, Named("Zone", {"Z1"}), ""));
   EXPECT_TRUE(t.io.Saw("Zone already exists."));
 }
@@ -68,25 +64,25 @@ TEST_F(StandardEditing, SavingANewStandardMakesItsTableAndRow) {
 TEST_F(StandardEditing, CopyingAsksThenCopiesDesignatorsAndLines) {
   t.io.Script({Answer::kNo});
   EXPECT_FALSE(SaveNewStandard(t.state, Named("Copy", {}), "JO"));
-  EXPECT_FALSE(ReadStandardDefinition(db(), "Copy"));
-  EXPECT_FALSE(TableExists(db(), "COPY"));
+  EXPECT_FALSE(ReadStandardDefinition(Db(), "Copy"));
+  EXPECT_FALSE(TableExists(Db(), "COPY"));
   EXPECT_TRUE(SaveNewStandard(t.state, Named("Copy", {}), "JO"));
   EXPECT_EQ(t.io.shown.back().text, "2 standards copied.");
   EXPECT_TRUE(t.io.Saw("Copy JO into Copy"));
   EXPECT_EQ(Count("SELECT count(*) FROM COPY"), 2);
   EXPECT_EQ(Count("SELECT \"S(24)\" FROM COPY WHERE Sex = 'M'"), 5500);
   EXPECT_EQ(Count("SELECT \"F(13)\" FROM COPY WHERE Sex = 'M'"), 7000);
-  const auto def = ReadStandardDefinition(db(), "Copy");
+  const auto def = ReadStandardDefinition(Db(), "Copy");
   ASSERT_TRUE(def);
   EXPECT_EQ(def->designators[0], "AA");
   EXPECT_EQ(def->long_names[1], "A long");
-  MakeStandard(db(), "Empty", {"E"});
+  MakeStandard(Db(), "Empty", {"E"});
   EXPECT_TRUE(SaveNewStandard(t.state, Named("Copy2", {}), "Empty"));
   EXPECT_TRUE(t.io.Saw("No standards available to copy in selected file."));
-  EXPECT_EQ(ReadStandardDefinition(db(), "Copy2")->designators[0], "E");
-  EXPECT_EQ(CopyDesignators(db(), "Nowhere", "JO"),
+  EXPECT_EQ(ReadStandardDefinition(Db(), "Copy2")->designators[0], "E");
+  EXPECT_EQ(CopyDesignators(Db(), "Nowhere", "JO"),
             "Error retrieving Copy From Standard Information");
-  EXPECT_EQ(CopyDesignators(db(), "JO", "Nowhere"),
+  EXPECT_EQ(CopyDesignators(Db(), "JO", "Nowhere"),
             "Error retrieving Copy To Standard Information");
 }
 
@@ -107,7 +103,7 @@ TEST_F(StandardEditing, OneLineChecksInOrderAndIsStoredWithoutTimes) {
       {"same key as a relay", {true, 11, 12, 100, 1, "M"}, ""},
       {"new line", {false, 13, 14, 100, 1, "M"}, ""},
   };
-  for (const Case& c : cases) EXPECT_EQ(CheckStandardLine(db(), "JO", c.form), c.message) << c.what;
+  for (const Case& c : cases) EXPECT_EQ(CheckStandardLine(Db(), "JO", c.form), c.message) << c.what;
   const StanAddForm form{true, 0, 99, 50, 2, "F"};
   const int32_t std = AddStandardLine(t.state, "JO", form);
   ASSERT_GT(std, 0);
@@ -116,7 +112,7 @@ TEST_F(StandardEditing, OneLineChecksInOrderAndIsStoredWithoutTimes) {
   StandardFilter filter;
   filter.sex = "F";
   filter.distance = 50;
-  const auto lines = ReadStandardLines(db(), "JO", filter, kStartSort);
+  const auto lines = ReadStandardLines(Db(), "JO", filter, kStartSort);
   ASSERT_EQ(lines.size(), 1u);
   EXPECT_EQ(lines[0].std, std);
   EXPECT_EQ(lines[0].i_r, "R");
@@ -124,10 +120,10 @@ TEST_F(StandardEditing, OneLineChecksInOrderAndIsStoredWithoutTimes) {
 }
 
 TEST_F(StandardEditing, FiltersAndSortsOfTheGrid) {
-  AddLine(db(), "JO", "M", "I", 9, 10, 50, 4);
+  AddLine(Db(), "JO", "M", "I", 9, 10, 50, 4);
   auto sexes = [&](const StandardFilter& f, StandardSort sort) {
     std::string out;
-    for (const auto& line : ReadStandardLines(db(), "JO", f, sort)) out += line.sex + line.i_r;
+    for (const auto& line : ReadStandardLines(Db(), "JO", f, sort)) out += line.sex + line.i_r;
     return out;
   };
   EXPECT_EQ(sexes({}, kStartSort), "FRMIMI");
@@ -144,7 +140,7 @@ TEST_F(StandardEditing, FiltersAndSortsOfTheGrid) {
 }
 
 TEST_F(StandardEditing, GridColumnsFollowCourseAndEditedCellsAreStoredAtOnce) {
-  const auto columns = StanColumns(*ReadStandardDefinition(db(), "JO"), GridCourse::kSCY);
+  const auto columns = StanColumns(*ReadStandardDefinition(Db(), "JO"), GridCourse::kSCY);
   ASSERT_EQ(columns.size(), 10u);
   EXPECT_EQ(columns[6].heading, "Slower AA");
   EXPECT_EQ(columns[6].ordinal, 27);
@@ -156,15 +152,15 @@ TEST_F(StandardEditing, GridColumnsFollowCourseAndEditedCellsAreStoredAtOnce) {
   ASSERT_EQ(all.size(), 18u);
   EXPECT_EQ(all[10].heading, "Slower AA SCM");
   EXPECT_EQ(all[10].ordinal, 3);
-  const auto line = ReadStandardLines(db(), "JO", {}, StandardSort::kRelaysLast).at(0);
+  const auto line = ReadStandardLines(Db(), "JO", {}, StandardSort::kRelaysLast).at(0);
   EXPECT_EQ(CellText(line, columns[7]), "55.00");
   EXPECT_EQ(CellText(line, columns[6]), "");
   EXPECT_EQ(CellText(line, columns[4]), "Free");
-  ASSERT_TRUE(UpdateStandardLimit(db(), "JO", line.std, columns[6].ordinal, 5000));
-  ASSERT_TRUE(UpdateStandardLimit(db(), "JO", line.std, columns[7].ordinal, 0));
+  ASSERT_TRUE(UpdateStandardLimit(Db(), "JO", line.std, columns[6].ordinal, 5000));
+  ASSERT_TRUE(UpdateStandardLimit(Db(), "JO", line.std, columns[7].ordinal, 0));
   EXPECT_EQ(Count("SELECT \"F(24)\" FROM JO WHERE Sex = 'M'"), 5000);
   EXPECT_EQ(Count("SELECT \"S(24)\" IS NULL FROM JO WHERE Sex = 'M'"), 1);
-  EXPECT_FALSE(UpdateStandardLimit(db(), "JO", line.std, 75, 1));
+  EXPECT_FALSE(UpdateStandardLimit(Db(), "JO", line.std, 75, 1));
 }
 
 TEST(LimitText, TypedLimits) {
@@ -175,18 +171,18 @@ TEST(LimitText, TypedLimits) {
 }
 
 TEST_F(StandardEditing, RemovingALineAndAWholeStandard) {
-  const auto lines = ReadStandardLines(db(), "JO", {}, StandardSort::kRelaysLast);
+  const auto lines = ReadStandardLines(Db(), "JO", {}, StandardSort::kRelaysLast);
   EXPECT_EQ(RemoveLineQuestion(lines[0]),
             "Remove Standard for:\r\nSex:M\r\nLow Age:11\r\nHigh Age: 12");
-  EXPECT_TRUE(DeleteStandardLine(db(), "JO", lines[0].std));
-  EXPECT_FALSE(DeleteStandardLine(db(), "JO", lines[0].std));
+  EXPECT_TRUE(DeleteStandardLine(Db(), "JO", lines[0].std));
+  EXPECT_FALSE(DeleteStandardLine(Db(), "JO", lines[0].std));
   EXPECT_EQ(Count("SELECT count(*) FROM JO"), 1);
-  MakeStandard(db(), "Other", {"O"});
+  MakeStandard(Db(), "Other", {"O"});
   RemoveStandard(t.state, "JO");
-  EXPECT_FALSE(TableExists(db(), "JO"));
-  EXPECT_FALSE(ReadStandardDefinition(db(), "JO"));
-  EXPECT_TRUE(ReadStandardDefinition(db(), "Other"));
-  EXPECT_TRUE(TableExists(db(), "OTHER"));
+  EXPECT_FALSE(TableExists(Db(), "JO"));
+  EXPECT_FALSE(ReadStandardDefinition(Db(), "JO"));
+  EXPECT_TRUE(ReadStandardDefinition(Db(), "Other"));
+  EXPECT_TRUE(TableExists(Db(), "OTHER"));
 }
 
 TEST(StandardCard, FilteredSexMessageAndAgePresets) {

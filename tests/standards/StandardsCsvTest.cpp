@@ -7,7 +7,7 @@
 
 #include "StandardFixture.h"
 #include "standards/StandardsCsv.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -19,20 +19,16 @@ constexpr const char* kHeader =
     "AA Y Faster,AA Y Slower,AA S Faster,AA S Slower,AA L Faster,AA L Slower,"
     "A Y Faster,A Y Slower,A S Faster,A S Slower,A L Faster,A L Slower\n";
 
-class StandardsCsv : public testing::Test {
+class StandardsCsv : public test::DbTest {
  protected:
   StandardsCsv() {
-    test::MakeOpenDatabase(t);
-    MakeStandard(db(), "JO", {"AA", "A"});
-    test::AddLine(db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500, 5000}, {'L', 1, 6532}});
-    test::AddLine(db(), "JO", "F", "R", 0, 99, 200, 5, {{'S', 1, 13000}});
+    MakeStandard(Db(), "JO", {"AA", "A"});
+    test::AddLine(Db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500, 5000}, {'L', 1, 6532}});
+    test::AddLine(Db(), "JO", "F", "R", 0, 99, 200, 5, {{'S', 1, 13000}});
   }
-  SQLite::Database& db() { return *t.state.gDb; }
   std::string Export(const char* name) {
-    return StandardCsvText(db(), *ReadStandardDefinition(db(), name));
+    return StandardCsvText(Db(), *ReadStandardDefinition(Db(), name));
   }
-  long long Count(const std::string& sql) { return test::QueryNumber(db(), sql); }
-  test::TempHome t;
 };
 
 TEST_F(StandardsCsv, ExportHasOneHeaderAndOneLinePerLine) {
@@ -52,7 +48,7 @@ TEST_F(StandardsCsv, RoundTripIntoANewStandard) {
   EXPECT_TRUE(result.created);
   EXPECT_EQ(result.lines, 2);
   EXPECT_EQ(Export("Copy"), text);
-  EXPECT_EQ(ReadStandardDefinition(db(), "Copy")->designators[1], "A");
+  EXPECT_EQ(ReadStandardDefinition(Db(), "Copy")->designators[1], "A");
   int16_t designator = 0;
   EXPECT_EQ(GetStandard(t.state, designator, 5400, "M", 100, 1, 12, "Y", false), "AA");
 }
@@ -115,7 +111,7 @@ TEST_F(StandardsCsv, BadFilesAreRefusedNamingTheLineAndChangeNothing) {
     }
   }
   EXPECT_EQ(Count("SELECT count(*) FROM STDNAME"), 1);
-  EXPECT_FALSE(TableExists(db(), "FRESH"));
+  EXPECT_FALSE(TableExists(Db(), "FRESH"));
   // Names that cannot be a standard.
   EXPECT_FALSE(ImportStandardCsv(t.state, "", before).ok);
   EXPECT_FALSE(ImportStandardCsv(t.state, "Ninechars", before).ok);

@@ -4,7 +4,7 @@
 
 #include "StandardFixture.h"
 #include "standards/Standards.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -121,12 +121,7 @@ TEST_P(GetStandardTest, FollowsEditsAndRemovalOfTheOpenStandard) {
 
 INSTANTIATE_TEST_SUITE_P(InMemoryAndQueried, GetStandardTest, testing::Bool());
 
-class StandardStoreTest : public testing::Test {
- protected:
-  void SetUp() override { test::MakeOpenDatabase(t); }
-  SQLite::Database& Db() { return *t.state.gDb; }
-  test::TempHome t;
-};
+class StandardStoreTest : public test::DbTest {};
 
 TEST_F(StandardStoreTest, OpeningLoadsDesignatorsAndABlankOrMissingNameClearsThem) {
   MakeStandard(Db(), "Zone 26", {"Z", "ZZ"});
