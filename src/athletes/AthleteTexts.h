@@ -68,8 +68,6 @@ inline constexpr std::string_view kRecruitingPictureTitle = "Import Picture";
 inline constexpr std::string_view kRecruitingPictureFilter = "Picture files (*.bmp)";
 inline constexpr std::string_view kNoBmpSelected = "No BMP file selected";
 inline constexpr std::string_view kPictureTooLong = "The file name and path exceeds 60 characters.";
-inline constexpr std::string_view kRecruitingReportLater =
-    "The Athlete Recruiting Report is not available yet.";
 
 // Team.
 inline constexpr std::string_view kTeamTitle = "Team Maintenance";

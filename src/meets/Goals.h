@@ -32,7 +32,6 @@ inline constexpr std::string_view kSplitsCommand = "Add/Edit Goal Splits";
 inline constexpr std::string_view kCalcCommand = "Time Calculator";
 inline constexpr std::string_view kRelayLegsCommand = "Relay Legs";
 inline constexpr std::string_view kCommentCommand = "Add Comment";
-inline constexpr std::string_view kPrintNotYet = "Printing goals is not available yet.";
 }  // namespace goaltxt
 
 // The goal meet's name for a course: 'Y' the yard name, 'L' the long-course name, any

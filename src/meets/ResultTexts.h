@@ -14,7 +14,6 @@ inline constexpr std::string_view kMustBeInTimeColumn =
 inline constexpr std::string_view kNoRelayEventsYet =
     "No relay events have been setup for this meet yet.\rFrom the Meet Form select Events to "
     "add Relay Events";
-inline constexpr std::string_view kPrintNotAvailable = "Printing is not available yet.";
 
 // Results browser.
 inline constexpr std::string_view kBrowserTitle = "Individual Results Browser";
