@@ -1,8 +1,9 @@
 // The kvlr tool as a user runs it: output, words on stderr, exit codes; the athlete commands
-// with the card's words.
+// with the card's words; import, check and import-events.
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -12,8 +13,12 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "../interchange/FileMaker.h"
+#include "../interchange/OnlineFixtures.h"
 #include "Command.h"
 #include "Commands.h"
+#include "interchange/MeetFileLines.h"
+#include "store/ZipArchive.h"
 #include "core/FileOps.h"
 #include "support/TempHome.h"
 
@@ -320,6 +325,188 @@ TEST_F(Cli, ASeasonThroughTheTool) {
   EXPECT_NE(ReadWholeFile(again).find("F,I,11,12,100,2,1:10.00"), std::string::npos);
   WriteFileAtomically(csv, "Sex,I_R\nF\n");
   EXPECT_EQ(Kvlr({"standard-import", "--db", db, "BAD", csv}).code, 1);
+}
+
+// kvlr import, check and import-events on made-up files: what the tool adds to the import,
+// the certification and the event files, which have tests of their own.
+class FileCommands : public Cli {
+ protected:
+  std::string File(const std::string& name, const std::string& text) {
+    const auto path = t.Data() / name;
+    std::ofstream(path, std::ios::binary) << text;
+    return path.string();
+  }
+  Outcome Check(const std::string& name, const std::string& text) {
+    return Kvlr({"check", File(name, text)});
+  }
+  long long Results() {
+    return SQLite::Database(db).execAndGet("SELECT COUNT(*) FROM RESULT").getInt64();
+  }
+  std::string db = Db("family.mdb");
+};
+
+class ImportCli : public FileCommands {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(Kvlr({"new-db", db}).code, 0);
+    ASSERT_EQ(
+        Kvlr({"add-athlete", "--db", db, "--last", "Doe", "--first", "Jane", "--sex", "F"}).code,
+        0);
+  }
+};
+
+TEST_F(ImportCli, ImportsOnceThenListsTheRefusedLines) {
+  testing::SdifFile meet;
+  meet.Swim().Swim({{"swimmer_name", "ROE, ANN"}});
+  const std::string file = File("meet.cl2", meet.Text());
+  const Outcome first = Kvlr({"import", file, "--db", db});
+  ASSERT_EQ(first.code, 0) << first.err;
+  EXPECT_NE(first.out.find("Individual Results\t2\t1\n"), std::string::npos) << first.out;
+  EXPECT_NE(first.out.find("\nImport Successful\n"), std::string::npos);
+  EXPECT_EQ(first.out.find("Not all data was imported."), std::string::npos);
+  const Outcome again = Kvlr({"import", file, "--db", db});
+  EXPECT_NE(again.out.find("Not all data was imported.\nReason"), std::string::npos) << again.out;
+  EXPECT_NE(again.out.find("\n1\tAutumn Made-Up Invite\tDOE\tJANE\t"), std::string::npos);
+}
+
+TEST_F(ImportCli, ARosterFileFillsTheSwimmersCardAndSaysHowMany) {
+  testing::SdifFile roster;
+  roster.A0("file_code=20|source_code=CS|software_version=2.0|content_code=43");
+  roster.Line("D1", "swimmer_name=DOE, JANE A|sex=F|birth=01022014|day_phone=555-0101");
+  const Outcome out = Kvlr({"import", File("roster.cl2", roster.Text()), "--db", db});
+  ASSERT_EQ(out.code, 0) << out.err;
+  EXPECT_NE(out.err.find("1 Athletes Imported\n"), std::string::npos) << out.err;
+}
+
+TEST_F(ImportCli, QuestionsNeedAnAnswerAndSeveralSwimmersAName) {
+  testing::SdifFile meet;
+  meet.Swim();
+  ASSERT_EQ(Kvlr({"import", File("a.cl2", meet.Text()), "--db", db}).code, 0);
+  testing::SdifFile renamed;
+  renamed.Meet({{"meet_name", "Made-Up Other Name"}}).Swim();
+  const std::string other = File("b.cl2", renamed.Text());
+  const Outcome unanswered = Kvlr({"import", other, "--db", db});
+  EXPECT_EQ(unanswered.code, 1);
+  EXPECT_NE(unanswered.err.find("as the same meet?"), std::string::npos) << unanswered.err;
+  EXPECT_EQ(Kvlr({"import", other, "--db", db, "--no"}).code, 0);
+  ASSERT_EQ(
+      Kvlr({"add-athlete", "--db", db, "--last", "Doe", "--first", "Ann", "--sex", "F"}).code, 0);
+  const Outcome unnamed = Kvlr({"import", other, "--db", db, "--yes"});
+  EXPECT_EQ(unnamed.code, 1);
+  EXPECT_NE(unnamed.err.find("name one with --athlete"), std::string::npos);
+  EXPECT_EQ(Kvlr({"import", other, "--db", db, "--athlete", "2", "--yes"}).code, 0);
+}
+
+TEST_F(ImportCli, AFileWithoutItsEndRecordIsImportedOnlyWhenTheUserSaysSo) {
+  std::vector<std::string> lines = testing::SdifFile(false).Swim().Lines();
+  lines.pop_back();  // the Z0
+  const std::string file = File("cut.sd3", testing::FileText(lines));
+  const std::string warning =
+      "cut.sd3 has no end record (Z0): the file may be incomplete, for example a download cut "
+      "short.";
+  const Outcome unanswered = Kvlr({"import", file, "--db", db});
+  EXPECT_EQ(unanswered.code, 1);
+  EXPECT_NE(unanswered.err.find(warning + "\nDo you want to import what it holds?\n"),
+            std::string::npos)
+      << unanswered.err;
+  const Outcome no = Kvlr({"import", file, "--db", db, "--no"});
+  EXPECT_EQ(no.code, 1);
+  EXPECT_EQ(no.err, warning + "\n");
+  EXPECT_EQ(Results(), 0);
+  const Outcome yes = Kvlr({"import", file, "--db", db, "--yes"});
+  EXPECT_EQ(yes.code, 0) << yes.err;
+  EXPECT_NE(yes.out.find("\nImport Successful\n"), std::string::npos);
+  EXPECT_EQ(Results(), 1);
+}
+
+TEST_F(ImportCli, Latin1TextIsStoredAsUtf8) {
+  testing::SdifFile meet;
+  meet.Meet({{"meet_name", "Zo\xEB's Made-Up Cup"}}).Swim();
+  const Outcome r = Kvlr({"import", File("meet.cl2", meet.Text()), "--db", db});
+  ASSERT_EQ(r.code, 0) << r.err;
+  EXPECT_EQ(SQLite::Database(db).execAndGet("SELECT MName FROM MEET").getString(),
+            "Zo\xC3\xAB's Made-Up Cup");
+}
+
+TEST_F(FileCommands, AGoodFilePrintsItsPanelCountsAndStatus) {
+  testing::SdifFile file;
+  file.Swim().Swim({{"swimmer_name", "ROE, ANN"}}).Relay();
+  // Whatever follows the Z0 line is never read, not even for its length.
+  const Outcome r = Check("meet.cl2", file.Text() + "junk behind the end\r\n");
+  ASSERT_EQ(r.code, 0) << r.err;
+  EXPECT_EQ(r.out,
+            "Statistic\tValue\n"
+            "File Name:\tmeet.cl2\n"
+            "Created by:\tNorvan, Ltd 1.0\n"
+            "File Type:\tMeet Results\n"
+            "Meet Name:\tAutumn Made-Up Invite\n"
+            "Start Date:\t2026-11-01\n"
+            "Meets\t1\n"
+            "Teams\t1\n"
+            "Individual Results\t2\n"
+            "Relay Results\t1\n"
+            "Splits\t0\n"
+            "Import File Checked - Click OK to Format Report   A Relay Report will also be "
+            "Printed.\n");
+  EXPECT_EQ(r.err, "");
+}
+
+TEST_F(FileCommands, ARefusedFileShowsTheBoxAndExitsOne) {
+  const Outcome r = Check("meet.sd3", testing::SdifFile(false).Swim({{"sex", "Q"}}).Text());
+  EXPECT_EQ(r.code, 1);
+  EXPECT_NE(r.out.find("Individual Results\t0\n"), std::string::npos) << r.out;
+  EXPECT_NE(r.err.find("error: This file did not pass the initial SDIF certification check"),
+            std::string::npos)
+      << r.err;
+  EXPECT_NE(r.err.find("Error Checking Import File"), std::string::npos);
+}
+
+TEST_F(FileCommands, CutShortHugeAndCrOnlyFiles) {
+  std::vector<std::string> lines = testing::SdifFile().Swim().Lines();
+  lines.pop_back();  // a download cut short right before its Z0
+  const Outcome cut = Check("cut.cl2", testing::FileText(lines));
+  EXPECT_EQ(cut.code, 1);
+  EXPECT_NE(cut.out.find("Individual Results\t1\n"), std::string::npos) << cut.out;
+  EXPECT_EQ(cut.err,
+            "cut.cl2 has no end record (Z0): the file may be incomplete, for example a download "
+            "cut short.\n");
+  // Lines ended by a lone CR read as any others.
+  std::string cr_only;
+  for (const auto& line : testing::SdifFile().Swim().Lines()) cr_only += line + "\r";
+  const Outcome cr = Check("cr.cl2", cr_only);
+  EXPECT_EQ(cr.code, 0) << cr.err;
+  EXPECT_NE(cr.out.find("Individual Results\t1\n"), std::string::npos) << cr.out;
+  // Refused by its size, unread (the sparse file takes no room on disk).
+  const fs::path huge = t.Data() / "huge.cl2";
+  std::ofstream(huge, std::ios::binary) << testing::SdifFile().Text();
+  fs::resize_file(huge, kMaxMeetFileBytes + 1);
+  const Outcome big = Kvlr({"check", huge.string()});
+  EXPECT_EQ(big.code, 1);
+  EXPECT_EQ(big.err,
+            "huge.cl2 is larger than 100 MB; a meet file is never that large, so it was not "
+            "read.\n");
+}
+
+TEST_F(FileCommands, ImportEventsTakesEveryEventFileOfAZipOnce) {
+  ASSERT_EQ(Kvlr({"new-db", db}).code, 0);
+  const fs::path a = t.Data() / "a.nvv";
+  const fs::path b = t.Data() / "b.nvv";
+  test::WriteLines(a, {test::NvvMeetLine("Alpha Meet", "12/05/2026"), "1;50;1;I;0;10;F"});
+  test::WriteLines(
+      b, {test::NvvMeetLine("Beta Meet", "12/12/2026"), "1;50;1;I;0;10;F", "2;50;2;I;0;10;F"});
+  const fs::path zip = t.Data() / "events.zip";
+  ZipArchive::Create(zip, {{"b.nvv", b}, {"a.nvv", a}}, "", 6);
+  const Outcome first = Kvlr({"import-events", "--db", db, zip.string()});
+  EXPECT_EQ(first.code, 0) << first.err;
+  EXPECT_EQ(first.out,
+            "File\tMeet\tMName\tEvents\na.nvv\t1\tAlpha Meet\t1\nb.nvv\t2\tBeta Meet\t2\n");
+  // Again: both are refused with the existing meet's words.
+  const Outcome again = Kvlr({"import-events", "--db", db, zip.string()});
+  EXPECT_EQ(again.code, 1);
+  EXPECT_NE(again.err.find("named: Beta Meet"), std::string::npos) << again.err;
+  const Outcome wrong = Kvlr({"import-events", "--db", db, (t.Data() / "a.nv3").string()});
+  EXPECT_EQ(wrong.code, 1);
+  EXPECT_NE(wrong.err.find("a.nv3Not a valid filename"), std::string::npos) << wrong.err;
 }
 
 }  // namespace
