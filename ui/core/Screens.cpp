@@ -11,6 +11,7 @@
 #include "athletes/TeamScreen.h"
 #include "core/ErrorHandler.h"
 #include "core/MainWindow.h"
+#include "handheld/PalmScreens.h"
 #include "interchange/ImportScreen.h"
 #include "interchange/OnlineScreens.h"
 #include "meets/CommentsScreen.h"
@@ -243,6 +244,7 @@ void InstallScreens(MainWindow& window, AppState& state) {
     window.DatabaseChanged();
   });
   InstallGraphScreens(window, state);
+  InstallHandheldScreens(window, state);
 }
 
 }  // namespace kvlr

@@ -1,0 +1,2 @@
+target_sources(kvlr_clilib PRIVATE HandheldCommands.cpp)
+target_link_libraries(kvlr_clilib PUBLIC kvlr_handheld)
