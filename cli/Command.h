@@ -72,6 +72,7 @@ std::vector<Command> DemoCommands();
 std::vector<Command> ReportCommands();
 std::vector<Command> GraphCommands();
 std::vector<Command> WorkoutCommands();
+std::vector<Command> HandheldCommands();
 std::vector<Command> ExportCommands();
 
 }  // namespace kvlr::cli

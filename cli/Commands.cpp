@@ -105,6 +105,7 @@ const std::vector<Command>& Commands() {
                       ResultCommands, StandardCommands, ConversionCommands, RankCommands,
                       BestCommands, CheckCommands, ImportCommands, EventCommands, DemoCommands,
                       ReportCommands,
+                      HandheldCommands,
                       WorkoutCommands,
                       GraphCommands,
                       ExportCommands}) {
