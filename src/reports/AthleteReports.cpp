@@ -173,6 +173,7 @@ bool FillGoals(AppState& state, const ReportRequest& request) {
   q.bind(2, std::string(1, course));
   q.bind(3, athlete);
   int rows = 0;
+  MeetRowWriter rows_out(rdb);
   while (q.executeStep()) {
     const int64_t result = q.getColumn(0).getInt64();
     RMeetRow row;
@@ -195,7 +196,7 @@ bool FillGoals(AppState& state, const ReportRequest& request) {
     row.comment = TextOf(q.getColumn(7));
     row.sort_order = ++rows;
     if (AddSplitsToReport(state, result, row.int_dist, course, 3)) row.split = result;
-    AddMeetRow(rdb, row);
+    rows_out.Add(row);
   }
   transaction.commit();
   if (rows == 0) {

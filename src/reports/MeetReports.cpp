@@ -150,6 +150,7 @@ bool FillMeetResults(AppState& state, const ReportRequest& r) {
           "r.F_P");
   BindFilter(q, state, r);
   int rows = 0;
+  MeetRowWriter rows_out(rdb);
   while (q.executeStep()) {
     auto t = [&q](int i) { return TextOf(q.getColumn(i)); };
     auto n = [&q](int i) { return q.getColumn(i).isNull() ? 0 : q.getColumn(i).getInt(); };
@@ -188,7 +189,7 @@ bool FillMeetResults(AppState& state, const ReportRequest& r) {
                           r.split_mode)) {
       row.split = result;
     }
-    AddMeetRow(rdb, row);
+    rows_out.Add(row);
   }
   transaction.commit();
   if (rows == 0) {
@@ -259,6 +260,7 @@ bool FillMeetEntries(AppState& state, const ReportRequest& r) {
           "ORDER BY m.Start, m.MName, m.Meet, e.MtEv, e.MtEvX, (n.Misc = 'N'), n.Score, a.Last");
   BindFilter(q, state, r);
   int rows = 0;
+  MeetRowWriter rows_out(rdb);
   while (q.executeStep()) {
     auto t = [&q](int i) { return TextOf(q.getColumn(i)); };
     auto n = [&q](int i) { return q.getColumn(i).isNull() ? 0 : q.getColumn(i).getInt(); };
@@ -294,7 +296,7 @@ bool FillMeetEntries(AppState& state, const ReportRequest& r) {
                                               row.course.substr(0, 1), 0));
     if (row.misc == "N" && row.ex == "X") row.score = "XNT";
     row.sort_order = ++rows;
-    AddMeetRow(rdb, row);
+    rows_out.Add(row);
   }
   transaction.commit();
   if (rows == 0) {

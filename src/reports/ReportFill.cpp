@@ -124,15 +124,18 @@ int GetAthletesForReports(AppState& state, int32_t athlete, bool use_athletes_na
   return count;
 }
 
-void AddMeetRow(SQLite::Database& report_db, const RMeetRow& r, std::string_view table) {
-  // The table name comes from the two fixed names, never from data.
-  const std::string sql = fmt::format(
-      "INSERT INTO {} (MEET, MEETSTART, MEETEND, STROKE, DISTANCE, LAST, FIRST, INITIAL, "
-      "COURSE, SCORE, F_P, EX, MTEV, SEX, I_R, MEETCRS, MEETTYPE, NAME, EVENTSEX, COMMENT, "
-      "MISC, SPLIT, LO_HI, AGE, PLACE, INTSTROKE, INTDIST, SORTORDER, MEETID, ATHLETE, CONVT) "
-      "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
-      table == "RMEETR" ? "RMEETR" : "RMEETI");
-  SQLite::Statement q(report_db, sql);
+MeetRowWriter::MeetRowWriter(SQLite::Database& report_db, bool relay)
+    : insert_(report_db,
+              std::string("INSERT INTO ") + (relay ? "RMEETR" : "RMEETI") +
+                  " (MEET, MEETSTART, MEETEND, STROKE, DISTANCE, LAST, FIRST, INITIAL, COURSE, "
+                  "SCORE, F_P, EX, MTEV, SEX, I_R, MEETCRS, MEETTYPE, NAME, EVENTSEX, COMMENT, "
+                  "MISC, SPLIT, LO_HI, AGE, PLACE, INTSTROKE, INTDIST, SORTORDER, MEETID, "
+                  "ATHLETE, CONVT) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,"
+                  "?,?,?)") {}
+
+void MeetRowWriter::Add(const RMeetRow& r) {
+  SQLite::Statement& q = insert_;
+  q.reset();
   const std::pair<const std::string*, size_t> texts[] = {
       {&r.meet, 45},      {&r.meet_start, 10}, {&r.meet_end, 10}, {&r.stroke, 12},
       {&r.distance, 12},  {&r.last, 20},       {&r.first, 20},    {&r.initial, 1},
@@ -152,6 +155,10 @@ void AddMeetRow(SQLite::Database& report_db, const RMeetRow& r, std::string_view
   for (int v : {r.lo_hi, r.age, r.place, r.int_stroke, r.int_dist, r.sort_order}) q.bind(at++, v);
   for (int32_t v : {r.meet_id, r.athlete, r.convt}) q.bind(at++, v);
   q.exec();
+}
+
+void AddMeetRow(SQLite::Database& report_db, const RMeetRow& row, bool relay) {
+  MeetRowWriter(report_db, relay).Add(row);
 }
 
 bool AddSplitsToReport(AppState& state, int64_t result, int distance, char course, int mode) {

@@ -45,9 +45,18 @@ struct RMeetRow {
   int lo_hi = 0, age = 0, place = 0, int_stroke = 0, int_dist = 0, sort_order = 0;
   int32_t meet_id = 0, athlete = 0, convt = 0;
 };
-// Appends a row to `table` ("RMEETI" or "RMEETR"); texts are cut to their fields.
-void AddMeetRow(SQLite::Database& report_db, const RMeetRow& row,
-                std::string_view table = "RMEETI");
+// Appends rows to RMEETI (or RMEETR) through one prepared statement; texts are cut to
+// their fields.
+class MeetRowWriter {
+ public:
+  explicit MeetRowWriter(SQLite::Database& report_db, bool relay = false);
+  void Add(const RMeetRow& row);
+
+ private:
+  SQLite::Statement insert_;
+};
+// One row, for a caller that writes few.
+void AddMeetRow(SQLite::Database& report_db, const RMeetRow& row, bool relay = false);
 
 // Splits of `result` (SPLITS, by SplitIndex) into one RSPLITS row keyed by the result:
 // mode 2 the cumulative splits in F(i); mode 3 also the laps in SR(i). In a yard or short
