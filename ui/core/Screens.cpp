@@ -12,6 +12,7 @@
 #include "core/ErrorHandler.h"
 #include "core/MainWindow.h"
 #include "handheld/PalmScreens.h"
+#include "interchange/ExportScreens.h"
 #include "interchange/ImportScreen.h"
 #include "interchange/OnlineScreens.h"
 #include "meets/CommentsScreen.h"
@@ -245,6 +246,7 @@ void InstallScreens(MainWindow& window, AppState& state) {
   });
   InstallGraphScreens(window, state);
   InstallHandheldScreens(window, state);
+  InstallExportScreens(window, state);
 }
 
 }  // namespace kvlr
