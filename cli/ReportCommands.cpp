@@ -99,10 +99,9 @@ int Report(Context& c) {
 std::string Summary() {
   std::string text =
       "Print a report to a PDF file, filled and laid out as the program's report screens do. "
-      "Options: --athlete N, --meet N (0 or absent: all), --course Y|S|L, --sex M|F, "
-      "--since/--until YYYY-MM-DD, --type T (meet type), --splits 2|3, --standard NAME, "
-      "--file F, --title T, --paper letter|legal|a4 (default: Report Preferences), "
-      "--landscape.\n\nKinds:\n";
+      "--athlete and --meet absent or 0 take every swimmer and meet; dates are YYYY-MM-DD on "
+      "a meet's start; --type is a meet type; --splits 2 prints cumulative splits, 3 laps "
+      "too; --paper defaults to the one of Report Preferences.\n\nKinds:\n";
   const ReportCatalog catalog = BuiltInReports();
   for (const ReportKind& k : catalog.Kinds()) {
     text += fmt::format("  {:<18} {}\n", k.name, k.summary);
@@ -114,7 +113,9 @@ std::string Summary() {
 
 std::vector<Command> ReportCommands() {
   return {{"report",
-           "kvlr report KIND --db PATH [--athlete N] --pdf OUT [options]",
+           "kvlr report KIND --db PATH --pdf OUT [--athlete N] [--meet N] [--course Y|S|L] "
+           "[--sex M|F] [--since DATE] [--until DATE] [--type T] [--splits 2|3] "
+           "[--standard NAME] [--file F] [--title T] [--paper letter|legal|a4] [--landscape]",
            Summary(),
            {"--db", "--pdf", "--athlete", "--meet", "--course", "--sex", "--since", "--until",
             "--type", "--splits", "--standard", "--file", "--title", "--paper"},
