@@ -326,6 +326,7 @@ ExportOutcome ExportEntries(AppState& state, const EntryExportOptions& options) 
       }
       s.age = meet.age_up ? AgeAtDate(swimmer->birth, meet.age_up) : 0;
       if (s.age <= 0) s.age = swimmer->age;
+      if (s.age <= 0) s.age = AgeAtDate(swimmer->birth, meet.start);
       if (s.athlete != last) nv3.NV3AthDetailRecords(*swimmer);
       last = s.athlete;
       cl2.D0RecordEntry(*swimmer, s, meet);

@@ -96,6 +96,7 @@ void SdifWriter::D0(const ExportSwimmer& swimmer, const ExportSwim& swim, const 
   int age = swim.age;
   if (age <= 0 && meet.age_up) age = AgeAtDate(swimmer.birth, meet.age_up);
   if (age <= 0) age = swimmer.age;
+  if (age <= 0) age = AgeAtDate(swimmer.birth, meet.start);  // an Age never filled in
   if (age > 0) line.PutRight(64, fmt::format("{:02d}", age % 100), 2);
   line.Put(66, swimmer.sex, 1);
   line.Put(67, Trim(swim.event_sex).empty() ? swimmer.sex : swim.event_sex, 1);
