@@ -26,23 +26,18 @@
 #include "athletes/RecruitingScreen.h"
 #include "athletes/TeamScreen.h"
 #include "support/QtApp.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
 
-class AthleteScreens : public ::testing::Test {
+class AthleteScreens : public test::DbTest {
  protected:
-  void SetUp() override {
-    test::QtApp();
-    test::MakeOpenDatabase(t);
-  }
+  void SetUp() override { test::QtApp(); }
   int32_t Insert(const std::string& last, const std::string& first, const std::string& sex,
                  const std::string& birth = "") {
     return test::AddAthlete(*t.state.gDb, last, first, sex, birth);
   }
-  int Count(const std::string& sql) { return t.state.gDb->execAndGet(sql).getInt(); }
-  std::string LastShown() const { return t.io.shown.empty() ? "" : t.io.shown.back().text; }
   template <typename T>
   static T* Child(QObject* parent, const char* name) {
     T* child = parent->findChild<T*>(name);
@@ -53,7 +48,6 @@ class AthleteScreens : public ::testing::Test {
     edit->setText(text);
     emit edit->editingFinished();
   }
-  test::TempHome t;
 };
 
 TEST_F(AthleteScreens, ListModelShowsTheColumnsAndSorts) {

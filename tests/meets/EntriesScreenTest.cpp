@@ -19,18 +19,16 @@
 #include "meets/EntryTexts.h"
 #include "meets/EntryWriter.h"
 #include "meets/FavoritesScreen.h"
-#include "meets/ResultsFixture.h"
 #include "support/QtApp.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
 
-class EntriesScreen : public ::testing::Test {
+class EntriesScreen : public test::DbTest {
  protected:
   void SetUp() override {
     test::QtApp();
-    test::MakeOpenDatabase(t);
     Db().exec(
         "INSERT INTO MEET (Meet, MName, Start, End, AgeUp, Course, Type) VALUES "
         "(5, 'Harbor Winter Classic', '2026-12-05', '2026-12-06', '2026-12-31', 'Y', 'USS'), "
@@ -47,8 +45,6 @@ class EntriesScreen : public ::testing::Test {
         "RANK, COURSE) VALUES (5, 2, 'I', 3150, 'F', 0, 50, 1, 901, 1, 'Y')");
     t.io.shown.clear();
   }
-  SQLite::Database& Db() { return *t.state.gDb; }
-  test::TempHome t;
 };
 
 TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
@@ -70,7 +66,7 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
             "NT");
   ASSERT_TRUE(
       model.setData(model.index(0, EntryGridModel::kEntered), Qt::Checked, Qt::CheckStateRole));
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT Score FROM ENTRY WHERE Athlete = 2 AND Meet = 5"),
+  EXPECT_EQ(Count("SELECT Score FROM ENTRY WHERE Athlete = 2 AND Meet = 5"),
             3150);
   EXPECT_EQ(model.data(model.index(0, EntryGridModel::kCustomTime), Qt::DisplayRole).toString(),
             "31.50");
@@ -82,11 +78,11 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
   EXPECT_EQ(refused.count(), 1);
   EXPECT_TRUE(t.io.Saw("Invalid Entry"));
   ASSERT_TRUE(model.setData(model.index(0, EntryGridModel::kCustomTime), "30.99", Qt::EditRole));
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT Score FROM ENTRY WHERE Athlete = 2 AND Meet = 5"),
+  EXPECT_EQ(Count("SELECT Score FROM ENTRY WHERE Athlete = 2 AND Meet = 5"),
             3099);
   ASSERT_TRUE(
       model.setData(model.index(0, EntryGridModel::kEntered), Qt::Unchecked, Qt::CheckStateRole));
-  EXPECT_EQ(test::QueryNumber(Db(), "SELECT count(*) FROM ENTRY"), 0);
+  EXPECT_EQ(Count("SELECT count(*) FROM ENTRY"), 0);
   // The other swimmer: a girl sees the mixed event only.
   screen.SelectSwimmer(1);
   EXPECT_EQ(model.rowCount(), 1);
@@ -99,11 +95,12 @@ TEST_F(EntriesScreen, OpensOnTheFirstSwimmerAndTicksAndTimesGoToTheStore) {
   EXPECT_TRUE(t.io.Saw("You must have at least one event defined before you can do entries."));
 }
 
-class FavoritesScreen : public ::testing::Test {
+class FavoritesScreen : public test::DbTest {
  protected:
-  void SetUp() override { test::QtApp(); }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
+  void SetUp() override {
+    test::QtApp();
+    t.io.shown.clear();
+  }
 };
 
 TEST_F(FavoritesScreen, AddSetDefaultDeleteAndLeave) {

@@ -11,16 +11,15 @@
 
 #include "standards/GoalsScreen.h"
 #include "support/QtApp.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
 
-class GoalsScreen : public ::testing::Test {
+class GoalsScreen : public test::DbTest {
  protected:
   void SetUp() override {
     test::QtApp();
-    test::MakeOpenDatabase(t);
     t.state.gAthlete = 4;
     t.state.gAthleteSex = "F";
     t.state.gAthleteAge = 13;
@@ -36,7 +35,6 @@ class GoalsScreen : public ::testing::Test {
     q.exec();
     t.io.shown.clear();
   }
-  test::TempHome t;
   int32_t meet_ = 0;
 };
 
@@ -62,7 +60,7 @@ TEST_F(GoalsScreen, TypedGoalsAreStoredAndHandedToTheOtherScreens) {
   ASSERT_TRUE(model.setData(model.index(0, GoalGridModel::kTime), "59.80", Qt::EditRole));
   EXPECT_EQ(model.data(model.index(0, GoalGridModel::kTime), Qt::DisplayRole).toString(), "59.80");
   EXPECT_EQ(
-      test::QueryNumber(*t.state.gDb, "SELECT RANK FROM RESULT WHERE I_R = 'G' AND ATHLETE = 4"),
+      Count("SELECT RANK FROM RESULT WHERE I_R = 'G' AND ATHLETE = 4"),
       -1);
   EXPECT_TRUE(splits->isEnabled());
   screen.OpenSplits();

@@ -14,7 +14,7 @@
 #include "standards/StandardScreens.h"
 #include "standards/StandardTexts.h"
 #include "support/QtApp.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -22,20 +22,17 @@ namespace {
 using test::AddLine;
 using test::MakeStandard;
 
-class StandardScreens : public testing::Test {
+class StandardScreens : public test::DbTest {
  protected:
   StandardScreens() {
     test::QtApp();
-    test::MakeOpenDatabase(t);
-    MakeStandard(db(), "JO", {"AA", "A"});
-    MakeStandard(db(), "Zone", {"Z"});
-    AddLine(db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500, 5000}, {'Y', 1, 6000}});
-    AddLine(db(), "JO", "F", "R", 0, 10, 200, 5);
-    AddLine(db(), "JO", "F", "I", 13, 14, 50, 2);
+    MakeStandard(Db(), "JO", {"AA", "A"});
+    MakeStandard(Db(), "Zone", {"Z"});
+    AddLine(Db(), "JO", "M", "I", 11, 12, 100, 1, {{'Y', 0, 5500, 5000}, {'Y', 1, 6000}});
+    AddLine(Db(), "JO", "F", "R", 0, 10, 200, 5);
+    AddLine(Db(), "JO", "F", "I", 13, 14, 50, 2);
     t.state.gStandardName = "JO";
   }
-  SQLite::Database& db() { return *t.state.gDb; }
-  test::TempHome t;
 };
 
 TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourseFilteredAndSorted) {
@@ -63,12 +60,12 @@ TEST_F(StandardScreens, GridShowsTheCurrentStandardByCourseFilteredAndSorted) {
   const QModelIndex cell = model.index(1, 9);  // Faster A, boys 100 free
   EXPECT_TRUE(model.setData(cell, "1:02.5", Qt::EditRole));
   EXPECT_EQ(model.data(cell, Qt::DisplayRole).toString(), "1:02.50");
-  EXPECT_EQ(test::QueryNumber(db(), "SELECT \"S(25)\" FROM JO WHERE Sex = 'M'"), 6250);
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT \"S(25)\" FROM JO WHERE Sex = 'M'"), 6250);
   EXPECT_FALSE(model.setData(cell, "fast", Qt::EditRole));
   EXPECT_TRUE(t.io.Saw("Invalid Time"));
   EXPECT_FALSE(model.setData(model.index(1, 0), "F", Qt::EditRole));
   EXPECT_TRUE(model.setData(cell, "", Qt::EditRole));
-  EXPECT_EQ(test::QueryNumber(db(), "SELECT \"S(25)\" IS NULL FROM JO WHERE Sex = 'M'"), 1);
+  EXPECT_EQ(test::QueryNumber(Db(), "SELECT \"S(25)\" IS NULL FROM JO WHERE Sex = 'M'"), 1);
   // Filters and heading sorts.
   screen.findChild<QComboBox*>("cboSex")->setCurrentIndex(2);  // Females
   EXPECT_EQ(model.rowCount(), 2);
@@ -99,7 +96,7 @@ TEST_F(StandardScreens, DeletingALineAndTheWholeStandardAsk) {
   EXPECT_EQ(model.rowCount(), 2);
   screen.RemoveEntireStandard();
   EXPECT_TRUE(t.io.Saw("Are you sure you want to delete the [JO] Time Standard ?"));
-  EXPECT_FALSE(TableExists(db(), "JO"));
+  EXPECT_FALSE(TableExists(Db(), "JO"));
   auto* list = screen.findChild<QComboBox*>("cboStandards");
   ASSERT_EQ(list->count(), 1);
   EXPECT_EQ(list->currentData().toString(), "Zone");
@@ -130,7 +127,7 @@ TEST_F(StandardScreens, AddingALineFromTheFilteredGridFixesTheSex) {
   EXPECT_EQ(screen.Model().rowCount(), 2);
   StandardFilter filter;
   filter.lo_age = 19;
-  const auto lines = ReadStandardLines(db(), "JO", filter, kStartSort);
+  const auto lines = ReadStandardLines(Db(), "JO", filter, kStartSort);
   ASSERT_EQ(lines.size(), 1u);
   EXPECT_EQ(lines[0].i_r, "R");
   EXPECT_EQ(lines[0].distance, 200);
@@ -152,7 +149,7 @@ TEST_F(StandardScreens, ANewStandardIsListedAndShown) {
   EXPECT_EQ(list->count(), 3);
   EXPECT_EQ(list->currentData().toString(), "Sect");
   EXPECT_EQ(screen.Model().columnCount(), 12);
-  EXPECT_EQ(ReadStandardDefinition(db(), "Sect")->long_names[1], "Second");
+  EXPECT_EQ(ReadStandardDefinition(Db(), "Sect")->long_names[1], "Second");
 }
 
 TEST_F(StandardScreens, CsvImportRefusalIsTold) {
@@ -174,7 +171,7 @@ TEST_F(StandardScreens, CsvImportRefusalIsTold) {
 
 TEST_F(StandardScreens, MakeCurrentIsStoredShownAndJudgedAgainst) {
   auto option = [&] {
-    return db().execAndGet("SELECT ifnull(Standard, '') FROM OPTIONS").getString();
+    return Db().execAndGet("SELECT ifnull(Standard, '') FROM OPTIONS").getString();
   };
   t.state.gStandardName = "";
   frmStan screen(t.state);

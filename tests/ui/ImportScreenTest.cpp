@@ -27,7 +27,7 @@
 #include "store/ReportDatabase.h"
 #include "store/ZipArchive.h"
 #include "support/QtApp.h"
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr {
 namespace {
@@ -35,12 +35,7 @@ namespace {
 namespace fs = std::filesystem;
 using test::Child;
 using test::Shoot;
-using test::TempHome;
 using testing::SdifFile;
-
-QApplication& App() {
-  return test::QtApp();
-}
 
 QString Caption(frmImpCL& screen) {
   return Child<QPushButton>(screen, "cmdImport")->text();
@@ -61,24 +56,19 @@ struct Picker {
 };
 
 // A database with the swimmer Jane Doe current, and a made-up results file of her swims.
-class ImportScreenTest : public ::testing::Test {
+class ImportScreenTest : public test::DbTest {
  protected:
   ImportScreenTest() {
-    App();
-    test::MakeOpenDatabase(t_);
-    CheckReportTables(t_.state);
-    SQLite::Statement q(*t_.state.gDb,
-                        "INSERT INTO ATHLETE (Last, First, Sex, Pref) VALUES (?, ?, ?, ?)");
-    SQLite::bind(q, "Doe", "Jane", "F", "");
-    q.exec();
-    SetCurrentAthlete(t_.state, static_cast<int32_t>(t_.state.gDb->getLastInsertRowid()));
+    test::QtApp();
+    CheckReportTables(t.state);
+    SetCurrentAthlete(t.state, test::AddAthlete(Db(), "Doe", "Jane", "F"));
   }
   // The file as the opening checks leave it.
   ImportFile Prepared() {
     SdifFile made;
     made.Swim().Swim("event_number=14|distance=50|finals_time=29.10");
     ImportFile file;
-    file.path = t_.Data() / "autumn.cl2";
+    file.path = t.Data() / "autumn.cl2";
     file.extension = ".CL2";
     file.lines = made.Lines();
     file.panel = {.file_name = "autumn.cl2",
@@ -94,11 +84,10 @@ class ImportScreenTest : public ::testing::Test {
     file.status = " Import File Checked - Click OK to Import ";
     return file;
   }
-  TempHome t_;
 };
 
 TEST(ImportStatsModel, ShowsBothColumnsOfTheFiveRows) {
-  App();
+  test::QtApp();
   ImportStatsModel model;
   QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
   ASSERT_EQ(model.rowCount(), 5);
@@ -119,8 +108,8 @@ TEST(ImportStatsModel, ShowsBothColumnsOfTheFiveRows) {
 }
 
 TEST_F(ImportScreenTest, CaptionAndCriteriaFollowTheMode) {
-  t_.state.gUseLeadOff = true;
-  frmImpCL import(t_.state, ImportMode::kImport);
+  t.state.gUseLeadOff = true;
+  frmImpCL import(t.state, ImportMode::kImport);
   EXPECT_EQ(import.windowTitle(), "Import Results");
   EXPECT_EQ(Caption(import), "Import");
   EXPECT_FALSE(Child<QGroupBox>(import, "fraCriteria")->isHidden());
@@ -131,45 +120,45 @@ TEST_F(ImportScreenTest, CaptionAndCriteriaFollowTheMode) {
   const ImportCriteria criteria = import.Criteria();
   EXPECT_TRUE(criteria.overlay_results);
   EXPECT_FALSE(criteria.import_splits);
-  frmImpCL report(t_.state, ImportMode::kReport);
+  frmImpCL report(t.state, ImportMode::kReport);
   EXPECT_EQ(Caption(report), "Print");
   EXPECT_TRUE(Child<QGroupBox>(report, "fraCriteria")->isHidden());
 }
 
 TEST_F(ImportScreenTest, NothingChosenLeavesNothingToImport) {
-  frmImpCL screen(t_.state, ImportMode::kOnline);
+  frmImpCL screen(t.state, ImportMode::kOnline);
   Picker picker;
   screen.SetFilePicker(picker.Get());
   screen.show();
-  for (int i = 0; i < 5 && picker.asked.empty(); ++i) App().processEvents();
+  for (int i = 0; i < 5 && picker.asked.empty(); ++i) test::QtApp().processEvents();
   ASSERT_EQ(picker.asked.size(), 1u) << "the dialog opens with the screen";
   EXPECT_EQ(picker.asked[0].title, "Import Results");
   EXPECT_EQ(picker.asked[0].filter, "CSO Result files (KVLR_*.txt) (KVLR_*.txt KVLR_*.TXT)");
-  EXPECT_EQ(picker.asked[0].folder.toStdString(), t_.state.gDataDir.string());
-  EXPECT_TRUE(t_.io.shown.empty()) << "a cancelled dialog says nothing";
+  EXPECT_EQ(picker.asked[0].folder.toStdString(), t.state.gDataDir.string());
+  EXPECT_TRUE(t.io.shown.empty()) << "a cancelled dialog says nothing";
   Child<QPushButton>(screen, "cmdImport")->click();  // refused
-  ASSERT_EQ(t_.io.shown.size(), 1u);
-  EXPECT_EQ(t_.io.shown[0].text, "No valid import file selected.");
+  ASSERT_EQ(t.io.shown.size(), 1u);
+  EXPECT_EQ(t.io.shown[0].text, "No valid import file selected.");
   EXPECT_EQ(screen.Button(), frmImpCL::ButtonState::kRun);
   EXPECT_FALSE(screen.Outcome().has_value());
 }
 
 TEST_F(ImportScreenTest, AZipIsRefusedByNameOrUnpackedForASecondDialog) {
   {
-    frmImpCL screen(t_.state, ImportMode::kImport);
-    Picker picker{{QString::fromStdString((t_.Root() / "SWGSBK0301.ZIP").string())}};
+    frmImpCL screen(t.state, ImportMode::kImport);
+    Picker picker{{QString::fromStdString((t.Root() / "SWGSBK0301.ZIP").string())}};
     screen.SetFilePicker(picker.Get());
     EXPECT_FALSE(screen.ChooseImportFile());
     EXPECT_EQ(picker.asked.size(), 1u);
-    ASSERT_EQ(t_.io.shown.size(), 1u);
-    EXPECT_EQ(t_.io.shown[0].text, *ZipRefusal("SWGSBK0301.ZIP"));
+    ASSERT_EQ(t.io.shown.size(), 1u);
+    EXPECT_EQ(t.io.shown[0].text, *ZipRefusal("SWGSBK0301.ZIP"));
   }
   std::vector<ZipSource> members;
   for (const char* name : {"meet.cl2", "meet.nv3"}) {
-    WriteFileAtomically(t_.Root() / name, "made up\r\n");
-    members.push_back({name, t_.Root() / name});
+    WriteFileAtomically(t.Root() / name, "made up\r\n");
+    members.push_back({name, t.Root() / name});
   }
-  const fs::path zip = t_.Root() / "autumn.zip";
+  const fs::path zip = t.Root() / "autumn.zip";
   ZipArchive::Create(zip, members, "", 6);
   struct Case {
     ImportMode mode;
@@ -181,7 +170,7 @@ TEST_F(ImportScreenTest, AZipIsRefusedByNameOrUnpackedForASecondDialog) {
   for (const auto& c : cases) {
     fs::path folder;
     {
-      frmImpCL screen(t_.state, c.mode);
+      frmImpCL screen(t.state, c.mode);
       std::vector<ImportFileAsk> asked;
       // The zip, then the .nv3 of the list.
       screen.SetFilePicker([&](QWidget*, const ImportFileAsk& ask) {
@@ -191,19 +180,19 @@ TEST_F(ImportScreenTest, AZipIsRefusedByNameOrUnpackedForASecondDialog) {
       EXPECT_FALSE(screen.ChooseImportFile()) << "the made-up .nv3 is refused";
       ASSERT_EQ(asked.size(), 2u);
       folder = asked[1].folder.toStdString();
-      EXPECT_EQ(folder.parent_path(), t_.state.home.TempDir()) << "a run folder of its own";
+      EXPECT_EQ(folder.parent_path(), t.state.home.TempDir()) << "a run folder of its own";
       EXPECT_TRUE(fs::exists(folder / "meet.nv3")) << "kept while the screen is open";
       EXPECT_EQ(asked[1].selected_filter, c.selected);
       EXPECT_TRUE(asked[1].filter.split(";;").contains(c.selected));
     }
     EXPECT_FALSE(fs::exists(folder));
   }
-  EXPECT_TRUE(t_.io.Saw("double click on the file you wish to import."));
-  EXPECT_TRUE(t_.io.Saw("double click on the file you wish to report."));
+  EXPECT_TRUE(t.io.Saw("double click on the file you wish to import."));
+  EXPECT_TRUE(t.io.Saw("double click on the file you wish to report."));
 }
 
 TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
-  frmImpCL screen(t_.state, ImportMode::kImport);
+  frmImpCL screen(t.state, ImportMode::kImport);
   screen.ShowFile(Prepared());
   EXPECT_EQ(Child<QLabel>(screen, "lblMeetName")->text(), "Autumn Made-Up Invite");
   EXPECT_EQ(screen.Statistics().Counts().checked[2], 2);
@@ -218,26 +207,26 @@ TEST_F(ImportScreenTest, TheButtonImportsThenCloses) {
   EXPECT_EQ(Caption(screen), "Close");
   EXPECT_FALSE(Child<QGroupBox>(screen, "fraCriteria")->isEnabled());
   EXPECT_TRUE(Child<QProgressBar>(screen, "prgImport")->isHidden());
-  EXPECT_FALSE(t_.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
+  EXPECT_FALSE(t.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
   Child<QPushButton>(screen, "cmdImport")->click();
   EXPECT_EQ(screen.result(), QDialog::Accepted);
   // The same swims again: nothing is overlaid and the exception report is offered.
-  frmImpCL again(t_.state, ImportMode::kImport);
+  frmImpCL again(t.state, ImportMode::kImport);
   again.ShowFile(Prepared());
-  t_.io.Script({Answer::kNo});
+  t.io.Script({Answer::kNo});
   Child<QPushButton>(again, "cmdImport")->click();
   ASSERT_TRUE(again.Outcome().has_value());
   EXPECT_TRUE(again.Outcome()->not_all_imported);
-  EXPECT_TRUE(t_.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
+  EXPECT_TRUE(t.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
 }
 
 TEST_F(ImportScreenTest, AChosenFileIsCheckedIntoThePanelAndImported) {
   SdifFile made;
   made.Swim().Swim("event_number=14|distance=50|finals_time=29.10");
   made.Relay();
-  const fs::path file = t_.Data() / "autumn.cl2";
+  const fs::path file = t.Data() / "autumn.cl2";
   WriteFileAtomically(file, made.Text());
-  frmImpCL screen(t_.state, ImportMode::kImport);
+  frmImpCL screen(t.state, ImportMode::kImport);
   Picker picker{{QString::fromStdString(file.string())}};
   screen.SetFilePicker(picker.Get());
   ASSERT_TRUE(screen.ChooseImportFile());
@@ -254,7 +243,7 @@ TEST_F(ImportScreenTest, AChosenFileIsCheckedIntoThePanelAndImported) {
   EXPECT_TRUE(screen.Outcome()->ok);
   EXPECT_EQ(screen.Statistics().Counts().processed[2], 2);
   Shoot(screen, "frmImpCL-imported");
-  frmImpCL report(t_.state, ImportMode::kReport);
+  frmImpCL report(t.state, ImportMode::kReport);
   ASSERT_TRUE(report.LoadFile(file));
   EXPECT_EQ(Caption(report), "Print");
   EXPECT_TRUE(Child<QLabel>(report, "lblStatus")->text().contains("Format Report"));
@@ -262,21 +251,21 @@ TEST_F(ImportScreenTest, AChosenFileIsCheckedIntoThePanelAndImported) {
 }
 
 TEST_F(ImportScreenTest, DuringARunTheButtonAsksToStop) {
-  frmImpCL screen(t_.state, ImportMode::kImport);
+  frmImpCL screen(t.state, ImportMode::kImport);
   screen.ShowFile(Prepared());
   screen.show();
   QString during;
   // Fires while the run serves events between lines.
   QTimer::singleShot(0, &screen, [&] {
     during = Caption(screen);
-    t_.io.Script({Answer::kNo, Answer::kYes});
+    t.io.Script({Answer::kNo, Answer::kYes});
     Child<QPushButton>(screen, "cmdImport")->click();  // no: goes on
     screen.reject();                                   // closing asks too: yes
   });
   Child<QPushButton>(screen, "cmdImport")->click();
   EXPECT_EQ(during, "Cancel");
   int asked = 0;
-  for (const auto& s : t_.io.shown) asked += s.text == "Do you want to stop importing this file?";
+  for (const auto& s : t.io.shown) asked += s.text == "Do you want to stop importing this file?";
   EXPECT_EQ(asked, 2);
   ASSERT_TRUE(screen.Outcome().has_value());
   EXPECT_TRUE(screen.Outcome()->cancelled);
@@ -286,31 +275,31 @@ TEST_F(ImportScreenTest, DuringARunTheButtonAsksToStop) {
 
 TEST_F(ImportScreenTest, AllFamilyTakesEverySwimmerOfTheFamilyAsTheToolDoes) {
   // A second swimmer, added while the program runs; the older one stays current.
-  SQLite::Statement add(*t_.state.gDb,
+  SQLite::Statement add(*t.state.gDb,
                         "INSERT INTO ATHLETE (Last, First, Sex, Pref) VALUES (?, ?, ?, ?)");
   SQLite::bind(add, "Doe", "Tom", "M", "");
   add.exec();
   SdifFile made;
   made.Swim().Swim("swimmer_name=DOE, TOM|sex=M|event_sex=M|event_number=13");
-  const fs::path file = t_.Data() / "family.cl2";
+  const fs::path file = t.Data() / "family.cl2";
   WriteFileAtomically(file, made.Text());
-  frmImpCL screen(t_.state, ImportMode::kImport);
+  frmImpCL screen(t.state, ImportMode::kImport);
   ASSERT_TRUE(screen.LoadFile(file));
   auto* all = Child<QCheckBox>(screen, "chkImportAll");
   ASSERT_TRUE(all->isEnabled()) << "the second swimmer counts at once";
   all->setChecked(true);
   Child<QPushButton>(screen, "cmdImport")->click();
   ASSERT_TRUE(screen.Outcome().has_value());
-  EXPECT_EQ(test::QueryNumber(*t_.state.gDb, "SELECT COUNT(DISTINCT Athlete) FROM RESULT"), 2);
+  EXPECT_EQ(test::QueryNumber(*t.state.gDb, "SELECT COUNT(DISTINCT Athlete) FROM RESULT"), 2);
   Shoot(screen, "frmImpCL-family");
   // The same file again: every line is refused, and the screen says so.
-  frmImpCL again(t_.state, ImportMode::kImport);
+  frmImpCL again(t.state, ImportMode::kImport);
   ASSERT_TRUE(again.LoadFile(file));
   Child<QCheckBox>(again, "chkImportAll")->setChecked(true);
-  t_.io.shown.clear();
-  t_.io.Script({Answer::kNo});
+  t.io.shown.clear();
+  t.io.Script({Answer::kNo});
   Child<QPushButton>(again, "cmdImport")->click();
-  EXPECT_TRUE(t_.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
+  EXPECT_TRUE(t.io.Saw("Not all data was imported.  Do you want to view the exception report?"));
 }
 
 }  // namespace

@@ -26,10 +26,6 @@ using test::Child;
 using test::Shoot;
 using test::TempHome;
 
-QApplication& App() {
-  return test::QtApp();
-}
-
 // A file dialog that answers `file` and remembers what it was asked.
 struct FakePicker {
   QString file;
@@ -43,7 +39,7 @@ struct FakePicker {
 };
 
 TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
-  App();
+  test::QtApp();
   TempHome t;
   test::MakeOpenDatabase(t);
   frmImpEv screen(t.state);
@@ -90,7 +86,7 @@ TEST(frmImpEv, ChoosesANameAndImportsTheChosenEventFile) {
 }
 
 TEST(frmUnZip, UnzipsEveryFileIntoANewFolderInTheImportFolder) {
-  App();
+  test::QtApp();
   TempHome t;
   frmUnZip screen(t.state);
   EXPECT_EQ(screen.windowTitle(), "UnZIP File");
@@ -116,7 +112,7 @@ TEST(frmUnZip, UnzipsEveryFileIntoANewFolderInTheImportFolder) {
 }
 
 TEST(frmCSOInfo, OnePanelOfNumberedConditionsAndOneButton) {
-  App();
+  test::QtApp();
   frmCSOInfo screen;
   const QString html = Child<QTextBrowser>(screen, "txtInfo")->toHtml();
   EXPECT_TRUE(Child<QTextBrowser>(screen, "txtInfo")->isReadOnly());
