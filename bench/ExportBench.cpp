@@ -24,16 +24,21 @@ struct Career {
     SQLite::Database& d = *db.state.gDb;
     std::filesystem::create_directories(out);
     SQLite::Transaction t(d);
-    d.exec("INSERT INTO ATHLETE (Athlete, Last, First, Sex, Birth) VALUES "
-           "(1, 'Doe', 'Jane', 'F', '2010-04-05')");
+    d.exec(
+        "INSERT INTO ATHLETE (Athlete, Last, First, Sex, Birth) VALUES "
+        "(1, 'Doe', 'Jane', 'F', '2010-04-05')");
     d.exec("INSERT INTO TEAM (TCode, TName, LSC) VALUES ('MUSTA', 'Made Up Swim Team', 'ZZ')");
-    SQLite::Statement meet(d, "INSERT INTO MEET (Meet, MName, Start, End, Course) "
-                              "VALUES (?, ?, ?, ?, ?)");
-    SQLite::Statement event(d, "INSERT INTO MTEVENT (MtEvent, Meet, MtEv, MtEvX, Lo_Hi, Course, "
-                               "Distance, Stroke, Sex, I_R) VALUES (?, ?, ?, '', 1314, ?, ?, ?, 'F', 'I')");
-    SQLite::Statement result(d, "INSERT INTO RESULT (RESULT, MEET, ATHLETE, I_R, SCORE, F_P, NT, "
-                                "AGE, DISTANCE, STROKE, MTEVENT, PLACE, COURSE) "
-                                "VALUES (?, ?, 1, 'I', ?, ?, 0, 13, ?, ?, ?, ?, ?)");
+    SQLite::Statement meet(d,
+                           "INSERT INTO MEET (Meet, MName, Start, End, Course) "
+                           "VALUES (?, ?, ?, ?, ?)");
+    SQLite::Statement event(
+        d,
+        "INSERT INTO MTEVENT (MtEvent, Meet, MtEv, MtEvX, Lo_Hi, Course, "
+        "Distance, Stroke, Sex, I_R) VALUES (?, ?, ?, '', 1314, ?, ?, ?, 'F', 'I')");
+    SQLite::Statement result(d,
+                             "INSERT INTO RESULT (RESULT, MEET, ATHLETE, I_R, SCORE, F_P, NT, "
+                             "AGE, DISTANCE, STROKE, MTEVENT, PLACE, COURSE) "
+                             "VALUES (?, ?, 1, 'I', ?, ?, 0, 13, ?, ?, ?, ?, ?)");
     SQLite::Statement split(d, "INSERT INTO SPLITS (SplitID, SplitIndex, Split) VALUES (?, ?, ?)");
     const char* courses[] = {"Y", "S", "L"};
     int key = 0;
@@ -49,8 +54,8 @@ struct Career {
         SQLite::bind(event, key, m, e, course, distance, stroke);
         event.exec();
         event.reset();
-        SQLite::bind(result, key, m, 14000 + (key * 37) % 3000, e % 2 ? "F" : "P", distance,
-                     stroke, key, e % 8 + 1, course);
+        SQLite::bind(result, key, m, 14000 + (key * 37) % 3000, e % 2 ? "F" : "P", distance, stroke,
+                     key, e % 8 + 1, course);
         result.exec();
         result.reset();
         for (int s = 1; s <= 8; ++s) {

@@ -12,8 +12,8 @@ namespace {
 
 int32_t NumberOption(const Context& c, const std::string& option) {
   const std::string text = c.args.Value(option);
-  if (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != std::string::npos ||
-      std::stoi(text) == 0) {
+  if (text.empty() || text.size() > 9 ||
+      text.find_first_not_of("0123456789") != std::string::npos || std::stoi(text) == 0) {
     throw UsageError(option + " expects a number, not \"" + text + "\"");
   }
   return std::stoi(text);

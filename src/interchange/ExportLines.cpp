@@ -78,11 +78,16 @@ std::string LoHiToSDIF(int lo_hi) {
 
 std::string NV3NTLetter(int nt) {
   switch (nt) {
-    case 1: return "S";
-    case 2: return "R";
-    case 3: return "D";
-    case 5: return "Q";
-    default: return "";
+    case 1:
+      return "S";
+    case 2:
+      return "R";
+    case 3:
+      return "D";
+    case 5:
+      return "Q";
+    default:
+      return "";
   }
 }
 

@@ -23,8 +23,8 @@
 #include "interchange/Scramble.h"
 #include "interchange/SdifWriter.h"
 #include "meets/BestTimes.h"
-#include "store/ZipArchive.h"
 #include "standards/Conversion.h"
+#include "store/ZipArchive.h"
 
 namespace kvlr {
 namespace {
@@ -179,8 +179,8 @@ std::vector<fs::path> ExportFolders(AppState& state) {
     std::error_code ec;
     if (fs::is_directory(p, ec)) out.push_back(p);
   };
-  for (DirectoryKind kind : {DirectoryKind::kExport, DirectoryKind::kImport,
-                             DirectoryKind::kBackup, DirectoryKind::kReport}) {
+  for (DirectoryKind kind : {DirectoryKind::kExport, DirectoryKind::kImport, DirectoryKind::kBackup,
+                             DirectoryKind::kReport}) {
     add(state.gDb ? GetDirectories(state, kind) : state.gDataDir);
   }
   add(state.gDataDir);
@@ -247,7 +247,8 @@ std::string OnlineLine(const std::string& nv3_line, std::size_t n) {
   std::string plain = nv3_line;
   for (std::size_t i = 0; i < 120 && i < plain.size(); ++i) {
     const char c = plain[i];
-    if (!((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'))) plain[i] = ' ';
+    if (!((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')))
+      plain[i] = ' ';
   }
   plain = Nv3LineCheckSum(plain.substr(0, kNv3SumColumns));
   plain.resize(kNv3LineLength);
@@ -494,8 +495,9 @@ ExportOutcome ExportResults(AppState& state, const ResultExportOptions& options)
     WriteFile(files[2], online);
     const auto zip = Deliver(state, options.folder, kResultsZipPrefix, files);
     if (!zip) return out;
-    state.io->Message(std::to_string(swims.size()) + std::string(kResultsExportedTo) + zip->string(),
-                      box::kInformation, "");
+    state.io->Message(
+        std::to_string(swims.size()) + std::string(kResultsExportedTo) + zip->string(),
+        box::kInformation, "");
     out = {true, *zip, static_cast<int>(swims.size())};
   } catch (const std::exception& e) {
     ReportError(state, "frmExpRes.ExportResults", e);

@@ -56,8 +56,10 @@ void Nv3Writer::NV3A1Record(std::string_view code, std::string_view name) {
   FixedLine line = Record("A1");
   line.Put(3, code, 2).Put(5, code == "02" ? "Meet Entries" : "Exported Results", 25);
   line.Put(30, "Norvan, Ltd", 15).Put(45, "2.1DaKVL-R  ", 14);
-  line.Put(59, fmt::format("{} {:02d}:{:02d}:{:02d}", FileDateText(now_.date), now_.hour,
-                           now_.minute, now_.second), 17);
+  line.Put(59,
+           fmt::format("{} {:02d}:{:02d}:{:02d}", FileDateText(now_.date), now_.hour, now_.minute,
+                       now_.second),
+           17);
   line.Put(76, name, 45);
   Write(line);
 }
@@ -65,7 +67,8 @@ void Nv3Writer::NV3A1Record(std::string_view code, std::string_view name) {
 void Nv3Writer::NV3B1Record(const ExportMeet& meet) {
   FixedLine line = Record("B1");
   line.Put(3, meet.name, 45).Put(48, meet.location, 45);
-  line.Put(93, FileDateText(meet.start), 8).Put(101, FileDateText(meet.end ? meet.end : meet.start), 8);
+  line.Put(93, FileDateText(meet.start), 8)
+      .Put(101, FileDateText(meet.end ? meet.end : meet.start), 8);
   line.Put(109, FileDateText(meet.age_up), 8);
   Write(line);
 }
@@ -148,8 +151,8 @@ void Nv3Writer::NV3AthDetailRecords(const ExportSwimmer& s) {
   }
   if (AnyValue(s, {"MedCondition"})) Write(Record("D8").Put(3, v("MedCondition"), 120));
   if (AnyValue(s, {"Medication"})) Write(Record("D9").Put(3, v("Medication"), 120));
-  static constexpr std::string_view kParents[] = {"PrimaryLast",   "PrimaryFirst1",
-                                                  "PrimaryFirst2", "SecondaryLast",
+  static constexpr std::string_view kParents[] = {"PrimaryLast",     "PrimaryFirst1",
+                                                  "PrimaryFirst2",   "SecondaryLast",
                                                   "SecondaryFirst1", "SecondaryFirst2"};
   if (AnyValue(s, {kParents[0], kParents[1], kParents[2], kParents[3], kParents[4], kParents[5]})) {
     FixedLine db = Record("DB");

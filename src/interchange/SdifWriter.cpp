@@ -43,7 +43,7 @@ std::string SdifSwimmerName(const ExportSwimmer& swimmer) {
   return name;
 }
 
-void SdifWriter::Write(std::string_view, const FixedLine& line) {
+void SdifWriter::Write(const FixedLine& line) {
   text_ += CL2LineCheckSum(line.Text());
   ++records_;
 }
@@ -54,7 +54,7 @@ void SdifWriter::A0Record(std::string_view file_code, std::string_view descripti
   line.Put(12, file_code, 2).Put(14, description, 30).Put(44, kMaker, 20);
   line.PutRight(64, "      2.1Da", 10).Put(74, kMaker, 20).Put(94, kMakerPhone, 12);
   line.Put(106, FileDateText(today_), 8).Put(150, "PL", 2).Put(152, content_code, 2);
-  Write("A0", line);
+  Write(line);
 }
 
 void SdifWriter::B0Record(const ExportMeet& meet) {
@@ -63,7 +63,7 @@ void SdifWriter::B0Record(const ExportMeet& meet) {
   line.Put(121, Letter(meet.type), 1);
   line.Put(122, FileDateText(meet.start), 8).Put(130, FileDateText(meet.end), 8);
   line.Put(150, Letter(meet.course), 1);
-  Write("B1", line);
+  Write(line);
   ++b1_;
   meets_.insert(meet.meet);
 }
@@ -72,7 +72,7 @@ void SdifWriter::B0RecordBestTimes(char course, std::string_view name) {
   FixedLine line = Record("B11");
   line.Put(12, name, 30).Put(122, FileDateText(today_), 8).Put(130, FileDateText(today_), 8);
   line.Put(150, std::string(1, course), 1);
-  Write("B1", line);
+  Write(line);
   ++b1_;
   meets_.insert(0);
 }
@@ -83,7 +83,7 @@ void SdifWriter::C1Record(const ExportTeam& team) {
   line.Put(14, code, 4).Put(150, code.size() > 4 ? code.substr(4, 1) : "", 1);
   line.Put(18, team.name, 30).Put(48, code, 16);
   if (!Trim(team.lsc).empty()) line.Put(4, Trim(team.lsc), 2).Put(12, Trim(team.lsc), 2);
-  Write("C1", line);
+  Write(line);
   ++c1_;
   teams_.insert(code);
 }
@@ -121,10 +121,11 @@ void SdifWriter::D0(const ExportSwimmer& swimmer, const ExportSwim& swim, const 
       line.PutRight(116, time, 8).Put(124, course, 1);
     }
     if (swim.place > 0) line.PutRight(swim.f_p == "P" ? 133 : 136, std::to_string(swim.place), 3);
-    if (Diving(swim.stroke)) line.PutRight(126, fmt::format("{:02d}", std::abs(swim.score) % 100), 2);
+    if (Diving(swim.stroke))
+      line.PutRight(126, fmt::format("{:02d}", std::abs(swim.score) % 100), 2);
   }
   if (Trim(swim.ex) == "X") line.Put(156, "X", 1);
-  Write("D0", line);
+  Write(line);
   ++d0_;
   swimmers_.insert(swimmer.athlete);
 }
@@ -145,7 +146,7 @@ void SdifWriter::D3Record(const ExportSwimmer& swimmer) {
   // Only the first of several addresses.
   const std::string email = swimmer.Info("EMail");
   line.Put(58, Trim(email.substr(0, email.find_first_of(";, "))), 36);
-  Write("D3", line);
+  Write(line);
 }
 
 void SdifWriter::G0Record(const ExportSwimmer& swimmer, const ExportSwim& swim) {
@@ -163,7 +164,7 @@ void SdifWriter::G0Record(const ExportSwimmer& swimmer, const ExportSwim& swim) 
                     Trim(FormatTime(swim.splits[k].second, false)), 8);
     }
     line.Put(144, swim.f_p.empty() ? "F" : swim.f_p, 1);
-    Write("G0", line);
+    Write(line);
     ++g0_;
   }
 }
@@ -176,7 +177,7 @@ void SdifWriter::Z0Record(std::string_view file_code) {
   line.PutRight(50, std::to_string(c1_), 4).PutRight(54, std::to_string(teams_.size()), 4);
   line.PutRight(58, std::to_string(d0_), 6).PutRight(64, std::to_string(swimmers_.size()), 6);
   line.PutRight(70, "0", 5).PutRight(75, "0", 6).PutRight(81, std::to_string(g0_), 6);
-  Write("Z0", line);
+  Write(line);
 }
 
 }  // namespace kvlr

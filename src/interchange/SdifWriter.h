@@ -39,9 +39,8 @@ class SdifWriter {
   int Records() const { return records_; }
 
  private:
-  void Write(std::string_view code, const class FixedLine& line);
-  void D0(const ExportSwimmer& swimmer, const ExportSwim& swim, const ExportMeet& meet,
-          bool entry);
+  void Write(const class FixedLine& line);
+  void D0(const ExportSwimmer& swimmer, const ExportSwim& swim, const ExportMeet& meet, bool entry);
 
   Date today_;
   std::string text_;

@@ -2,8 +2,8 @@
 // empty database of the same family; lines checked with the fixtures' own arithmetic.
 
 #include <SQLiteCpp/Statement.h>
-#include <fmt/format.h>
 #include <SQLiteCpp/VariadicBind.h>
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "FileMaker.h"
@@ -59,10 +59,12 @@ class ExportTest : public ::testing::Test {
     Exec(db,
          "INSERT INTO MEET (Meet, MName, Start, End, Course, Location, Type) VALUES "
          "(1, 'Autumn Made-Up Invite', '2026-11-01', '2026-11-02', 'Y', 'Springfield, ZZ', 'AG')");
-    Exec(db,
-         "INSERT INTO MTEVENT (Meet, MtEv, MtEvX, Lo_Hi, Course, MtEvent, Distance, Stroke, Sex, "
-         "I_R) VALUES (1, 3, '', 1112, 'Y', 1, 100, 1, 'F', 'I'), (1, 5, 'A', 1112, 'Y', 2, 300, 1, "
-         "'F', 'I'), (1, 8, '', 99, 'Y', 3, 50, 2, 'X', 'I'), (1, 9, '', 10, 'Y', 4, 50, 1, 'M', 'I')");
+    Exec(
+        db,
+        "INSERT INTO MTEVENT (Meet, MtEv, MtEvX, Lo_Hi, Course, MtEvent, Distance, Stroke, Sex, "
+        "I_R) VALUES (1, 3, '', 1112, 'Y', 1, 100, 1, 'F', 'I'), (1, 5, 'A', 1112, 'Y', 2, 300, 1, "
+        "'F', 'I'), (1, 8, '', 99, 'Y', 3, 50, 2, 'X', 'I'), (1, 9, '', 10, 'Y', 4, 50, 1, 'M', "
+        "'I')");
     // Jane: prelim and final of the 100 (2 splits), a 300 with 12 splits, a DQ, an
     // exhibition; Tom: one swim.
     Exec(db,
@@ -125,8 +127,7 @@ TEST_F(ExportTest, CommlinkAndNv3ComeBackTheSame) {
   EXPECT_EQ(out.count, 5);
   EXPECT_EQ(out.zip, out_ / "KVL-RRes01.zip");
   EXPECT_TRUE(a_.io.Saw("5 Individual Results exported to "));
-  const std::string want = QueryRows(*a_.state.gDb, kResults) +
-                           QueryRows(*a_.state.gDb, kSplits) +
+  const std::string want = QueryRows(*a_.state.gDb, kResults) + QueryRows(*a_.state.gDb, kSplits) +
                            QueryRows(*a_.state.gDb, "SELECT MName, Start, End, Course FROM MEET");
   ASSERT_NE(want.find("Jane|300|F|12|19212"), std::string::npos);
   const fs::path cl2 = Member(out.zip, "CFILE01.CL2");
@@ -187,8 +188,9 @@ TEST_F(ExportTest, RefusalsLeaveNothingInTheFolder) {
   }
   a_.io.Script({Answer::kNo, Answer::kYes});
   EXPECT_FALSE(Export().ok);
-  EXPECT_TRUE(a_.io.Saw("All 99 KVL-RRes... file names have been used.\r\nDo you wish to "
-                        "overwrite the first one, "));
+  EXPECT_TRUE(
+      a_.io.Saw("All 99 KVL-RRes... file names have been used.\r\nDo you wish to "
+                "overwrite the first one, "));
   EXPECT_FALSE(Export().ok);
   EXPECT_TRUE(a_.io.Saw("KVL-RRes01.zip is not a zip file and is left as it is."));
   EXPECT_EQ(ReadWholeFile(out_ / "KVL-RRes01.zip"), "text");
@@ -245,8 +247,8 @@ TEST(ExportRecords, EdgeCases) {
       {"NT 4: no letter, 0.00", n[3], 4, 10, "    0.00Y "},
   };
   for (const Case& k : cases) EXPECT_EQ(k.line.substr(k.column - 1, k.width), k.want) << k.what;
-  const std::pair<int, const char*> ranges[] = {{99, "UNOV"}, {1011, "1011"}, {1099, "10OV"},
-                                                {11, "UN11"}};
+  const std::pair<int, const char*> ranges[] = {
+      {99, "UNOV"}, {1011, "1011"}, {1099, "10OV"}, {11, "UN11"}};
   for (const auto& [lo_hi, text] : ranges) EXPECT_EQ(LoHiToSDIF(lo_hi), text);
   EXPECT_EQ(NV3NTLetter(1) + NV3NTLetter(2) + NV3NTLetter(3) + NV3NTLetter(4) + NV3NTLetter(5),
             "SRDQ");

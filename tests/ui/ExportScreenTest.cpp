@@ -19,10 +19,12 @@ TEST(ExportScreens, FieldsBecomeTheRunsOptionsAndProofChangesTheCaption) {
   SQLite::Database& db = *t.state.gDb;
   test::AddAthlete(db, "Doe", "Jane");
   t.state.gAthlete = 1;
-  db.exec("INSERT INTO MEET (Meet, MName, Start, Course) VALUES (4, 'Older', '2026-01-10', 'Y'), "
-          "(9, 'Newer', '2026-10-10', 'L')");
-  db.exec("INSERT INTO RESULT (RESULT, MEET, ATHLETE, I_R, SCORE, F_P) VALUES "
-          "(1, 4, 1, 'I', 3000, 'F'), (2, 9, 1, 'I', 3100, 'F')");
+  db.exec(
+      "INSERT INTO MEET (Meet, MName, Start, Course) VALUES (4, 'Older', '2026-01-10', 'Y'), "
+      "(9, 'Newer', '2026-10-10', 'L')");
+  db.exec(
+      "INSERT INTO RESULT (RESULT, MEET, ATHLETE, I_R, SCORE, F_P) VALUES "
+      "(1, 4, 1, 'I', 3000, 'F'), (2, 9, 1, 'I', 3100, 'F')");
   frmExpRes screen(t.state, ResultExportKind::kBestTimes);
   test::Child<QComboBox>(screen, "cboCourse")->setCurrentIndex(2);
   test::Child<QComboBox>(screen, "cboMeet")->setCurrentIndex(2);

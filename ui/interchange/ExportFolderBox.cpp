@@ -24,8 +24,8 @@ ExportFolderBox::ExportFolderBox(AppState& state, QWidget* parent) : QWidget(par
   row->addWidget(folders_, 1);
   row->addWidget(browse);
   connect(browse, &QPushButton::clicked, this, [this] {
-    const QString chosen =
-        QFileDialog::getExistingDirectory(this, tr("Export to Directory:"), folders_->currentText());
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Export to Directory:"),
+                                                             folders_->currentText());
     if (!chosen.isEmpty()) SetFolder(chosen.toStdString());
   });
 }
