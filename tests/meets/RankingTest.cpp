@@ -13,12 +13,9 @@ namespace {
 using test::Ranks;
 using test::ResultRow;
 
-class Ranking : public ::testing::Test {
+class Ranking : public test::QuietDbTest {
  protected:
-  SQLite::Database& Db() { return *t.state.gDb; }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
-  test::ResultTable results{*t.state.gDb};
+  test::ResultTable results{Db()};
 };
 
 // A swim of swimmer 1, 100 of stroke 1.

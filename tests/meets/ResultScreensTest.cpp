@@ -25,7 +25,7 @@ namespace {
 using Tester = QAbstractItemModelTester;
 constexpr auto kFatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
 
-class ResultScreens : public ::testing::Test {
+class ResultScreens : public test::QuietDbTest {
  protected:
   void SetUp() override {
     test::QtApp();
@@ -37,9 +37,7 @@ class ResultScreens : public ::testing::Test {
     t.state.gAthleteName = "Robin Lane";
     t.state.gUseLeadOff = true;
   }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
-  test::Season season{*t.state.gDb};
+  test::Season season{Db()};
   int32_t back = 0, relay = 0;
 };
 

@@ -36,7 +36,7 @@ TEST(ResultAgeRule, BirthThenStoredAgeThenZero) {
   }
 }
 
-class ResultsByName : public ::testing::Test {
+class ResultsByName : public test::QuietDbTest {
  protected:
   void SetUp() override {
     season.Athlete(1, "Lane", "F", "2014-06-15", 12);
@@ -50,9 +50,7 @@ class ResultsByName : public ::testing::Test {
     t.state.gCurrentMeet = 7;
     events = IndividualEvents(*t.state.gDb, 7, "F");
   }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
-  test::Season season{*t.state.gDb};
+  test::Season season{Db()};
   int32_t back = 0;
   std::vector<ResNaEvent> events;
 };
@@ -84,7 +82,7 @@ TEST(RelayLegValues, LegDistanceStrokeAndTyping) {
   for (const char* bad : {"29.5a", "29 50"}) EXPECT_FALSE(TimeCharactersValid(bad)) << bad;
 }
 
-class RelayLegs : public ::testing::Test {
+class RelayLegs : public test::QuietDbTest {
  protected:
   void SetUp() override {
     season.Athlete(1, "Lane", "F");
@@ -113,9 +111,7 @@ class RelayLegs : public ::testing::Test {
     while (q.executeStep()) rows += q.getColumn(0).getString() + ";";
     return rows;
   }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
-  test::Season season{*t.state.gDb};
+  test::Season season{Db()};
   int32_t free_relay = 0;
 };
 
@@ -287,7 +283,7 @@ TEST(SplitEdits, LapsAndSplitsRows) {
   EXPECT_EQ(one_length.At(1), 1490);
 }
 
-class SplitStore : public ::testing::Test {
+class SplitStore : public test::QuietDbTest {
  protected:
   void SetUp() override {
     season.Athlete(1, "Lane", "F");
@@ -314,9 +310,7 @@ class SplitStore : public ::testing::Test {
     sheet.Load(*t.state.gDb, id);
     return {sheet.At(1), sheet.At(2), sheet.At(3), sheet.At(4)};
   }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
-  test::Season season{*t.state.gDb};
+  test::Season season{Db()};
   int64_t id = 0;
 };
 

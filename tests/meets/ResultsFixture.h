@@ -12,7 +12,7 @@
 #include <SQLiteCpp/Transaction.h>
 #include <SQLiteCpp/VariadicBind.h>
 
-#include "support/TempHome.h"
+#include "support/DbTest.h"
 
 namespace kvlr::test {
 
@@ -52,6 +52,15 @@ inline void AddEntryRow(SQLite::Database& db, int32_t meet, int32_t mt_event,
 struct OpenedDatabase {
   explicit OpenedDatabase(TempHome& t) {
     MakeOpenDatabase(t);
+    t.io.shown.clear();
+    t.io.progress.clear();
+  }
+};
+
+// A new open database whose opening words are forgotten.
+class QuietDbTest : public DbTest {
+ protected:
+  QuietDbTest() {
     t.io.shown.clear();
     t.io.progress.clear();
   }

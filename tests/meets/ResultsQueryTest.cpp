@@ -15,7 +15,7 @@ namespace {
 using Ids = std::vector<int64_t>;
 
 // Swimmer 1's season: three meets, individual swims, relay legs, a goal, a dive, a DQ.
-class ResultsQuery : public ::testing::Test {
+class ResultsQuery : public test::QuietDbTest {
  protected:
   void SetUp() override {
     Db().exec("DELETE FROM RESULT; DELETE FROM MEET; DELETE FROM MTEVENT; DELETE FROM ATHLETE");
@@ -53,7 +53,6 @@ class ResultsQuery : public ::testing::Test {
     other.event = s.Event(1, 99, 100, 1);
     s.Result(other);
   }
-  SQLite::Database& Db() { return *t.state.gDb; }
   std::vector<ResultRecord> Run(const ResultFilter& f, bool lead_off = false) {
     return RunResults(Db(), PlanResults(f, lead_off, today, kNullDate));
   }
@@ -68,9 +67,7 @@ class ResultsQuery : public ::testing::Test {
     return ids;
   }
   static ResultFilter Swimmer1() { return {.athlete = 1}; }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
-  test::Season s{*t.state.gDb};
+  test::Season s{Db()};
   Date today{2026, 11, 22};
   int event_no_ = 0;
   int64_t r1 = 0, r2 = 0, r3 = 0, r4 = 0, r5 = 0, r6 = 0, r7 = 0, r8 = 0, r9 = 0, r10 = 0;

@@ -14,10 +14,9 @@ using test::Ranks;
 using test::ResultRow;
 using test::Texts;
 
-class Writers : public ::testing::Test {
+class Writers : public test::QuietDbTest {
  protected:
   void SetUp() override { t.state.gCurrentMeet = 3; }
-  SQLite::Database& Db() { return *t.state.gDb; }
   // The one result of an event number; 0 when there is none.
   int64_t ResultOf(int32_t mt_event, std::string_view i_r = "I") {
     SQLite::Statement q(Db(), "SELECT RESULT FROM RESULT WHERE MTEVENT = ? AND I_R = ?");
@@ -36,9 +35,7 @@ class Writers : public ::testing::Test {
     r.rank = rank;
     return results.Add(r);
   }
-  test::TempHome t;
-  test::OpenedDatabase open_{t};
-  test::ResultTable results{*t.state.gDb};
+  test::ResultTable results{Db()};
   // Event 40 of meet 3, 100 of stroke 2 in yards.
   MtEventRec event{3, "Y", 100, 2, 40, "I"};
 };
