@@ -9,13 +9,10 @@
 #include <SQLiteCpp/VariadicBind.h>
 
 #include "meets/BestTimes.h"
-#include "support/TempHome.h"
+#include "meets/ResultsFixture.h"
 
 namespace kvlr {
 namespace {
-
-using test::MakeOpenDatabase;
-using test::TempHome;
 
 constexpr int16_t kFree = 1;
 constexpr int16_t kBack = 2;
@@ -34,18 +31,11 @@ struct Swim {
   int32_t athlete = 1;
 };
 
-class BestTimesTest : public ::testing::Test {
+class BestTimesTest : public test::DbTest {
  protected:
-  void SetUp() override {
-    MakeOpenDatabase(t_);
-    plain_meet_ = AddMeet("Autumn Open", "2024-10-05");
-  }
+  void SetUp() override { plain_meet_ = AddMeet("Autumn Open", "2024-10-05"); }
   int32_t AddMeet(const std::string& name, const std::string& start, const std::string& type = "") {
-    SQLite::Statement q(
-        *state().gDb, "INSERT INTO MEET (MName, Start, End, Course, Type) VALUES (?, ?, ?, ?, ?)");
-    SQLite::bind(q, name, start, start, "Y", type);
-    q.exec();
-    return static_cast<int32_t>(state().gDb->getLastInsertRowid());
+    return test::AddMeetRow(Db(), name, start, "Y", type);
   }
   // Adds a result; its meet is the plain meet unless the swim names one.
   int32_t Add(Swim s) {
@@ -61,12 +51,11 @@ class BestTimesTest : public ::testing::Test {
     return static_cast<int32_t>(state().gDb->getLastInsertRowid());
   }
   void ClearResults() { state().gDb->exec("DELETE FROM RESULT"); }
-  AppState& state() { return t_.state; }
+  AppState& state() { return t.state; }
   BestTimeRec Best(int16_t distance, int16_t stroke, char target) {
     return GetBest(state(), 1, distance, stroke, target, false, null(), null(), "");
   }
-  Date null() const { return t_.state.gNullDate; }
-  TempHome t_;
+  Date null() const { return t.state.gNullDate; }
   int32_t plain_meet_ = 0;
   int event_ = 0;
 };
@@ -327,28 +316,28 @@ TEST_F(BestTimesTest, FailuresAreReportedAndGiveAnEmptyRecord) {
   ASSERT_EQ(finder.FastestByCourse(1, 100, kBack, 'Y').score, 6000);
   ASSERT_EQ(finder.FastestByCourseSQL(1, 100, kBack, 'Y', null(), null(), "").score, 6000);
   state().gDb->exec("ALTER TABLE RESULT RENAME TO RESULT_AWAY");
-  t_.io.Script({Answer::kAbort, Answer::kRetry, Answer::kAbort});
+  t.io.Script({Answer::kAbort, Answer::kRetry, Answer::kAbort});
   EXPECT_EQ(finder.FastestByCourse(1, 100, kBack, 'Y').score, 0);
-  EXPECT_TRUE(t_.io.Saw("Error Source: basUtil.GetFastestByCourse\r"));
+  EXPECT_TRUE(t.io.Saw("Error Source: basUtil.GetFastestByCourse\r"));
   const BestTimeRec rec = finder.FastestByCourseSQL(1, 100, kBack, 'Y', null(), null(), "");
   EXPECT_EQ(rec.score, 0);
   EXPECT_EQ(rec.course, "");
-  EXPECT_TRUE(t_.io.Saw("Error Source: basUtil.GetFastestByCourseSQL"));
-  EXPECT_EQ(t_.io.shown.size(), 3u);  // Retry ran the lookup once more
+  EXPECT_TRUE(t.io.Saw("Error Source: basUtil.GetFastestByCourseSQL"));
+  EXPECT_EQ(t.io.shown.size(), 3u);  // Retry ran the lookup once more
   // The kept statements are made again once the table is back.
   state().gDb->exec("ALTER TABLE RESULT_AWAY RENAME TO RESULT");
   EXPECT_EQ(finder.FastestByCourse(1, 100, kBack, 'Y').score, 6000);
   EXPECT_EQ(finder.Best(1, 100, kBack, 'S', false, null(), null(), "").converted, 6660);
-  EXPECT_EQ(t_.io.shown.size(), 3u);
+  EXPECT_EQ(t.io.shown.size(), 3u);
 }
 
 TEST_F(BestTimesTest, NoOpenDatabaseIsAFailureNotACrash) {
   state().gDb.reset();
-  t_.io.Script({Answer::kAbort, Answer::kAbort, Answer::kAbort});
+  t.io.Script({Answer::kAbort, Answer::kAbort, Answer::kAbort});
   const BestTimeRec none = Best(100, kBack, 'Y');
   EXPECT_EQ(none.score, 0);
   EXPECT_EQ(none.converted, 0);
-  EXPECT_EQ(t_.io.shown.size(), 3u);  // one per course
+  EXPECT_EQ(t.io.shown.size(), 3u);  // one per course
 }
 
 }  // namespace
