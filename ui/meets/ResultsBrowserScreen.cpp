@@ -25,6 +25,7 @@
 #include "meets/ScreenParts.h"
 #include "meets/Splits.h"
 #include "meets/SplitsScreen.h"
+#include "reports/GraphScreens.h"
 #include "standards/StandardTexts.h"
 
 namespace kvlr {
@@ -63,6 +64,7 @@ frmResults::frmResults(AppState& state, QWidget* parent) : QDialog(parent), stat
   QHBoxLayout* tools = screen::CommandBar<frmResults>(
       this, {{tr("Splits"), "cmdSplits", &frmResults::OpenSplits},
              {tr("Comment"), "cmdComment", &frmResults::OpenComment},
+             {tr("Graph"), "cmdGraph", &frmResults::OpenGraph},
              {tr("Last Entered First"), "cmdLastEntered", &frmResults::LastEnteredFirst},
              {tr("Delete"), "cmdDelete", &frmResults::DeleteCurrent}});
 
@@ -300,6 +302,21 @@ void frmResults::DeleteCurrent() {
   GetResults();
   const int next = RowAfterDelete(row, count);
   if (next >= 0 && next < model_.rowCount()) grid_->selectRow(next);
+}
+
+void frmResults::OpenGraph() {
+  const int row = CurrentRow();
+  if (row < 0) return;
+  const ResultRecord& r = model_.Record(row);
+  GraphResultsRequest request;
+  request.athlete = state_.gAthlete;
+  request.stroke = r.stroke;
+  request.distance = r.distance;
+  request.course = r.course;
+  if (filter_.use_since) request.since = filter_.since;
+  request.meet_type = filter_.meet_type;
+  request.all_relay_legs = filter_.show_non_lead;
+  ShowResultsGraph(state_, this, request);
 }
 
 void frmResults::OpenSplits() {

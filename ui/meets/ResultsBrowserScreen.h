@@ -38,6 +38,9 @@ class frmResults final : public QDialog {
   // Opens the splits or the comment of the current row (non-modal; refills when saved).
   void OpenSplits();
   void OpenComment();
+  // The graph of the current row's event in its course, with the browser's since date and
+  // meet type.
+  void OpenGraph();
 
   ResultsBrowserModel& Model() { return model_; }
   QTableView& Grid() { return *grid_; }
