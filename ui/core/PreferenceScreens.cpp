@@ -14,6 +14,7 @@
 
 #include "core/DateText.h"
 #include "core/SwimCodes.h"
+#include "handheld/HandheldFiles.h"
 
 namespace kvlr {
 namespace {
@@ -226,6 +227,16 @@ frmDirectories::frmDirectories(AppState& state, QWidget* parent) : QDialog(paren
     current_[i]->setWordWrap(true);
     grid->addWidget(current_[i], i * 2 + 1, 0, 1, 2);
   }
+  // The handheld's sync folder is kept beside the program, not with the database's folders.
+  grid->addWidget(new QLabel(tr("Handheld sync folder"), this), 8, 0);
+  auto* set_sync = new QPushButton(tr("Set Directory"), this);
+  set_sync->setObjectName("cmdSetSync");
+  connect(set_sync, &QPushButton::clicked, this, &frmDirectories::SetSyncDirectory);
+  grid->addWidget(set_sync, 8, 1);
+  sync_ = new QLabel(this);
+  sync_->setObjectName("lblSync");
+  sync_->setWordWrap(true);
+  grid->addWidget(sync_, 9, 0, 1, 2);
   right->addLayout(grid);
   right->addStretch();
   auto* close = new QDialogButtonBox(QDialogButtonBox::Close, this);
@@ -248,7 +259,14 @@ void frmDirectories::SetDirectory(DirectoryKind kind) {
   if (SetFavoriteDirectory(state_, kind, folder.toStdString())) Refresh();
 }
 
+void frmDirectories::SetSyncDirectory() {
+  const QString folder = model_->filePath(tree_->currentIndex());
+  if (folder.isEmpty()) return;
+  if (SetHandheldSyncDir(state_, folder.toStdString())) Refresh();
+}
+
 void frmDirectories::Refresh() {
+  sync_->setText(QString::fromStdString(HandheldSyncDir(state_).string()));
   for (int i = 0; i < 4; ++i) {
     current_[i]->setText(
         QString::fromStdString(GetDirectories(state_, static_cast<DirectoryKind>(i)).string()));

@@ -65,6 +65,8 @@ class frmDirectories final : public QDialog {
   void SelectFolder(const QString& folder);
   // The "Set Directory" button of one area.
   void SetDirectory(DirectoryKind kind);
+  // "Set Directory" of the handheld's sync folder.
+  void SetSyncDirectory();
 
  private:
   void Refresh();
@@ -73,6 +75,7 @@ class frmDirectories final : public QDialog {
   QFileSystemModel* model_;
   QTreeView* tree_;
   std::array<QLabel*, 4> current_{};
+  QLabel* sync_ = nullptr;
 };
 
 }  // namespace kvlr
