@@ -83,6 +83,7 @@ void InstallHandheldScreens(MainWindow& window, AppState& state) {
 
 frmPalm::frmPalm(AppState& state, QWidget* parent) : QDialog(parent), state_(state) {
   using namespace palm_text;
+  setObjectName("frmPalm");
   setWindowTitle(Q(kExportTitle));
   auto* form = new QFormLayout;
   just_active_ = new QRadioButton(Q(kJustActive), this);
@@ -209,6 +210,7 @@ void frmPalm::Ok() {
 
 frmPalmDirectory::frmPalmDirectory(AppState& state, QWidget* parent)
     : QDialog(parent), state_(state) {
+  setObjectName("frmPalmDirectory");
   setWindowTitle(Q(palm_text::kBackupDirectoryWord));
   auto* layout = new QVBoxLayout(this);
   auto* help = new QLabel(Joined(palm_text::kDirectoryHelp, "\n"), this);
@@ -239,6 +241,7 @@ frmPalmDirectory::frmPalmDirectory(AppState& state, QWidget* parent)
 
 frmPalmImport::frmPalmImport(AppState& state, PalmOpening opening, QWidget* parent)
     : QDialog(parent), state_(state), opening_(std::move(opening)) {
+  setObjectName("frmPalmImport");
   setWindowTitle(tr("Import from KVL-R Mobile"));
   auto* layout = new QVBoxLayout(this);
   const PalmMeet& m = opening_.meet;
