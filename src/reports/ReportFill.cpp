@@ -130,8 +130,8 @@ MeetRowWriter::MeetRowWriter(SQLite::Database& report_db, bool relay)
                   " (MEET, MEETSTART, MEETEND, STROKE, DISTANCE, LAST, FIRST, INITIAL, COURSE, "
                   "SCORE, F_P, EX, MTEV, SEX, I_R, MEETCRS, MEETTYPE, NAME, EVENTSEX, COMMENT, "
                   "MISC, SPLIT, LO_HI, AGE, PLACE, INTSTROKE, INTDIST, SORTORDER, MEETID, "
-                  "ATHLETE, CONVT) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,"
-                  "?,?,?)") {}
+                  "ATHLETE, CONVT, IMPROV) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,"
+                  "?,?,?,?,?)") {}
 
 void MeetRowWriter::Add(const RMeetRow& r) {
   SQLite::Statement& q = insert_;
@@ -154,6 +154,11 @@ void MeetRowWriter::Add(const RMeetRow& r) {
   q.bind(at++, r.split);
   for (int v : {r.lo_hi, r.age, r.place, r.int_stroke, r.int_dist, r.sort_order}) q.bind(at++, v);
   for (int32_t v : {r.meet_id, r.athlete, r.convt}) q.bind(at++, v);
+  if (r.improv) {
+    q.bind(at, *r.improv);
+  } else {
+    q.bind(at);
+  }
   q.exec();
 }
 

@@ -4,6 +4,7 @@
 // says otherwise.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -44,6 +45,7 @@ struct RMeetRow {
   int64_t split = 0;  // RSPLITS key (the result) when splits were added, else 0
   int lo_hi = 0, age = 0, place = 0, int_stroke = 0, int_dist = 0, sort_order = 0;
   int32_t meet_id = 0, athlete = 0, convt = 0;
+  std::optional<double> improv;  // seconds faster than the baseline; unset: Null
 };
 // Appends rows to RMEETI (or RMEETR) through one prepared statement; texts are cut to
 // their fields.

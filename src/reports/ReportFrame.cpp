@@ -93,6 +93,8 @@ ReportCatalog BuiltInReports() {
   AddAthleteReports(catalog);
   AddMeetReports(catalog);
   AddImportReports(catalog);
+  AddWorkoutReports(catalog);
+  AddTopTimesReports(catalog);
   return catalog;
 }
 

@@ -25,6 +25,41 @@ namespace kvlr {
 // The paper of a run; kPreferences takes "Paper Size" of Report Preferences (OPTIONS).
 enum class PaperChoice { kPreferences, kLetter, kLegal, kA4 };
 
+// The options of frmRptTopTimes beyond the shared ones.
+struct TopTimesOptions {
+  enum class Improve { kNone, kEachMeet, kMeetToMeet, kBest };
+  char convert_to = 0;       // 'Y', 'S', 'L': every course converted to it (course unused)
+  bool show_actual = false;  // with convert_to: ordered converted, printed as swum
+  std::string round;         // "", "F" finals only, "P" prelims only
+  int stroke = 0;            // 0 every stroke
+  int distance = 0;          // 0 every distance
+  bool include_nt = false;   // "Include DQs and NSs"
+  std::optional<bool> lead_offs;  // relay lead-offs as swims; unset: OPTIONS UseLeadOff
+  bool standards = false;    // levels of ReportRequest::standard, else of the current one
+  bool current_age = false;  // levels at today's age, not the age at the meet
+  bool chronological = false;
+  Improve improve = Improve::kNone;
+  bool baseline_before_since = false;  // the best before the since date is the baseline
+  int top_n = 0;                       // 0: every swim
+  bool goals = false;
+  bool comments = false;
+};
+
+// The options of the two workout reports (logbook, workout-stats); dates are the request's
+// since / until.
+struct WorkoutReportChoices {
+  bool by_number = false;
+  int32_t from_number = 0, to_number = 0;  // 0: the lowest / highest
+  bool energy = true, strokes = true, times = true, notes = true, analysis = false,
+       stress = true, paces = true;
+  bool one_per_page = false;
+  int columns = 1;                 // 1 or 2
+  std::vector<std::string> users;  // group_abbr codes; empty: all users
+  int stat_type = 3;               // energy, stroke, work, distance, stress
+  bool meters = false, minutes = false;
+  int cycle_days = 7;
+};
+
 // The options of a report screen. Each kind reads the members it knows and ignores the rest;
 // the screen and the command line fill the same struct, so both print the same report.
 struct ReportRequest {
@@ -41,6 +76,8 @@ struct ReportRequest {
   std::string title;          // a title the caller gives, where a kind takes one
   bool landscape = false;
   PaperChoice paper = PaperChoice::kPreferences;
+  TopTimesOptions top;
+  WorkoutReportChoices workouts;
 };
 
 // One column of a section. `weight` is its share of the line (about the characters it
@@ -60,6 +97,7 @@ struct ReportLine {
   Kind kind = Kind::kRow;
   std::vector<std::string> cells;  // kRow: one a column
   std::string text;                // the other kinds
+  bool bold = false;               // kRow: printed bold
 };
 
 // A table of a report under its own heading; a section with `new_page` starts on a fresh
@@ -69,6 +107,7 @@ struct ReportSection {
   std::vector<ReportColumn> columns;
   std::vector<ReportLine> lines;
   bool new_page = false;
+  bool fixed_pitch = false;  // text laid out by padding: a fixed-width font
 
   void Group(std::string text) { lines.push_back({ReportLine::Kind::kGroup, {}, std::move(text)}); }
   void SubGroup(std::string text) {
@@ -92,6 +131,7 @@ struct ReportDoc {
   std::vector<ReportSection> sections;
   bool landscape = false;
   PaperChoice paper = PaperChoice::kLetter;  // never kPreferences once laid out
+  int flow_columns = 1;  // the body flows down 1 or 2 columns of a page
 };
 
 // The parameter row RPTWINCS, as every layout reads it.

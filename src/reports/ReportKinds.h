@@ -14,6 +14,8 @@ namespace kvlr {
 void AddAthleteReports(ReportCatalog& catalog);  // recruiting, goals
 void AddMeetReports(ReportCatalog& catalog);     // meets, results, entries, standards
 void AddImportReports(ReportCatalog& catalog);   // exception report, file report
+void AddWorkoutReports(ReportCatalog& catalog);  // logbook, workout statistics
+void AddTopTimesReports(ReportCatalog& catalog);  // top times, of all meets or one
 
 // The RSPLITS row `split_id` as one line: "29.80  1:01.20", with the laps in brackets
 // where the row has them; "" when there is none.
