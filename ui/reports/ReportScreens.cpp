@@ -14,6 +14,7 @@
 #include "meets/Meets.h"
 #include "reports/ReportFill.h"
 #include "reports/ReportPreview.h"
+#include "reports/TopTimesScreen.h"
 #include "standards/StandardStore.h"
 
 namespace kvlr {
@@ -176,6 +177,7 @@ void InstallReportScreens(MainWindow& window, AppState& state) {
       }
     });
   }
+  InstallTopTimesScreens(window, state);
 }
 
 }  // namespace kvlr
