@@ -6,10 +6,10 @@ packages=(
   g++ cmake ninja-build ccache pkg-config
   qt6-base-dev qt6-charts-dev libqt6opengl6-dev qt6-svg-dev
   libsqlitecpp-dev libsqlite3-dev sqlite3
-  libzip-dev
+  libzip-dev libical-dev
   libfmt-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  poppler-utils
+  poppler-utils python3-icalendar
 )
 # Extra packages a target asks for (make fuzz asks for clang).
 packages+=("$@")
