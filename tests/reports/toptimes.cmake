@@ -1,0 +1,3 @@
+kvlr_add_test(toptimes_test
+  SOURCES TopTimesTest.cpp
+  LIBS kvlr_reports kvlr_clilib)
