@@ -74,5 +74,6 @@ std::vector<Command> GraphCommands();
 std::vector<Command> WorkoutCommands();
 std::vector<Command> HandheldCommands();
 std::vector<Command> ExportCommands();
+std::vector<Command> DailyCommands();
 
 }  // namespace kvlr::cli

@@ -108,6 +108,7 @@ const std::vector<Command>& Commands() {
                       HandheldCommands,
                       WorkoutCommands,
                       GraphCommands,
+                      DailyCommands,
                       ExportCommands}) {
       for (auto& c : list()) all.push_back(std::move(c));
     }
