@@ -19,6 +19,7 @@
 #include "core/Screens.h"
 #include "shell/Hooks.h"
 #include "shell/Startup.h"
+#include "web/WebScreens.h"
 
 int main(int argc, char** argv) {
   // Crisp at fractional scales instead of rounding to whole ones.
@@ -65,6 +66,7 @@ int main(int argc, char** argv) {
   io.SetParent(&window);
   io.SetProgressSink([&window](const QString& line) { window.statusBar()->showMessage(line); });
   kvlr::InstallScreens(window, state);
+  kvlr::InstallWebScreens(window, state);
   new kvlr::ScreenPlacement(window, state.home.Root() / "KVL-Rscreens.ini");
   window.show();
   QTimer::singleShot(0, &window, [&window] { window.Start(); });

@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev qt6-charts-dev libqt6opengl6-dev qt6-svg-dev
+  qt6-base-dev qt6-charts-dev libqt6opengl6-dev qt6-svg-dev qt6-webengine-dev
   libsqlitecpp-dev libsqlite3-dev sqlite3
   libzip-dev libical-dev
   libfmt-dev

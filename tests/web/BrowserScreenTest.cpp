@@ -1,0 +1,70 @@
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTest>
+#include <QWebEngineView>
+#include <QtWebEngineCore/QWebEngineLoadingInfo>
+#include <QtWebEngineCore/QWebEnginePage>
+
+#include "support/DbTest.h"
+#include "support/QtApp.h"
+#include "web/BrowserScreen.h"
+#include "web/SwimmerPage.h"
+#include "web/WebTexts.h"
+
+namespace kvlr {
+namespace {
+
+// Chromium starts slowly on a small machine; a page of our own comes well within this.
+constexpr int kLoadTimeoutMs = 10000;
+
+QApplication& WebApp() {
+  // Software rendering, and no sandbox: tests may run as root, where Chromium's refuses.
+  qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu --no-sandbox");
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+  return test::QtApp();
+}
+
+class BrowserTest : public test::DbTest {
+ protected:
+  BrowserTest() { WebApp(); }
+
+  // Loads `url` in a fresh window and waits for the load to end; false on a timeout.
+  bool Load(frmKVLBrowser& browser, const QUrl& url) {
+    QSignalSpy done(&browser.View(), &QWebEngineView::loadFinished);
+    browser.View().load(url);
+    return done.wait(kLoadTimeoutMs);
+  }
+};
+
+TEST_F(BrowserTest, ShowsTheSwimmersPageAndSaysWhenAPageCannotLoad) {
+  t.state.gAthlete = 1;
+  t.state.gAthleteName = "Tess O'Hara";
+  t.state.gAthleteFirst = "TESS";
+  const std::filesystem::path file = SwimmerPageFile(t.state);
+  WriteSwimmerPage(t.state, 'Y', file);
+
+  WebSettings settings = DefaultWebSettings();
+  // Nothing starts before the test's own load.
+  settings.pages[0].url = "about:blank";
+  frmKVLBrowser browser(t.state, settings, QUrl("about:blank"), {});
+  browser.show();
+  ASSERT_TRUE(Load(browser, QUrl::fromLocalFile(QString::fromStdString(file.string()))));
+  EXPECT_EQ(browser.View().title(), "KVL-R for Tess O'Hara");
+  QTRY_COMPARE_WITH_TIMEOUT(browser.windowTitle(), QString("Tess's KVL-R - KVL-R for Tess O'Hara"),
+                            kLoadTimeoutMs);
+  EXPECT_TRUE(browser.Notice().isEmpty());
+
+  // A refused connection stands for a missing network: words over the page, no box.
+  QTcpServer closed;
+  ASSERT_TRUE(closed.listen(QHostAddress::LocalHost));
+  const quint16 port = closed.serverPort();
+  closed.close();
+  ASSERT_TRUE(Load(browser, QUrl(QString("http://127.0.0.1:%1/").arg(port))));
+  EXPECT_TRUE(browser.Notice().startsWith(QString::fromUtf8(web_text::kOffline.data())))
+      << browser.Notice().toStdString();
+  EXPECT_TRUE(t.io.shown.empty());
+}
+
+}  // namespace
+}  // namespace kvlr
