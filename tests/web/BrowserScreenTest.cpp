@@ -1,4 +1,6 @@
 #include <QSignalSpy>
+#include <QAbstractItemModelTester>
+#include <QTableView>
 #include <QTcpServer>
 #include <QTest>
 #include <QWebEngineView>
@@ -54,6 +56,13 @@ TEST_F(BrowserTest, ShowsTheSwimmersPageAndSaysWhenAPageCannotLoad) {
   QTRY_COMPARE_WITH_TIMEOUT(browser.windowTitle(), QString("Tess's KVL-R - KVL-R for Tess O'Hara"),
                             kLoadTimeoutMs);
   EXPECT_TRUE(browser.Notice().isEmpty());
+
+  // Add keeps the page shown under its title and the grid shows it.
+  QAbstractItemModel* grid = test::Child<QTableView>(browser, "TDBGFav")->model();
+  QAbstractItemModelTester tester(grid, QAbstractItemModelTester::FailureReportingMode::Warning);
+  browser.AddFavorite();
+  EXPECT_EQ(Rows("SELECT Comment FROM tblWebPages"), "KVL-R for Tess O'Hara\n");
+  EXPECT_EQ(grid->rowCount(), 1);
 
   // A refused connection stands for a missing network: words over the page, no box.
   QTcpServer closed;
