@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
   // Crisp at fractional scales instead of rounding to whole ones.
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
       Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+  kvlr::PrepareWebEngine();
   QApplication app(argc, argv);
   kvlr::ApplyDesktopLook(app);
   std::setlocale(LC_TIME, "");

@@ -11,6 +11,7 @@
 #include "support/QtApp.h"
 #include "web/BrowserScreen.h"
 #include "web/SwimmerPage.h"
+#include "web/WebScreens.h"
 #include "web/WebTexts.h"
 
 namespace kvlr {
@@ -23,7 +24,7 @@ QApplication& WebApp() {
   // Software rendering, and no sandbox: tests may run as root, where Chromium's refuses.
   qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu --no-sandbox");
-  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+  PrepareWebEngine();
   return test::QtApp();
 }
 

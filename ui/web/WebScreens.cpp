@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <unistd.h>
+
 #include <fmt/format.h>
 
 #include "core/ErrorHandler.h"
@@ -102,6 +104,11 @@ void InstallUpdate(MainWindow& window, AppState& state, std::optional<fs::path> 
     }
   }
   if (StartPackage(state, *package) && exit_first) window.close();
+}
+
+void PrepareWebEngine() {
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+  if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
 }
 
 void InstallWebScreens(MainWindow& window, AppState& state) {

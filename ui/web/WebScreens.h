@@ -11,6 +11,10 @@ namespace kvlr {
 
 class MainWindow;
 
+// Before the QApplication is made: the GL sharing the browser needs, and no Chromium sandbox
+// when running as root, where it refuses to start.
+void PrepareWebEngine();
+
 // Sets the handlers of Web Browser, Convert KVL, Install Update and Create Update.
 void InstallWebScreens(MainWindow& window, AppState& state);
 
