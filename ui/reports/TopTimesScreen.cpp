@@ -172,6 +172,7 @@ frmRptTopTimes::frmRptTopTimes(AppState& state, QWidget* parent)
     use = new QCheckBox(word, this);
     edit = new QDateEdit(start, this);
     edit->setObjectName(name);
+    edit->setDisplayFormat(ShownDatePattern(state_.gDateOrder));
     edit->setCalendarPopup(true);
     edit->setEnabled(false);
     connect(use, &QCheckBox::toggled, edit, &QWidget::setEnabled);
