@@ -417,9 +417,6 @@ std::string ImprovementText(std::optional<double> seconds) {
 bool PrintTTReport(AppState& state, const ReportRequest& r) {
   if (!CheckTopTimesRequest(state, r)) return false;
   const int32_t athlete = RequestedAthlete(state, r);
-  if (r.top.top_n == 1 && athlete == 0 && !state.io->AskYesNo(tttxt::kFastestOnly)) {
-    return false;
-  }
   const bool lead_offs = r.top.lead_offs.value_or(state.gUseLeadOff);
   state.io->Progress(tttxt::kBuilding);
   SQLite::Database& rdb = *state.gReportDb;
@@ -494,12 +491,12 @@ ReportDoc LayoutTopTimes(AppState& state, const ReportRequest& r) {
   ReportSection s;
   s.columns = {{"#", 4, Align::kRight}, {"Time", 11, Align::kRight}, {"Round", 8}};
   if (one_meet) s.columns.push_back({"Place", 5, Align::kRight});
-  s.columns.push_back({"Age", 4, Align::kRight});
+  s.columns.push_back({"Age", 5, Align::kRight});
   if (r.top.standards) s.columns.push_back({"Std", 5});
   if (improve) s.columns.push_back({"Improv", 8, Align::kRight});
   if (!one_meet) {
     s.columns.push_back({"Date", 11});
-    s.columns.push_back({"Meet", 34});
+    s.columns.push_back({"Meet", swimmers ? 30 : 34});
   }
   if (swimmers) s.columns.push_back({"Swimmer", 24});
   SQLite::Statement q(

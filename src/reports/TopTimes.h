@@ -25,6 +25,7 @@ inline constexpr std::string_view kCourseHint =
     "     to establish a default Course.";
 inline constexpr std::string_view kSelectSince = "Please select a Since Date.";
 inline constexpr std::string_view kSelectUntil = "Please select an Until Date.";
+// Asked by the screen before a top 1 of every swimmer.
 inline constexpr std::string_view kFastestOnly =
     "Show only Fastest for Each Swimmer for each Event?";
 inline constexpr std::string_view kTimesSince = "Times since: ";

@@ -297,7 +297,13 @@ std::string frmRptTopTimes::Kind() const {
   return meet_->currentData().toInt() != 0 ? "top-times-meet" : "top-times";
 }
 
-bool frmRptTopTimes::Preview() { return PreviewReport(state_, this, Kind(), Request()); }
+bool frmRptTopTimes::Preview() {
+  const ReportRequest r = Request();
+  if (r.top.top_n == 1 && r.athlete == 0 && !state_.io->AskYesNo(tttxt::kFastestOnly)) {
+    return false;
+  }
+  return PreviewReport(state_, this, Kind(), r);
+}
 
 void frmRptTopTimes::Memorize() {
   frmRptSaveCustom save(state_, MemorizedType::kTopTimes, Request(), this);
