@@ -97,6 +97,7 @@ void MonthView::paintEvent(QPaintEvent*) {
     const QRectF cell = CellRect(i);
     const int day = i - lead + 1;
     p.setPen(palette().mid().color());
+    p.setBrush(Qt::NoBrush);
     p.drawRect(cell);
     if (day < 1 || day > days) continue;
     const Date date{year_, month_, day};
@@ -255,7 +256,8 @@ QRect DayView::BlockRect(int64_t id) const {
 }
 
 void DayView::paintEvent(QPaintEvent*) {
-  if (rects_.size() != events_.size()) Layout();
+  // The widths follow the widget's, which the scroll area sets after SetDay.
+  Layout();
   QPainter p(this);
   p.fillRect(rect(), palette().base());
   for (int m = kDayFirstMinute; m <= kDayLastMinute; m += kQuarter) {
