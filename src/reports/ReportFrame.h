@@ -55,6 +55,7 @@ struct WorkoutReportChoices {
   bool one_per_page = false;
   int columns = 1;                 // 1 or 2
   std::vector<std::string> users;  // group_abbr codes; empty: all users
+  bool selected_users = false;     // `users` are the marked ones (maybe none)
   int stat_type = 3;               // energy, stroke, work, distance, stress
   bool meters = false, minutes = false;
   int cycle_days = 7;

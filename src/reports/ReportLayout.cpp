@@ -20,9 +20,9 @@ constexpr double kSmallestPoints = 6.5;
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
-QFont Font(double points, bool bold = false, bool italic = false) {
-  QFont f(QStringLiteral("DejaVu Sans"));
-  f.setStyleHint(QFont::SansSerif);
+QFont Font(double points, bool bold = false, bool italic = false, bool mono = false) {
+  QFont f(mono ? QStringLiteral("DejaVu Sans Mono") : QStringLiteral("DejaVu Sans"));
+  f.setStyleHint(mono ? QFont::Monospace : QFont::SansSerif);
   f.setPixelSize(static_cast<int>(points * kLayoutDpi / 72 + 0.5));
   f.setBold(bold);
   f.setItalic(italic);
@@ -38,6 +38,8 @@ struct Item {
   std::vector<std::string> texts;
   double y = 0;
   double height = 0;
+  double x = 0;  // the left edge of its flow column
+  bool bold = false;
 };
 
 // Column positions and the body fonts of one section.
@@ -47,6 +49,7 @@ struct SectionGeometry {
   double points = 0;
   double row_height = 0, group_height = 0, sub_height = 0, detail_height = 0;
   bool has_headings = false;
+  bool mono = false;
 };
 
 // Details start under the second column, below the row's first cell.
@@ -63,6 +66,9 @@ class Paginator {
                      head.height() * 0.6;
     footer_height_ = foot.height() * 1.8;
     bottom_ = height_ - footer_height_;
+    columns_ = std::clamp(doc.flow_columns, 1, 2);
+    gap_ = columns_ > 1 ? kLayoutDpi / 4 : 0;
+    column_width_ = (width_ - gap_ * (columns_ - 1)) / columns_;
   }
 
   std::vector<std::vector<Item>> Run() {
@@ -73,6 +79,7 @@ class Paginator {
 
   double HeaderHeight() const { return header_height_; }
   double Width() const { return width_; }
+  double ColumnWidth() const { return column_width_; }
   double Height() const { return height_; }
   const std::vector<SectionGeometry>& Geometry() const { return geometry_; }
 
@@ -88,7 +95,7 @@ class Paginator {
     const double heads = geo.has_headings ? geo.row_height * 1.3 : 0;
     if (!s.heading.empty()) {
       const double h = geo.group_height * 1.5;
-      if (y_ + h + heads + geo.row_height * 2 > bottom_) NewPage();
+      if (y_ + h + heads + geo.row_height * 2 > bottom_) Break();
       Add({Item::Kind::kHeading, &s, g, {s.heading}}, h);
     }
     if (geo.has_headings) Add({Item::Kind::kColumns, &s, g, {}}, heads);
@@ -97,13 +104,14 @@ class Paginator {
     std::vector<double> heights;
     for (const ReportLine& line : s.lines) {
       Item item{KindOf(line.kind), &s, g, line.cells};
+      item.bold = line.bold;
       double h = geo.row_height;
       if (line.kind != ReportLine::Kind::kRow) item.texts = {line.text};
       if (line.kind == ReportLine::Kind::kGroup) h = geo.group_height;
       if (line.kind == ReportLine::Kind::kSubGroup) h = geo.sub_height;
       if (line.kind == ReportLine::Kind::kNote) h = geo.row_height * 1.4;
       if (line.kind == ReportLine::Kind::kDetail) {
-        item.texts = Wrap(line.text, geo.detail, width_ - DetailX(geo));
+        item.texts = Wrap(line.text, geo.detail, column_width_ - DetailX(geo));
         h = geo.detail_height * (static_cast<double>(item.texts.size()) + 0.2);
       }
       items.push_back(std::move(item));
@@ -124,7 +132,7 @@ class Paginator {
         row_seen = row_seen || k == ReportLine::Kind::kRow;
       }
       if (y_ + need > bottom_ && BodyStarted()) {
-        NewPage();
+        Break();
         if (geo.has_headings) Add({Item::Kind::kColumns, &s, g, {}}, heads);
         if (kind != ReportLine::Kind::kGroup && !group_.empty()) {
           Add({Item::Kind::kGroup, &s, g, {group_ + " (continued)"}}, geo.group_height);
@@ -168,13 +176,15 @@ class Paginator {
     if (s.columns.empty()) total = 1;
     // Shrink the body font until the columns' usual widths fit the paper.
     double points = kBodyPoints;
-    const double chars_at_body = QFontMetricsF(Font(kBodyPoints)).averageCharWidth();
-    if (total * chars_at_body > width_) {
-      points = std::max(kSmallestPoints, kBodyPoints * width_ / (total * chars_at_body));
+    geo.mono = s.fixed_pitch;
+    const double chars_at_body =
+        QFontMetricsF(Font(kBodyPoints, false, false, geo.mono)).averageCharWidth();
+    if (total * chars_at_body > column_width_) {
+      points = std::max(kSmallestPoints, kBodyPoints * column_width_ / (total * chars_at_body));
     }
     geo.points = points;
-    geo.row = Font(points);
-    geo.bold = Font(points, true);
+    geo.row = Font(points, false, false, geo.mono);
+    geo.bold = Font(points, true, false, geo.mono);
     geo.detail = Font(std::max(kSmallestPoints, points - 1), false, true);
     geo.row_height = QFontMetricsF(geo.row).height() * 1.25;
     geo.group_height = QFontMetricsF(Font(points + 2, true)).height() * 1.6;
@@ -182,7 +192,7 @@ class Paginator {
     geo.detail_height = QFontMetricsF(geo.detail).height() * 1.1;
     double x = 0;
     for (const ReportColumn& c : s.columns) {
-      const double w = width_ * std::max(1.0, c.weight) / total;
+      const double w = column_width_ * std::max(1.0, c.weight) / total;
       geo.x.push_back(x);
       geo.width.push_back(w);
       x += w;
@@ -190,7 +200,7 @@ class Paginator {
     }
     if (geo.x.empty()) {
       geo.x.push_back(0);
-      geo.width.push_back(width_);
+      geo.width.push_back(column_width_);
     }
     return geo;
   }
@@ -219,14 +229,28 @@ class Paginator {
   }
 
   bool BodyStarted() const {
-    return std::any_of(pages_.back().begin(), pages_.back().end(),
-                       [](const Item& i) { return i.kind != Item::Kind::kColumns; });
+    const double x = ColumnX();
+    return std::any_of(pages_.back().begin(), pages_.back().end(), [x](const Item& i) {
+      return i.kind != Item::Kind::kColumns && i.x == x;
+    });
   }
+  double ColumnX() const { return column_ * (column_width_ + gap_); }
   void NewPage() {
     pages_.emplace_back();
     y_ = header_height_;
+    column_ = 0;
+  }
+  // The next flow column, or a new page behind the last.
+  void Break() {
+    if (column_ + 1 < columns_) {
+      ++column_;
+      y_ = header_height_;
+    } else {
+      NewPage();
+    }
   }
   void Add(Item item, double height) {
+    item.x = ColumnX();
     item.y = y_;
     item.height = height;
     y_ += height;
@@ -236,6 +260,8 @@ class Paginator {
   const ReportDoc& doc_;
   double width_, height_;
   double header_height_ = 0, footer_height_ = 0, bottom_ = 0, y_ = 0;
+  int columns_ = 1, column_ = 0;
+  double gap_ = 0, column_width_ = 0;
   std::vector<std::vector<Item>> pages_;
   std::vector<SectionGeometry> geometry_;
   const ReportSection* section_ = nullptr;
@@ -263,7 +289,8 @@ void Cell(QPainter& p, const QRectF& box, const QString& text, Qt::Alignment ali
 
 void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items,
                const std::vector<SectionGeometry>& geometry, int page, int pages,
-               double header_height, double width, double height) {
+               double header_height, double page_width, double column_width, double height) {
+  double width = page_width;
   const double hair = kLayoutDpi / 150;
   // Page header.
   p.setFont(Font(14, true));
@@ -285,8 +312,11 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
   Cell(p, foot, Q(doc.report_date), Qt::AlignLeft);
   Cell(p, foot, QStringLiteral("Page %1 of %2").arg(page).arg(pages), Qt::AlignRight);
 
+  width = column_width;
   for (const Item& item : items) {
     const SectionGeometry& geo = geometry[item.geometry];
+    p.save();
+    p.translate(item.x, 0);
     const QRectF line(0, item.y, width, item.height);
     switch (item.kind) {
       case Item::Kind::kHeading:
@@ -303,7 +333,7 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
         p.fillRect(QRectF(0, item.y + item.height - hair, width, hair), Qt::gray);
         break;
       case Item::Kind::kGroup:
-        p.setFont(Font(geo.points + 2, true));
+        p.setFont(Font(geo.points + 2, true, false, geo.mono));
         Cell(p, line.adjusted(0, item.height * 0.25, 0, 0), Q(item.texts[0]), Qt::AlignLeft);
         break;
       case Item::Kind::kSubGroup:
@@ -312,7 +342,7 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
              Qt::AlignLeft);
         break;
       case Item::Kind::kRow:
-        p.setFont(geo.row);
+        p.setFont(item.bold ? geo.bold : geo.row);
         for (size_t c = 0; c < item.texts.size() && c < geo.x.size(); ++c) {
           const ReportColumn::Align a = c < item.section->columns.size()
                                             ? item.section->columns[c].align
@@ -336,6 +366,7 @@ void PaintPage(QPainter& p, const ReportDoc& doc, const std::vector<Item>& items
         Cell(p, line, Q(item.texts[0]), Qt::AlignRight);
         break;
     }
+    p.restore();
   }
 }
 
@@ -360,7 +391,8 @@ int PaintReport(const ReportDoc& doc, QPagedPaintDevice& device) {
     painter.resetTransform();
     painter.scale(device.logicalDpiX() / kLayoutDpi, device.logicalDpiY() / kLayoutDpi);
     PaintPage(painter, doc, pages[static_cast<size_t>(i)], paginator.Geometry(), i + 1, count,
-              paginator.HeaderHeight(), paginator.Width(), paginator.Height());
+              paginator.HeaderHeight(), paginator.Width(), paginator.ColumnWidth(),
+              paginator.Height());
   }
   painter.end();
   return count;

@@ -144,7 +144,9 @@ std::vector<ReportTextLine> LogbookBlock(const WkHeader& h, const std::string& u
   for (const WkRow& r : lines) {
     std::string line;
     if (o.times) line += Right(Trim(r[wkcol::kClock]), 7) + " ";
-    line += Right(Trim(r[wkcol::kDistance]), 6) + " ";
+    // Later lines of a circuit carry its distance on the first line only.
+    const bool inner = Trim(r[wkcol::kCircuitMark]) == "{";
+    line += Right(inner ? "" : Trim(r[wkcol::kDistance]), 6) + " ";
     if (mark > 0) line += Right(Trim(r[wkcol::kCircuitMark]), mark - 1) + " ";
     line += Left(r[wkcol::kText], text);
     if (o.energy) line += " " + Right(Trim(r[wkcol::kEnergy]), 3);
