@@ -3,6 +3,7 @@
 #include "meets/Favorites.h"
 #include "meets/MeetHooks.h"
 #include "standards/Standards.h"
+#include "workouts/WorkoutNotes.h"
 
 namespace kvlr {
 
@@ -10,6 +11,7 @@ void InstallHooks(AppState& state) {
   InstallMeetHooks(state);
   InstallStandardHooks(state);
   InstallFavoriteHooks(state);
+  InstallWorkoutHooks(state);
 }
 
 }  // namespace kvlr

@@ -35,6 +35,7 @@
 #include "store/BackupScreen.h"
 #include "store/Database.h"
 #include "store/RestoreScreen.h"
+#include "workouts/WorkoutSetupScreens.h"
 
 namespace kvlr {
 
@@ -247,6 +248,7 @@ void InstallScreens(MainWindow& window, AppState& state) {
   InstallGraphScreens(window, state);
   InstallHandheldScreens(window, state);
   InstallExportScreens(window, state);
+  InstallWorkoutScreens(window, state);
 }
 
 }  // namespace kvlr
