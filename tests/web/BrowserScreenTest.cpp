@@ -1,4 +1,3 @@
-#include <QSignalSpy>
 #include <QAbstractItemModelTester>
 #include <QTableView>
 #include <QTcpServer>
@@ -32,11 +31,19 @@ class BrowserTest : public test::DbTest {
  protected:
   BrowserTest() { WebApp(); }
 
-  // Loads `url` in a fresh window and waits for the load to end; false on a timeout.
+  // Loads `url` and waits until that load has ended, well or not; false on a timeout.
   bool Load(frmKVLBrowser& browser, const QUrl& url) {
-    QSignalSpy done(&browser.View(), &QWebEngineView::loadFinished);
+    bool ended = false;
+    const auto watch = QObject::connect(
+        browser.View().page(), &QWebEnginePage::loadingChanged,
+        [&](const QWebEngineLoadingInfo& info) {
+          ended = ended || (info.url() == url &&
+                            info.status() != QWebEngineLoadingInfo::LoadStartedStatus);
+        });
     browser.View().load(url);
-    return done.wait(kLoadTimeoutMs);
+    const bool ok = QTest::qWaitFor([&] { return ended; }, kLoadTimeoutMs);
+    QObject::disconnect(watch);
+    return ok;
   }
 };
 
@@ -53,7 +60,8 @@ TEST_F(BrowserTest, ShowsTheSwimmersPageAndSaysWhenAPageCannotLoad) {
   frmKVLBrowser browser(t.state, settings, QUrl("about:blank"), {});
   browser.show();
   ASSERT_TRUE(Load(browser, QUrl::fromLocalFile(QString::fromStdString(file.string()))));
-  EXPECT_EQ(browser.View().title(), "KVL-R for Tess O'Hara");
+  QTRY_COMPARE_WITH_TIMEOUT(browser.View().title(), QString("KVL-R for Tess O'Hara"),
+                            kLoadTimeoutMs);
   QTRY_COMPARE_WITH_TIMEOUT(browser.windowTitle(), QString("Tess's KVL-R - KVL-R for Tess O'Hara"),
                             kLoadTimeoutMs);
   EXPECT_TRUE(browser.Notice().isEmpty());
