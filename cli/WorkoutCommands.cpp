@@ -133,8 +133,10 @@ int ExportWorkoutsCommand(Context& c) {
 
 }  // namespace
 
+std::vector<Command> WorkoutReportCommands();  // WorkoutReportCommands.cpp
+
 std::vector<Command> WorkoutCommands() {
-  return {
+  std::vector<Command> commands = {
       {"workouts",
        "kvlr workouts --db PATH [--user N] [--since DATE] [--until DATE]",
        "The workouts as the workout list shows them, by date: number, date, start, user, "
@@ -164,6 +166,8 @@ std::vector<Command> WorkoutCommands() {
        {},
        ExportWorkoutsCommand},
   };
+  for (Command& c : WorkoutReportCommands()) commands.push_back(std::move(c));
+  return commands;
 }
 
 }  // namespace kvlr::cli

@@ -1,2 +1,2 @@
-target_sources(kvlr_clilib PRIVATE WorkoutCommands.cpp)
+target_sources(kvlr_clilib PRIVATE WorkoutCommands.cpp WorkoutReportCommands.cpp)
 target_link_libraries(kvlr_clilib PUBLIC kvlr_workouts kvlr_interchange)

@@ -165,6 +165,7 @@ std::vector<ReportTextLine> LogbookBlock(const WkHeader& h, const std::string& u
     AnalysisTable(out, "Stroke Categories", analysis->stroke, meters);
     AnalysisTable(out, "Type of Work", analysis->work, meters);
   }
+  Push(out, "");
   return out;
 }
 
@@ -354,7 +355,7 @@ StatsResult BuildWorkoutStats(AppState& state, const StatsOptions& o) {
     double factor = 1;
     if (in_meters && !o.meters) factor = 1.0933;
     if (!in_meters && o.meters) factor = 0.9146;
-    StatGrid& g = per_user ? grid_of(h.group_abbr, user_word(h.group_abbr))
+    StatGrid& g = per_user ? grid_of(h.group_abbr, UserNameOf(users, h.group_abbr))
                            : grid_of("", kTypes[static_cast<int>(o.type)]);
     size_t user_column = 0;
     if (!per_user) user_column = ColumnOf(g, user_word(h.group_abbr), cycles);
