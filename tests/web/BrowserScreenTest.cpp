@@ -1,14 +1,19 @@
 #include <QAbstractItemModelTester>
 #include <QTableView>
 #include <QTcpServer>
+#include <QEventLoop>
 #include <QTest>
+#include <QTimer>
 #include <QWebEngineView>
 #include <QtWebEngineCore/QWebEngineLoadingInfo>
 #include <QtWebEngineCore/QWebEnginePage>
 
+#include <fstream>
+
 #include "support/DbTest.h"
 #include "support/QtApp.h"
 #include "web/BrowserScreen.h"
+#include "core/MainWindow.h"
 #include "web/SwimmerPage.h"
 #include "web/WebScreens.h"
 #include "web/WebTexts.h"
@@ -21,9 +26,11 @@ constexpr int kLoadTimeoutMs = 10000;
 
 QApplication& WebApp() {
   // Software rendering, and no sandbox: tests may run as root, where Chromium's refuses.
-  qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-  qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu --no-sandbox");
-  PrepareWebEngine();
+  if (!QCoreApplication::instance()) {
+    qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu --no-sandbox");
+    PrepareWebEngine();
+  }
   return test::QtApp();
 }
 
@@ -31,19 +38,24 @@ class BrowserTest : public test::DbTest {
  protected:
   BrowserTest() { WebApp(); }
 
-  // Loads `url` and waits until that load has ended, well or not; false on a timeout.
+  // Loads `url` and waits until that load has ended, well or not; false on a timeout. A
+  // running event loop: Chromium's work stalls under QTest's poll-and-sleep waits.
   bool Load(frmKVLBrowser& browser, const QUrl& url) {
+    QEventLoop loop;
     bool ended = false;
-    const auto watch = QObject::connect(
-        browser.View().page(), &QWebEnginePage::loadingChanged,
-        [&](const QWebEngineLoadingInfo& info) {
-          ended = ended || (info.url() == url &&
-                            info.status() != QWebEngineLoadingInfo::LoadStartedStatus);
-        });
+    QObject::connect(browser.View().page(), &QWebEnginePage::loadingChanged, &loop,
+                     [&](const QWebEngineLoadingInfo& info) {
+                       if (info.url() != url ||
+                           info.status() == QWebEngineLoadingInfo::LoadStartedStatus) {
+                         return;
+                       }
+                       ended = true;
+                       loop.quit();
+                     });
+    QTimer::singleShot(kLoadTimeoutMs, &loop, &QEventLoop::quit);
     browser.View().load(url);
-    const bool ok = QTest::qWaitFor([&] { return ended; }, kLoadTimeoutMs);
-    QObject::disconnect(watch);
-    return ok;
+    loop.exec();
+    return ended;
   }
 };
 
@@ -82,6 +94,21 @@ TEST_F(BrowserTest, ShowsTheSwimmersPageAndSaysWhenAPageCannotLoad) {
   EXPECT_TRUE(browser.Notice().startsWith(QString::fromUtf8(web_text::kOffline.data())))
       << browser.Notice().toStdString();
   EXPECT_TRUE(t.io.shown.empty());
+}
+
+TEST_F(BrowserTest, MenuCommandsRefuseWithoutOpeningAnything) {
+  MainWindow window(t.state);
+  InstallWebScreens(window, t.state);
+  window.SetMenus(true);
+  std::filesystem::create_directories(t.Home());
+  std::ofstream(t.Home() / "KVL-Rweb.ini") << "Restricted=1\n";
+  window.Action(MenuCommand::kWebBrowser)->trigger();
+  EXPECT_EQ(LastShown(), web_text::kRestricted);
+  EXPECT_EQ(window.findChild<frmKVLBrowser*>(), nullptr);
+
+  window.Action(MenuCommand::kConvertKvl)->trigger();
+  EXPECT_TRUE(t.io.Saw(web_text::kConverterMissing));
+  EXPECT_TRUE(t.io.Saw(t.Home().string()));
 }
 
 }  // namespace
