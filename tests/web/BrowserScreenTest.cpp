@@ -80,7 +80,7 @@ TEST_F(BrowserTest, ShowsTheSwimmersPageAndSaysWhenAPageCannotLoad) {
 
   // Add keeps the page shown under its title and the grid shows it.
   QAbstractItemModel* grid = test::Child<QTableView>(browser, "TDBGFav")->model();
-  QAbstractItemModelTester tester(grid, QAbstractItemModelTester::FailureReportingMode::Warning);
+  QAbstractItemModelTester tester(grid, QAbstractItemModelTester::FailureReportingMode::Fatal);
   browser.AddFavorite();
   EXPECT_EQ(Rows("SELECT Comment FROM tblWebPages"), "KVL-R for Tess O'Hara\n");
   EXPECT_EQ(grid->rowCount(), 1);
