@@ -19,7 +19,7 @@
 #include "core/MainWindow.h"
 #include "core/ShellDialogs.h"
 #include "meets/ReRankScreen.h"
-#include "meets/ResultRows.h"
+#include "meets/ResultsFixture.h"
 #include "store/Backup.h"
 #include "store/BackupScreen.h"
 #include "store/LastDatabase.h"

@@ -11,6 +11,7 @@
 #include "athletes/TeamScreen.h"
 #include "core/ErrorHandler.h"
 #include "core/MainWindow.h"
+#include "daily/DailyScreens.h"
 #include "handheld/PalmScreens.h"
 #include "interchange/ExportScreens.h"
 #include "interchange/ImportScreen.h"
@@ -249,6 +250,7 @@ void InstallScreens(MainWindow& window, AppState& state) {
   InstallHandheldScreens(window, state);
   InstallExportScreens(window, state);
   InstallWorkoutScreens(window, state);
+  InstallDailyScreens(window, state);
 }
 
 }  // namespace kvlr

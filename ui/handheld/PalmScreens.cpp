@@ -1,5 +1,7 @@
 #include "handheld/PalmScreens.h"
 
+#include <fmt/format.h>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -51,7 +53,7 @@ void ShowPalmImport(MainWindow& window, AppState& state) {
   using namespace palm_text;
   std::filesystem::path folder = FindPalmFolder(state);
   if (folder.empty()) {
-    if (!state.io->AskYesNo(std::string(kFindError) + "\r\n" + std::string(kSelectYourself),
+    if (!state.io->AskYesNo(fmt::format("{}\r\n{}", kFindError, kSelectYourself),
                             kFindErrorTitle)) {
       return;
     }
