@@ -69,6 +69,27 @@ std::string MeetHeading(const AppState& state, const std::string& name, const st
 
 // ---- Meets
 
+// The meet's and the swimmer's columns both report queries select in one order, from
+// column `first` on: meet key, name, start, end, course, type, athlete, last, first,
+// initial, sex.
+void ReadMeetAndSwimmer(SQLite::Statement& q, int first, int output_case, RMeetRow& row) {
+  auto t = [&q, first](int i) { return TextOf(q.getColumn(first + i)); };
+  const SQLite::Column key = q.getColumn(first);
+  row.meet_id = key.isNull() ? 0 : key.getInt();
+  row.meet = ReportCase(output_case, t(1));
+  row.meet_start = t(2);
+  row.meet_end = t(3);
+  row.meet_crs = t(4);
+  row.meet_type = t(5);
+  const SQLite::Column athlete = q.getColumn(first + 6);
+  row.athlete = athlete.isNull() ? 0 : athlete.getInt();
+  row.last = t(7);
+  row.first = t(8);
+  row.initial = t(9);
+  row.name = ReportCase(output_case, ReportName(t(7), t(8), t(9)));
+  row.sex = t(10);
+}
+
 bool FillMeets(AppState& state, const ReportRequest& r) {
   SQLite::Database& rdb = *state.gReportDb;
   SQLite::Transaction transaction(rdb);
@@ -156,18 +177,7 @@ bool FillMeetResults(AppState& state, const ReportRequest& r) {
     auto n = [&q](int i) { return q.getColumn(i).isNull() ? 0 : q.getColumn(i).getInt(); };
     RMeetRow row;
     const int64_t result = q.getColumn(0).getInt64();
-    row.meet_id = n(1);
-    row.meet = ReportCase(output_case, t(2));
-    row.meet_start = t(3);
-    row.meet_end = t(4);
-    row.meet_crs = t(5);
-    row.meet_type = t(6);
-    row.athlete = n(7);
-    row.last = t(8);
-    row.first = t(9);
-    row.initial = t(10);
-    row.name = ReportCase(output_case, ReportName(t(8), t(9), t(10)));
-    row.sex = t(11);
+    ReadMeetAndSwimmer(q, 1, output_case, row);
     row.i_r = t(12);
     row.convt = n(13);
     row.f_p = t(14);
@@ -265,18 +275,7 @@ bool FillMeetEntries(AppState& state, const ReportRequest& r) {
     auto t = [&q](int i) { return TextOf(q.getColumn(i)); };
     auto n = [&q](int i) { return q.getColumn(i).isNull() ? 0 : q.getColumn(i).getInt(); };
     RMeetRow row;
-    row.meet_id = n(0);
-    row.meet = ReportCase(output_case, t(1));
-    row.meet_start = t(2);
-    row.meet_end = t(3);
-    row.meet_crs = t(4);
-    row.meet_type = t(5);
-    row.athlete = n(6);
-    row.last = t(7);
-    row.first = t(8);
-    row.initial = t(9);
-    row.name = ReportCase(output_case, ReportName(t(7), t(8), t(9)));
-    row.sex = t(10);
+    ReadMeetAndSwimmer(q, 0, output_case, row);
     row.convt = n(11);
     row.misc = t(12);
     row.ex = t(13);
