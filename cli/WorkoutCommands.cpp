@@ -123,7 +123,7 @@ int ExportWorkoutsCommand(Context& c) {
   const auto out = ExportWorkouts(c.state, Required(c, "--to"), DateOption(c, "--since"),
                                   DateOption(c, "--until"));
   if (out.workouts == 0) {
-    c.io.Tell("No workouts to export.");
+    c.io.Tell(wk_text::kNoWorkoutsToExport);
     return kRefused;
   }
   Row(c.env.out, {"Zip", "Workouts"});

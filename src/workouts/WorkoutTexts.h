@@ -69,5 +69,6 @@ inline constexpr std::string_view kPurgeQuestion =
     "Are you sure you want to delete ALL workouts ?\r\nThis action is NOT reversible.\r\n"
     "Perform a backup first if in doubt.";
 inline constexpr std::string_view kPurged = "ALL workouts have been deleted.";
+inline constexpr std::string_view kNoWorkoutsToExport = "No workouts to export.";
 
 }  // namespace kvlr::wk_text

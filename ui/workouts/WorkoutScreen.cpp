@@ -1,5 +1,6 @@
 #include "workouts/WorkoutScreen.h"
 
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QInputDialog>
@@ -12,14 +13,17 @@
 #include <fmt/format.h>
 
 #include "core/ErrorHandler.h"
+#include "core/Options.h"
 #include "core/VbRules.h"
 #include "workouts/LineEdits.h"
 #include "workouts/Memorized.h"
 #include "workouts/WorkoutAnalysis.h"
 #include "workouts/WorkoutConvert.h"
 #include "workouts/WorkoutDialogs.h"
+#include "workouts/WorkoutExchange.h"
 #include "workouts/WorkoutNotes.h"
 #include "workouts/WorkoutReportScreens.h"
+#include "workouts/WorkoutStore.h"
 #include "workouts/WorkoutTexts.h"
 
 namespace kvlr {
@@ -163,7 +167,10 @@ frmWorkout::frmWorkout(AppState& state, QWidget* parent) : QDialog(parent), stat
       {"Delete Entire Current Workout", &frmWorkout::DeleteWorkoutAsked},
       {"Save As", &frmWorkout::SaveAs},
       {"Find Workout", &frmWorkout::Find},
-      {"Reports", &frmWorkout::Reports}};
+      {"Reports", &frmWorkout::Reports},
+      {"Export Workouts", &frmWorkout::Export},
+      {"Copy File", &frmWorkout::CopyFile},
+      {"Purge Workouts", &frmWorkout::Purge}};
   for (const auto& [text, slot] : tool_actions) {
     QAction* a = tools->addAction(tr(text));
     a->setObjectName(text);
@@ -636,6 +643,40 @@ void frmWorkout::Permutations(int row) {
   if (Run(dialog) != QDialog::Accepted) return;
   const auto [reps, interval] = dialog.Chosen();
   if (reps > 0 && SetRepsAndInterval(lines_, row, reps, interval)) Store(row);
+}
+
+void frmWorkout::Export() {
+  const QString folder = QFileDialog::getExistingDirectory(
+      this, tr("Export Workouts"),
+      QString::fromStdString(GetDirectories(state_, DirectoryKind::kExport).string()));
+  if (folder.isEmpty()) return;
+  // The same export as `kvlr export-workouts`: every workout, no date bound.
+  const Wk3Export out =
+      ExportWorkouts(state_, folder.toStdString(), state_.gNullDate, state_.gNullDate);
+  if (out.workouts == 0) {
+    state_.io->Tell(wk_text::kNoWorkoutsToExport);
+    return;
+  }
+  state_.io->Tell(fmt::format("{} workouts exported to {}", out.workouts, out.zip.string()));
+}
+
+void frmWorkout::CopyFile() {
+  const QString file = QFileDialog::getOpenFileName(
+      this, tr("Copy File"), QString::fromStdString(state_.gDataDir.string()),
+      tr("Workout files (*WorkoutExport*.zip *.wk3)"));
+  if (file.isEmpty()) return;
+  const QString folder = QFileDialog::getExistingDirectory(
+      this, tr("Copy File"), QString::fromStdString(state_.gDataDir.string()));
+  if (folder.isEmpty()) return;
+  state_.io->Tell(CopyWorkoutFile(file.toStdString(), folder.toStdString()));
+}
+
+void frmWorkout::Purge() {
+  if (!state_.io->AskYesNo(wk_text::kPurgeQuestion)) return;
+  PurgeWorkouts(*state_.gDb);
+  state_.io->Tell(wk_text::kPurged);
+  ptr_ = 0;
+  LoadList(0);
 }
 
 void frmWorkout::Reports() {

@@ -92,6 +92,12 @@ class frmWorkout final : public QDialog {
   void MemorizeAt();
   void Permutations(int row);
   void Reports();
+  // The workouts to a WorkoutExport zip in a chosen folder, as `kvlr export-workouts` does.
+  void Export();
+  // A workout file copied to a chosen folder.
+  void CopyFile();
+  // Every workout deleted after the question; memorized sets, categories and notes stay.
+  void Purge();
   void MoveDropped(int from, int to);
 
   // Positions the list on a workout; false when it isn't listed.
