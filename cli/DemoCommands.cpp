@@ -32,7 +32,11 @@ int Demo(Context& c) {
                                 {"Relay legs", made.relay_legs},
                                 {"Splits", made.splits},
                                 {"Goals", made.goals},
-                                {"Favorite filters", made.favorites}}) {
+                                {"Favorite filters", made.favorites},
+                                {"Workouts", made.workouts},
+                                {"Calendar events", made.events},
+                                {"Health records", made.health},
+                                {"Journal entries", made.journal}}) {
     Row(c.env.out, {item, std::to_string(n)});
   }
   Row(c.env.out, {"Standard", demo::kStandardName});
@@ -48,7 +52,8 @@ std::vector<Command> DemoCommands() {
            "Build a demo database PATH (a new NAME.mdb) of a made-up family: two swimmers, a "
            "season and a half of meets in yards, short-course and long-course metres brought "
            "in by the import from meet files (.cl2, .sd3, .nv3) written to NAME-meets beside "
-           "it, relay legs, splits, a current time standard, goals, favourite filters and a "
+           "it, relay legs, splits, a current time standard, goals, favourite filters, four "
+           "weeks of workouts, calendar events, health records, journal entries and a "
            "backup in NAME-backups. The same day always gives the same demo.",
            {},
            {},

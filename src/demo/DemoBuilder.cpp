@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <map>
+#include <optional>
 
 #include <SQLiteCpp/Statement.h>
 #include <fmt/format.h>
@@ -12,6 +13,10 @@
 #include "core/DateText.h"
 #include "core/Options.h"
 #include "core/TimeText.h"
+#include "daily/Calendar.h"
+#include "daily/Health.h"
+#include "daily/Journal.h"
+#include "demo/DemoTraining.h"
 #include "interchange/ImportPrepare.h"
 #include "interchange/ImportRun.h"
 #include "meets/DefaultEvents.h"
@@ -28,6 +33,11 @@
 #include "store/Database.h"
 #include "store/DbVersion.h"
 #include "store/ReportDatabase.h"
+#include "workouts/LineEdits.h"
+#include "workouts/WorkoutArrays.h"
+#include "workouts/WorkoutLines.h"
+#include "workouts/WorkoutSetup.h"
+#include "workouts/WorkoutStore.h"
 
 namespace kvlr::demo {
 namespace fs = std::filesystem;
@@ -53,10 +63,37 @@ class YesIo final : public UserIo {
   UserIo& outer_;
 };
 
+// A new file whose build stops on any failure needs no sync after each of its hundreds of
+// saves; the backup is taken with the setting restored.
+class NoSync {
+ public:
+  explicit NoSync(SQLite::Database& db) : db_(db) {
+    SQLite::Statement q(db, "PRAGMA synchronous");
+    was_ = q.executeStep() ? q.getColumn(0).getInt() : 2;
+    db.exec("PRAGMA synchronous = OFF");
+  }
+  ~NoSync() {
+    try {
+      db_.exec(fmt::format("PRAGMA synchronous = {}", was_));
+    } catch (const std::exception&) {  // the connection keeps the faster setting
+    }
+  }
+  NoSync(const NoSync&) = delete;
+  NoSync& operator=(const NoSync&) = delete;
+
+ private:
+  SQLite::Database& db_;
+  int was_ = 2;
+};
+
 class Builder {
  public:
   Builder(AppState& state, uint32_t seed)
-      : state_(state), outer_(*state.io), io_(outer_), plan_(MakePlan(state.clock->Today(), seed)) {
+      : state_(state),
+        outer_(*state.io),
+        io_(outer_),
+        plan_(MakePlan(state.clock->Today(), seed)),
+        training_(MakeTraining(state.clock->Today(), seed)) {
     state_.io = &io_;
   }
   ~Builder() { state_.io = &outer_; }
@@ -66,6 +103,7 @@ class Builder {
   DemoSummary Build(const fs::path& database) {
     summary_.database = fs::absolute(database);
     OpenNew();
+    std::optional<NoSync> no_sync(std::in_place, *state_.gDb);
     AddFamily();
     ShowLeadOffs();
     ImportMeets();
@@ -74,7 +112,10 @@ class Builder {
     AddGoals();
     AddFavorites();
     AddNextMeet();
+    AddWorkouts();
+    AddDaily();
     Require(SetCurrentAthlete(state_, athletes_.at(0)), "making the first swimmer current");
+    no_sync.reset();
     Backup();
     Count();
     return summary_;
@@ -249,6 +290,82 @@ class Builder {
     }
   }
 
+  // Each workout as the workout screen builds it: the header dialog, the line steps at the End
+  // row, then the screen's refresh that stores the totals.
+  void AddWorkouts() {
+    SQLite::Database& db = *state_.gDb;
+    const EnergyArray energy = gLoadWKEnergyArray(db);
+    const auto work_stroke = gLoadWKWorkStrokeArray(db);
+    const StartValues start =
+        gSetStartParmeters(ReadStartParameters(StartParametersFile(state_.home.Root())));
+    for (const PlannedWorkout& w : training_.workouts) {
+      HeaderEntry entry;
+      entry.wk_num = NextWorkoutNumber(db);
+      entry.wk_date = w.date;
+      entry.start_text = w.start;
+      entry.user = std::to_string(athletes_.at(static_cast<size_t>(w.family)));
+      const HeaderCheck check = CheckWorkoutHeader(db, entry);
+      if (!check.message.empty()) io_.told.push_back(check.message);
+      Require(check.message.empty(), "checking a workout header");
+      const int32_t ptr = SaveWorkoutHeader(db, entry);
+      std::vector<WkLine> lines;
+      for (const PlannedLine& pl : w.lines) {
+        const SetValues& v = pl.values;
+        const int r = static_cast<int>(lines.size()) + 1;
+        const std::string refused =
+            pl.kind == PlannedLine::kNote
+                ? CheckNoteEntry(v.desc)
+                : CheckSetEntry(v.reps, v.dist, v.interval, ValidWorkType(work_stroke, v.type));
+        if (!refused.empty()) io_.told.push_back(refused);
+        bool added = refused.empty();
+        if (added && pl.kind == PlannedLine::kSet) added = AddSingleSet(lines, r, v);
+        if (added && pl.kind == PlannedLine::kNote) added = AddNote(lines, r, v.desc);
+        if (added && pl.kind == PlannedLine::kNewCircuit) {
+          added = NewCircuit(lines, r, v, pl.circuit_reps);
+        }
+        if (added && pl.kind == PlannedLine::kCircuitLine) {
+          const CircuitPlace place = PlanAddCircuitLine(lines, r);
+          added = AddCircuitLine(lines, r, place, v, CircuitRepsAt(lines, r, place, 4));
+        }
+        Require(added, "adding the line " + v.desc);
+      }
+      WriteWorkoutLines(db, ptr, lines);
+      WorkoutLinesResult result;
+      Require(gGetWorkoutLines(state_, ptr, ParamsOfWorkout(db, ptr, start.base_interval), energy,
+                               true, result),
+              "totalling a workout");
+      RefreshWorkoutHeader(db, ptr, result);
+    }
+  }
+
+  // Calendar events, health records and journal entries as their screens save them, each
+  // for the swimmer made current.
+  void AddDaily() {
+    for (const PlannedEvent& e : training_.events) {
+      Require(SetCurrentAthlete(state_, athletes_.at(static_cast<size_t>(e.family))),
+              "choosing the swimmer");
+      AddStart add = StartAdd(state_, e.type, e.date, TimeSpan{e.start, e.end});
+      Require(add.choice == AddChoice::kNew, "adding a calendar event");
+      add.form.comment = e.comment;
+      Require(SaveEvent(state_, add.form).saved, "saving a calendar event");
+    }
+    for (const PlannedHealth& h : training_.health) {
+      Require(SetCurrentAthlete(state_, athletes_.at(static_cast<size_t>(h.family))),
+              "choosing the swimmer");
+      HealthForm form;
+      form.date = h.date;
+      form.start = "06:30 AM";
+      form.end = "06:45 AM";
+      form.comment = h.comment;
+      form.values = {h.hr, h.sleep, h.weight, h.wellness};
+      Require(SaveHealth(state_, form).saved, "saving a health record");
+    }
+    for (const PlannedJournal& j : training_.journal) {
+      Require(SaveJournal(state_, {0, j.date, j.subject, j.comment}) != 0,
+              "saving a journal entry");
+    }
+  }
+
   void Backup() {
     const fs::path folder =
         summary_.database.parent_path() / (summary_.database.stem().string() + "-backups");
@@ -278,12 +395,17 @@ class Builder {
     summary_.splits = Number("SELECT COUNT(*) FROM SPLITS");
     summary_.goals = Number("SELECT COUNT(*) FROM RESULT WHERE I_R = 'G'");
     summary_.favorites = Number("SELECT COUNT(*) FROM FAVORITES");
+    summary_.workouts = static_cast<int>(ListWorkouts(*state_.gDb).size());
+    summary_.events = Number("SELECT COUNT(*) FROM tblEvents WHERE Type IN (0, 1)");
+    summary_.health = Number("SELECT COUNT(*) FROM tblHealth");
+    summary_.journal = static_cast<int>(ListJournal(*state_.gDb, JournalOrder::kSubject).size());
   }
 
   AppState& state_;
   UserIo& outer_;
   YesIo io_;
   Plan plan_;
+  Training training_;
   std::vector<int32_t> athletes_;
   DemoSummary summary_;
 };

@@ -2,7 +2,8 @@
 // `kvlr demo`: a database of a made-up family built through the program's own routines:
 // new database, athlete cards, the import of meet files the demo writes beside it, meet
 // types, relay legs, a time standard made current, goals, favourite filters, a meet ahead
-// with entries, favourite folders and a backup.
+// with entries, four weeks of workouts entered line by line with their totals, calendar
+// events, health records and journal entries, favourite folders and a backup.
 
 #include <filesystem>
 #include <stdexcept>
@@ -26,6 +27,7 @@ struct DemoSummary {
   std::filesystem::path backup;        // the zip, in <name>-backups beside the database
   std::vector<std::filesystem::path> meet_files;
   int swimmers = 0, meets = 0, results = 0, relay_legs = 0, splits = 0, goals = 0, favorites = 0;
+  int workouts = 0, events = 0, health = 0, journal = 0;
 };
 
 // Builds the demo at `database` (a name the Open/New dialog takes, ending ".mdb"; refused

@@ -9,6 +9,8 @@
 #include "standards/StandardStore.h"
 #include "store/Backup.h"
 #include "support/TempHome.h"
+#include "workouts/WorkoutArrays.h"
+#include "workouts/WorkoutStore.h"
 
 namespace kvlr {
 namespace {
@@ -51,8 +53,9 @@ TEST_F(DemoTest, FamilyAndMeetsCameThroughTheImportOfItsOwnFiles) {
   // Each file brought one meet; the meet ahead (of the fixed clock's day) has the family's
   // entries.
   EXPECT_EQ(made_->meets, static_cast<int>(made_->meet_files.size()) + 1);
-  EXPECT_EQ(QueryRows(db(), "SELECT DISTINCT e.Athlete FROM ENTRY e JOIN MEET m ON "
-                            "m.Meet = e.Meet WHERE m.Start > '2026-11-22' ORDER BY 1"),
+  EXPECT_EQ(QueryRows(db(),
+                      "SELECT DISTINCT e.Athlete FROM ENTRY e JOIN MEET m ON "
+                      "m.Meet = e.Meet WHERE m.Start > '2026-11-22' ORDER BY 1"),
             "1\n2\n");
   // Every swim of both swimmers has its event and a rank: the import ranked what it stored.
   EXPECT_EQ(QueryNumber(db(),
@@ -99,6 +102,23 @@ TEST_F(DemoTest, RelaysSplitsStandardGoalsFavouritesAndBackup) {
   const auto info = LoadBackupInfo(t_->state, made_->backup);
   ASSERT_TRUE(info.has_value());
   EXPECT_EQ(info->database_member, "Demo.mdb");
+}
+
+TEST_F(DemoTest, WorkoutsWithTheirTotalsCalendarHealthAndJournal) {
+  EXPECT_GT(made_->events, 0);
+  EXPECT_GT(made_->health, 0);
+  EXPECT_GT(made_->journal, 0);
+  EXPECT_EQ(QueryRows(db(), "SELECT DISTINCT group_abbr FROM WkParam ORDER BY 1"), "1\n2\n");
+  const auto workouts = ListWorkouts(db());
+  ASSERT_EQ(static_cast<int>(workouts.size()), made_->workouts);
+  ASSERT_GT(made_->workouts, 0);
+  const WkHeader& h = workouts.front();
+  WorkoutLinesResult derived;
+  ASSERT_TRUE(gGetWorkoutLines(t_->state, h.wk_ptr, ParamsOfWorkout(db(), h.wk_ptr, 100),
+                               gLoadWKEnergyArray(db()), false, derived));
+  EXPECT_GT(h.tot_yards, 0);
+  EXPECT_EQ(h.tot_yards, derived.distance);
+  EXPECT_EQ(h.tot_stress, derived.stress);
 }
 
 TEST(DemoPlanTest, SameDaySameDemoAndAnExistingFileIsRefused) {
