@@ -165,7 +165,9 @@ TEST_F(ExportTest, EveryLineHasItsLengthAndCheckSum) {
     EXPECT_EQ(text.size(), lines.size() * (f.width + 2)) << f.member;
     for (const std::string& line : lines) {
       ASSERT_EQ(line.size(), f.width) << f.member << ": " << line;
-      if (f.sum) EXPECT_EQ(line.substr(f.sum_at, 2), f.sum(line)) << f.member << ": " << line;
+      if (f.sum) {
+        EXPECT_EQ(line.substr(f.sum_at, 2), f.sum(line)) << f.member << ": " << line;
+      }
     }
   }
 }
