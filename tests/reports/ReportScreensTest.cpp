@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <QPrintPreviewWidget>
+#include <QPushButton>
 
 #include "meets/ResultsFixture.h"
 #include "reports/ReportLayout.h"
@@ -32,6 +33,10 @@ TEST(ReportScreens, OptionsBecomeTheRequestAndThePreviewShowsThePdfsPages) {
   EXPECT_TRUE(r.landscape);
   EXPECT_FALSE(r.since);
   test::Shoot(screen, "frmRptMeet");
+  // Only the kinds a memorized row can run offer to be memorized.
+  EXPECT_TRUE(screen.findChild<QPushButton*>("cmdSaveRpt"));
+  EXPECT_TRUE(frmRptMeet(t.state, "meet-entries").findChild<QPushButton*>("cmdSaveRpt"));
+  EXPECT_FALSE(frmRptMeet(t.state, "meets").findChild<QPushButton*>("cmdSaveRpt"));
 
   ReportDoc doc;
   doc.title = "Long Report";

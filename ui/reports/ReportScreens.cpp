@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QStyle>
 
 #include "athletes/AthleteList.h"
 #include "core/DateText.h"
@@ -134,6 +135,14 @@ frmRptMeet::frmRptMeet(AppState& state, std::string kind, QWidget* parent)
   QPushButton* preview = buttons->addButton(tr("&Preview"), QDialogButtonBox::AcceptRole);
   preview->setObjectName("cmdPreview");
   preview->setDefault(true);
+  if (results || entries) {
+    QPushButton* save = buttons->addButton(tr("&Memorize"), QDialogButtonBox::ActionRole);
+    save->setObjectName("cmdSaveRpt");
+    save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
+    save->setToolTip(QString::fromUtf8(memtxt::kSaveButton.data(),
+                                       static_cast<int>(memtxt::kSaveButton.size())));
+    connect(save, &QPushButton::clicked, this, &frmRptMeet::Memorize);
+  }
   QPushButton* close = buttons->addButton(QDialogButtonBox::Close);
   close->setObjectName("cmdClose");
   connect(preview, &QPushButton::clicked, this, &frmRptMeet::Preview);
@@ -160,6 +169,13 @@ ReportRequest frmRptMeet::Request() const {
 }
 
 void frmRptMeet::Preview() { PreviewReport(state_, this, kind_, Request()); }
+
+void frmRptMeet::Memorize() {
+  const MemorizedType type =
+      kind_ == "meet-entries" ? MemorizedType::kMeetEntries : MemorizedType::kMeetResults;
+  frmRptSaveCustom save(state_, type, Request(), this);
+  save.exec();
+}
 
 void InstallReportScreens(MainWindow& window, AppState& state) {
   using C = MenuCommand;

@@ -25,6 +25,8 @@ class frmRptMeet final : public QDialog {
   ReportRequest Request() const;
   // Runs the report into the preview; the screen stays for another run.
   void Preview();
+  // Opens frmRptSaveCustom on the current settings (meet results and entries only).
+  void Memorize();
 
  private:
   AppState& state_;
