@@ -11,6 +11,7 @@
 #include "core/VbRules.h"
 #include "reports/ReportFrame.h"
 #include "reports/Memorized.h"
+#include "reports/TopTimes.h"
 #include "reports/ReportLayout.h"
 #include "store/ReportDatabase.h"
 
@@ -53,6 +54,11 @@ void TopTimesOf(const Context& c, ReportRequest& r) {
   }
   o.stroke = StrokeOption(c, 1, 5);
   o.distance = NumberOption(c, "--distance");
+  if (c.args.values.count("--diving")) {
+    if (o.distance != 0) throw UsageError("--distance and --diving exclude each other");
+    o.distance = DivingDistance(c.args.Value("--diving"));
+    if (o.distance == 0) throw UsageError("--diving expects 1, 3 or platform");
+  }
   o.include_nt = c.args.Has("--nt");
   if (c.args.Has("--lead-off")) o.lead_offs = true;
   o.standards = c.args.Has("--standards");
@@ -170,7 +176,8 @@ std::string Summary() {
       "too; --paper defaults to the one of Report Preferences. --memorized NAME runs a report "
       "memorized in the program (its swimmer and meet from --athlete and --meet).\n\n"
       "Top times: --course shows one course, --convert converts every course to one "
-      "(--actual prints the times as swum); --round F or P; --nt includes DQs and NSs; "
+      "(--actual prints the times as swum); --round F or P; --diving 1, 3 or platform "
+      "keeps the dives of that board, best points first; --nt includes DQs and NSs; "
       "--standards adds the levels of --standard (else the current one), at the age at the "
       "meet or with --current-age today's; --improve each-meet (against the baseline), "
       "meet-to-meet (against the swim before) or best (the best against the baseline); the "
@@ -191,13 +198,13 @@ std::vector<Command> ReportCommands() {
            "[--course Y|S|L] [--sex M|F] [--since DATE] [--until DATE] [--type T] "
            "[--splits 2|3] [--standard NAME] [--file F] [--title T] "
            "[--paper letter|legal|a4] [--landscape] [--convert Y|S|L] [--actual] "
-           "[--round F|P] [--stroke S] [--distance D] [--nt] [--lead-off] [--standards] "
+           "[--round F|P] [--stroke S] [--distance D] [--diving 1|3|platform] [--nt] [--lead-off] [--standards] "
            "[--current-age] [--chronological] [--improve each-meet|meet-to-meet|best] "
            "[--baseline-before-since] [--top N] [--goals] [--comments]",
            Summary(),
            {"--db", "--pdf", "--athlete", "--meet", "--course", "--sex", "--since", "--until",
             "--type", "--splits", "--standard", "--file", "--title", "--paper", "--memorized",
-            "--convert", "--round", "--stroke", "--distance", "--improve", "--top"},
+            "--convert", "--round", "--stroke", "--distance", "--diving", "--improve", "--top"},
            {"--landscape", "--actual", "--nt", "--lead-off", "--standards", "--current-age",
             "--chronological", "--baseline-before-since", "--goals", "--comments"},
            Report}};

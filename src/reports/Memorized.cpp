@@ -28,13 +28,20 @@ int IndexOf(const std::vector<std::string>& list, std::string_view value) {
   return 0;
 }
 
-// The distance list's entry of a distance (0 for none).
+// The distance list's entry of a distance (0 for none); the boards are stored as 9991 on.
 int DistanceIndexOf(int distance) {
   const std::vector<std::string> list = DistanceList();
+  if (distance >= 9991 && distance - 9980 < static_cast<int>(list.size())) return distance - 9980;
   for (size_t i = 1; i < list.size() && i < 11; ++i) {
     if (Val(list[i]) == distance) return static_cast<int>(i);
   }
   return 0;
+}
+
+int DistanceAt(int index) {
+  const std::vector<std::string> list = DistanceList();
+  if (index <= 0 || index >= static_cast<int>(list.size())) return 0;
+  return index < 11 ? static_cast<int>(Val(list[static_cast<size_t>(index)])) : index + 9980;
 }
 
 void BindRow(SQLite::Statement& q, const MemorizedReport& m) {
@@ -100,8 +107,7 @@ MemorizedReport ReadRow(SQLite::Statement& q) {
   static const int kSplits[] = {0, 2, 3, 3};
   r.split_mode = kSplits[n(5) >= 0 && n(5) < 4 ? n(5) : 0];
   o.stroke = n(6);
-  const std::vector<std::string> distances = DistanceList();
-  o.distance = n(7) > 0 && n(7) < 11 ? static_cast<int>(Val(distances[n(7)])) : 0;
+  o.distance = DistanceAt(n(7));
   if (!q.getColumn(8).isNull()) o.lead_offs = n(8) != 0;
   o.standards = n(9) != 0;
   if (n(10) != 0) r.since = DateOf(q.getColumn(11));

@@ -95,7 +95,8 @@ std::pair<std::string, std::vector<Bound>> GetTopTimes(AppState& state, const Re
   sql += lead_offs ? " AND (r.I_R = 'I' OR r.I_R = 'L'" : " AND (r.I_R = 'I'";
   sql += o.goals ? " OR r.I_R = 'G')" : ")";
   if (!Converting(r)) {
-    sql += " AND (r.COURSE = ? OR (TRIM(IFNULL(r.COURSE, '')) = '' AND IFNULL(r.NT, 0) > 0))";
+    sql += " AND (r.COURSE = ? OR (TRIM(IFNULL(r.COURSE, '')) = '' AND "
+           "(IFNULL(r.NT, 0) > 0 OR r.STROKE IN (6, 7))))";
     binds.emplace_back(std::string(1, r.course));
   }
   if (o.stroke != 0) {
@@ -198,7 +199,8 @@ void SetImprovements(AppState& state, const ReportRequest& r, bool lead_offs,
   if (mode == TopTimesOptions::Improve::kNone) return;
   std::map<std::tuple<int32_t, int, int>, std::vector<TopSwim*>> groups;
   for (TopSwim& s : swims) {
-    if (s.goal || s.nt > 0 || s.compared <= 0) continue;
+    // Points are not times: a drop would read as a gain.
+    if (s.goal || s.nt > 0 || s.compared <= 0 || s.row.int_stroke >= 6) continue;
     groups[{s.row.athlete, s.distance, s.row.int_stroke}].push_back(&s);
   }
   std::optional<BaselineBefore> before;
@@ -272,7 +274,7 @@ std::optional<std::vector<TopSwim>> LoadTopSwims(AppState& state, const ReportRe
       row.f_p = t(4);
     }
     row.int_stroke = n(11);
-    row.stroke = StrokeText(row.int_stroke, "I");
+    row.stroke = ReportStrokeText(row.int_stroke, "I");
     row.course = t(6);
     row.ex = t(5);
     row.comment = t(27);
@@ -283,11 +285,16 @@ std::optional<std::vector<TopSwim>> LoadTopSwims(AppState& state, const ReportRe
     row.misc = t(13);
 
     const char swum = row.course.empty() ? 0 : row.course[0];
-    const bool converts = target != 0 && swum != 0 && swum != target && s.score > 0;
+    // Points of a dive have no equivalent in another course.
+    const bool converts = target != 0 && swum != 0 && swum != target && s.score > 0 &&
+                          row.int_stroke < 6;
     s.compared = converts ? ConvertTime(state, static_cast<int16_t>(s.distance), s.score,
                                         static_cast<int16_t>(row.int_stroke), swum, target)
                           : s.score;
-    row.convt = s.nt > 0 || s.compared <= 0 ? kNtLast : s.compared;
+    // More points rank first, still ahead of the rows without a score.
+    row.convt = s.nt > 0 || s.compared <= 0 ? kNtLast
+                : row.int_stroke >= 6       ? kNtLast - s.compared
+                                            : s.compared;
     row.int_dist = TopTimesDistance(s.distance, row.int_stroke, target);
     row.distance = ReportDistText(row.int_dist);
 
@@ -360,6 +367,19 @@ void SetTopTimesCourse(ReportRequest& request, int index) {
     request.top.convert_to = letter;
     request.top.show_actual = index >= 6;
   }
+}
+
+int DivingDistance(std::string_view board) {
+  const std::string word = UCase(Trim(board));
+  const std::vector<std::string> list = DistanceList();
+  for (size_t i = 11; i < list.size(); ++i) {
+    const std::string entry = UCase(Trim(list[i]));
+    if (word == entry || (!word.empty() && word == entry.substr(0, word.size()) &&
+                          word.size() == 1)) {
+      return static_cast<int>(i) + 9980;
+    }
+  }
+  return 0;
 }
 
 int TopTimesDistance(int distance, int stroke, char target) {

@@ -45,6 +45,11 @@ void SetTopTimesCourse(ReportRequest& request, int index);
 // metres every 500, 1000 and 1650 becomes 400, 800 and 1500. Unchanged without a target.
 int TopTimesDistance(int distance, int stroke, char target);
 
+// The stored distance of a diving board, the filter of "1 Meter", "3 Meter" or "Platform":
+// 9991 to 9993. The words are taken trimmed and in any case, as are "1", "3" and "P"; 0
+// for anything else.
+int DivingDistance(std::string_view board);
+
 // The improvement of each swim of one swimmer's event, swims given oldest first (times in
 // hundredths, in the course they are compared in). Positive is faster. The baseline is
 // `before` (the best before the since date) when given, else the first swim, which then

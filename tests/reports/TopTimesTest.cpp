@@ -171,6 +171,15 @@ TEST_F(TopTimes, FillWritesTheRowsOfEachChoice) {
   none.course = 'S';
   EXPECT_FALSE(PrintTTReport(t.state, none));
   EXPECT_TRUE(t.io.Saw("No results to report."));
+
+  // A dive has no course; its board alone picks it, printed as points.
+  Swim(1, 9991, 6, 35050, "");
+  ReportRequest dives;
+  dives.athlete = 1;
+  dives.course = 'Y';
+  dives.top.distance = DivingDistance("1");
+  ASSERT_TRUE(PrintTTReport(t.state, dives));
+  EXPECT_EQ(Rows(fields + ", STROKE, SCORE"), "6|9991|1 Meter|1|F||Diving|350.50\n");
 }
 
 TEST_F(TopTimes, PrintedWithHeadingsAndRows) {
@@ -240,6 +249,7 @@ TEST_F(TopTimes, MemorizedSettingsSaveRenameRemoveAndRunFromTheCommand) {
                 "Free"},
                0},
               {{"--memorized", "Nothing"}, 1},
+              {{"top-times", "--course", "Y", "--diving", "5"}, 2},
               {{"top-times", "--course", "Y", "--convert", "L"}, 2}};
   for (const auto& run : runs) {
     std::ostringstream out, err;

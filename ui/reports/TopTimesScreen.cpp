@@ -120,8 +120,9 @@ frmRptTopTimes::frmRptTopTimes(AppState& state, QWidget* parent)
   distance_->setObjectName("cboDistance");
   distance_->addItem(tr("All"), 0);
   const std::vector<std::string> distances = DistanceList();
-  for (size_t i = 1; i < distances.size() && i < 11; ++i) {
-    distance_->addItem(Q(Trim(distances[i])), static_cast<int>(Val(distances[i])));
+  for (size_t i = 1; i < distances.size(); ++i) {
+    const int boards = DivingDistance(distances[i]);
+    distance_->addItem(Q(Trim(distances[i])), i < 11 ? static_cast<int>(Val(distances[i])) : boards);
   }
   filters->addRow("Distance:", distance_);
   grid->addWidget(Group(this, "Stroke Distance Filters", filters), 2, 1);
