@@ -17,6 +17,9 @@ namespace {
 constexpr double kLayoutDpi = 1200;
 constexpr double kBodyPoints = 9;
 constexpr double kSmallestPoints = 6.5;
+// Fixed-width text is laid out by padding: a cut line loses its right-hand columns, so
+// such a section may go smaller than proportional text before anything is elided.
+constexpr double kSmallestFixedPoints = 4.5;
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
@@ -179,8 +182,15 @@ class Paginator {
     geo.mono = s.fixed_pitch;
     const double chars_at_body =
         QFontMetricsF(Font(kBodyPoints, false, false, geo.mono)).averageCharWidth();
+    const double smallest = geo.mono ? kSmallestFixedPoints : kSmallestPoints;
     if (total * chars_at_body > column_width_) {
-      points = std::max(kSmallestPoints, kBodyPoints * column_width_ / (total * chars_at_body));
+      points = std::max(smallest, kBodyPoints * column_width_ / (total * chars_at_body));
+      // Pixel sizes are whole numbers: step down until the measured width fits.
+      while (geo.mono && points > smallest &&
+             total * QFontMetricsF(Font(points, false, false, true)).averageCharWidth() >
+                 column_width_) {
+        points = std::max(smallest, points - 0.05);
+      }
     }
     geo.points = points;
     geo.row = Font(points, false, false, geo.mono);

@@ -290,6 +290,22 @@ TEST_F(Reports, ImportRowsPrintWithTheirRelaysOnAPageOfTheirOwn) {
   EXPECT_NE(relays.find("Free Relay"), std::string::npos);
 }
 
+TEST_F(Reports, FixedWidthLinesFitTheirFlowColumnWhole) {
+  ReportDoc doc;
+  doc.title = "Log";
+  doc.flow_columns = 2;
+  ReportSection s;
+  s.fixed_pitch = true;
+  const std::string line = "4:30 PM    500      1 x 500 on 7:30 Warm-up            REC    S FR 1:39";
+  s.columns = {ReportColumn{"", static_cast<double>(line.size() + 1)}};
+  s.lines.push_back(ReportLine{ReportLine::Kind::kRow, {line}, {}});
+  doc.sections.push_back(s);
+  const std::string text = Printed(doc);
+  if (text.empty()) GTEST_SKIP() << "pdftotext is missing";
+  EXPECT_NE(text.find("FR 1:39"), std::string::npos) << text;
+  EXPECT_EQ(text.find("\u2026"), std::string::npos) << text;
+}
+
 TEST_F(Reports, CommandWritesThePdfOfAKind) {
   Swim(1, 1, 100, 1, 6000);
   Db().exec("UPDATE OPTIONS SET PaperSize = 1");  // "8 1/2 x 14"
