@@ -48,7 +48,7 @@ void BindRow(SQLite::Statement& q, const MemorizedReport& m) {
   const ReportRequest& r = m.request;
   const TopTimesOptions& o = r.top;
   const int splits = r.split_mode == 2 ? 1 : r.split_mode == 3 ? 2 : 0;
-  const int course = m.type == MemorizedType::kTopTimes
+  const int course = m.type == MemorizedType::kTopTimes || m.type == MemorizedType::kTopTimesSpread
                          ? TopTimesCourseIndex(r)
                          : r.course ? static_cast<int>(CourseLetters.find(r.course)) + 1 : 0;
   int at = 1;
@@ -117,7 +117,7 @@ MemorizedReport ReadRow(SQLite::Statement& q) {
   if (n(13) != 0) r.until = DateOf(q.getColumn(14));
   r.meet_type = Trim(TextOf(q.getColumn(16)));
   o.top_n = n(17);
-  if (m.type == MemorizedType::kTopTimes) {
+  if (m.type == MemorizedType::kTopTimes || m.type == MemorizedType::kTopTimesSpread) {
     SetTopTimesCourse(r, n(18));
   } else if (n(18) >= 1 && n(18) <= 3) {
     r.course = CourseLetters[static_cast<size_t>(n(18) - 1)];
@@ -163,7 +163,7 @@ std::string MemorizedKind(MemorizedType type) {
     case MemorizedType::kMeetEntries:
       return "meet-entries";
     case MemorizedType::kTopTimesSpread:
-      break;
+      return "top-times-spread";
   }
   return "";
 }

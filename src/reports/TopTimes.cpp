@@ -570,6 +570,101 @@ ReportDoc LayoutTopTimes(AppState& state, const ReportRequest& r) {
   return doc;
 }
 
+namespace {
+
+constexpr int kSpreadEvents = 22;  // the Dis, EV and F columns of RSPREAD
+
+// RSPREAD from the top times: a row a swimmer with the best of each event in its column.
+bool FillSpread(AppState& state, const ReportRequest& request) {
+  ReportRequest r = request;
+  r.top.goals = false;
+  r.top.include_nt = false;
+  if (!PrintTTReport(state, r)) return false;
+  SQLite::Database& rdb = *state.gReportDb;
+  std::vector<std::pair<int, int>> events;
+  std::vector<std::string> dis, ev;
+  SQLite::Statement e(rdb,
+                      "SELECT DISTINCT INTSTROKE, INTDIST, trim(DISTANCE), trim(STROKE) FROM RMEETI "
+                      "WHERE CONVT < ? ORDER BY INTSTROKE, INTDIST LIMIT ?");
+  e.bind(1, kNtLast);
+  e.bind(2, kSpreadEvents);
+  while (e.executeStep()) {
+    events.emplace_back(e.getColumn(0).getInt(), e.getColumn(1).getInt());
+    dis.push_back(TextOf(e.getColumn(2)));
+    ev.push_back(TextOf(e.getColumn(3)));
+  }
+  std::string sql = "INSERT INTO RSPREAD (AGE, LAST, FIRST, INITIAL, SEX, INACTIVE, LO_HI, NAME";
+  for (size_t i = 0; i < events.size(); ++i) sql += fmt::format(", Dis{0}, EV{0}, F{0}", i);
+  sql += ") VALUES (?, ?, ?, ?, ?, 0, 0, ?";
+  for (size_t i = 0; i < events.size() * 3; ++i) sql += ", ?";
+  sql += ")";
+  SQLite::Transaction transaction(rdb);
+  rdb.exec("DELETE FROM RSPREAD");
+  SQLite::Statement add(rdb, sql);
+  SQLite::Statement who(rdb,
+                        "SELECT ATHLETE, MAX(AGE), LAST, FIRST, INITIAL, SEX, NAME FROM RMEETI "
+                        "WHERE CONVT < ? GROUP BY ATHLETE");
+  who.bind(1, kNtLast);
+  // The score of the smallest CONVT is the row SQLite takes with MIN.
+  SQLite::Statement best(rdb,
+                         "SELECT trim(SCORE), MIN(CONVT) FROM RMEETI WHERE ATHLETE = ? AND "
+                         "INTSTROKE = ? AND INTDIST = ? AND CONVT < ?");
+  while (who.executeStep()) {
+    add.reset();
+    add.clearBindings();
+    add.bind(1, who.getColumn(1).getInt());
+    for (int i = 2; i <= 6; ++i) add.bind(i, TextOf(who.getColumn(i)));
+    for (size_t i = 0; i < events.size(); ++i) {
+      best.reset();
+      best.bind(1, who.getColumn(0).getInt());
+      best.bind(2, events[i].first);
+      best.bind(3, events[i].second);
+      best.bind(4, kNtLast);
+      std::string score;
+      if (best.executeStep() && !best.getColumn(1).isNull()) score = TextOf(best.getColumn(0));
+      const int at = 7 + static_cast<int>(i) * 3;
+      add.bind(at, dis[i]);
+      add.bind(at + 1, ev[i]);
+      add.bind(at + 2, FitText(score, 21));
+    }
+    add.exec();
+  }
+  transaction.commit();
+  SetReportParameters(state, "Top Times Spread Sheet",
+                      {"", "", ReadReportParameters(rdb).misc_line,
+                       ReadReportParameters(rdb).date_line});
+  return true;
+}
+
+ReportDoc LayoutSpread(AppState& state, const ReportRequest& request) {
+  ReportDoc doc = StartReportDoc(state, request);
+  doc.landscape = true;
+  SQLite::Database& rdb = *state.gReportDb;
+  const ReportParameters p = ReadReportParameters(rdb);
+  std::string cols = "NAME, AGE, SEX";
+  for (int i = 0; i < kSpreadEvents; ++i) cols += fmt::format(", Dis{0}, EV{0}, F{0}", i);
+  SQLite::Statement q(rdb, "SELECT " + cols + " FROM RSPREAD ORDER BY SEX, LAST, FIRST");
+  ReportSection s;
+  std::string sex = "?";
+  while (q.executeStep()) {
+    auto t = [&q](int i) { return Trim(TextOf(q.getColumn(i))); };
+    if (s.columns.empty()) {
+      s.columns = {{"Swimmer", 18}, {"Age", 4, ReportColumn::Align::kRight}};
+      for (int i = 0; i < kSpreadEvents && !t(3 + i * 3).empty(); ++i) {
+        s.columns.push_back({t(3 + i * 3) + " " + t(4 + i * 3), 8, ReportColumn::Align::kRight});
+      }
+    }
+    if (t(2) != sex) s.Group(ReportSexWord(sex = t(2), p));
+    std::vector<std::string> cells = {t(0), t(1)};
+    for (size_t i = 2; i < s.columns.size(); ++i) cells.push_back(t(5 + static_cast<int>(i - 2) * 3));
+    s.Row(std::move(cells));
+  }
+  doc.sections.push_back(std::move(s));
+  return doc;
+}
+
+}  // namespace
+
 void AddTopTimesReports(ReportCatalog& catalog) {
   catalog.Add({"top-times",
                "a swimmer's swims by event, fastest first (--athlete, --course or --convert "
@@ -584,6 +679,10 @@ void AddTopTimesReports(ReportCatalog& catalog) {
                  return PrintTTReport(state, r);
                },
                LayoutTopTimes});
+  catalog.Add({"top-times-spread",
+               "each swimmer's best of each event in columns, a row a swimmer (the top-times "
+               "options)",
+               FillSpread, LayoutSpread});
 }
 
 }  // namespace kvlr

@@ -172,6 +172,13 @@ TEST_F(TopTimes, FillWritesTheRowsOfEachChoice) {
   EXPECT_FALSE(PrintTTReport(t.state, none));
   EXPECT_TRUE(t.io.Saw("No results to report."));
 
+  // The spread sheet: each event's best in its column.
+  none.course = 'Y';
+  ASSERT_TRUE(BuiltInReports().Find("top-times-spread")->fill(t.state, none));
+  EXPECT_EQ(test::QueryRows(*t.state.gReportDb, "SELECT NAME, Dis0, EV0, F0, Dis1, EV1, F1, "
+                                                "F2 FROM RSPREAD"),
+            "Lane, Robin|500|Free|5:30.00Y|100|Back|1:10.00Y|\n");
+
   // A dive has no course; its board alone picks it, printed as points.
   Swim(1, 9991, 6, 35050, "");
   ReportRequest dives;
