@@ -516,7 +516,7 @@ ReportDoc LayoutTopTimes(AppState& state, const ReportRequest& r) {
   if (improve) s.columns.push_back({"Improv", 8, Align::kRight});
   if (!one_meet) {
     s.columns.push_back({"Date", 11});
-    s.columns.push_back({"Meet", swimmers ? 30 : 34});
+    s.columns.push_back({"Meet", swimmers ? 30.0 : 34.0});
   }
   if (swimmers) s.columns.push_back({"Swimmer", 24});
   SQLite::Statement q(
