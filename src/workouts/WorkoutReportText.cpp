@@ -243,9 +243,26 @@ size_t ColumnOf(StatGrid& g, const std::string& name, int cycles) {
 
 std::string Figure(double v) { return gFormatThousands(static_cast<long>(RoundHalfEven(v))); }
 
-void PrintGrid(StatsTable& table, const StatGrid& g, const StatsOptions& o) {
+// A share of a total as whole percent, blank when there is no total.
+std::string Percent(double part, double whole) {
+  if (whole <= 0) return "";
+  return std::to_string(static_cast<long>(RoundHalfEven(part * 100 / whole)));
+}
+
+// The analysis tables end in a Total column; each column before it is printed as its value
+// in 8 and its share of the cycle's total in 3, the Total itself in 11.
+void PrintGrid(StatsTable& table, const StatGrid& g, const StatsOptions& o, bool percents) {
   const size_t parts = (g.columns.size() + 6) / 7;
+  const size_t total_column = percents ? g.columns.size() - 1 : 0;
   long cycles_with_data = std::count(g.has_data.begin(), g.has_data.end(), true);
+  std::vector<double> grand(g.columns.size(), 0);
+  for (size_t row = 0; row < g.cells.size(); ++row) {
+    for (size_t c = 0; c < g.columns.size(); ++c) grand[c] += g.cells[row][c];
+  }
+  auto cell = [&](size_t c, double value, double total) {
+    if (c >= total_column) return Right(Figure(value), 11);
+    return Right(Figure(value), 8) + Right(Percent(value, total), 3);
+  };
   for (size_t part = 0; part < std::max<size_t>(parts, 1); ++part) {
     const size_t first = part * 7, last = std::min(g.columns.size(), first + 7);
     std::string title = g.title;
@@ -254,26 +271,30 @@ void PrintGrid(StatsTable& table, const StatGrid& g, const StatsOptions& o) {
     Push(table.lines, title, true);
     std::string head = Right("Date", 11), rule = std::string(11, '-');
     for (size_t c = first; c < last; ++c) {
-      head += Right(g.columns[c].substr(0, 10), 11);
-      rule += " " + std::string(10, '-');
+      if (c >= total_column) {
+        head += Right(g.columns[c].substr(0, 10), 11);
+        rule += " " + std::string(10, '-');
+      } else {
+        head += Right(g.columns[c].substr(0, 7), 8) + "  %";
+        rule += " " + std::string(7, '-') + " --";
+      }
     }
     Push(table.lines, head, true);
     Push(table.lines, rule, true);
-    std::vector<double> sums(last - first, 0);
     for (size_t row = 0; row < g.cells.size(); ++row) {
       if (!g.has_data[row]) continue;
       const Date d = AddDays(o.start, static_cast<long>(row) * o.cycle_days);
       std::string line = Right(fmt::format("{:02}/{:02}/{}", d.month, d.day, d.year), 11);
-      for (size_t c = first; c < last; ++c) {
-        line += Right(Figure(g.cells[row][c]), 11);
-        sums[c - first] += g.cells[row][c];
-      }
+      const double row_total = percents ? g.cells[row][total_column] : 0;
+      for (size_t c = first; c < last; ++c) line += cell(c, g.cells[row][c], row_total);
       Push(table.lines, line);
     }
+    const double sum_total = percents ? grand[total_column] : 0;
     std::string total = Right("Total", 11), average = Right("Average", 11);
-    for (double s : sums) {
-      total += Right(Figure(s), 11);
-      average += Right(Figure(cycles_with_data ? s / static_cast<double>(cycles_with_data) : 0), 11);
+    for (size_t c = first; c < last; ++c) {
+      total += cell(c, grand[c], sum_total);
+      const double n = cycles_with_data ? static_cast<double>(cycles_with_data) : 0;
+      average += cell(c, n ? grand[c] / n : 0, n ? sum_total / n : 0);
     }
     Push(table.lines, total, true);
     Push(table.lines, average, true);
@@ -403,7 +424,7 @@ StatsResult BuildWorkoutStats(AppState& state, const StatsOptions& o) {
     }
     StatsTable table;
     table.title = g.title;
-    PrintGrid(table, g, o);
+    PrintGrid(table, g, o, per_user);
     result.tables.push_back(std::move(table));
   }
   if (result.tables.empty()) result.message = kNoWorkoutsFound;

@@ -8,6 +8,7 @@
 #include "workouts/Memorized.h"
 #include "workouts/WorkoutExchange.h"
 #include "workouts/WorkoutNotes.h"
+#include "workouts/WorkoutReportText.h"
 #include "workouts/WorkoutStore.h"
 
 namespace kvlr {
@@ -25,6 +26,37 @@ void Generate(const fs::path& file, const std::vector<std::vector<std::string>>&
 }
 
 class WorkoutExchange : public test::DbTest {};
+class WorkoutStats : public test::DbTest {};
+
+TEST_F(WorkoutStats, AnalysisColumnsShowTheirShareOfTheCycleTotal) {
+  HeaderEntry h;
+  h.wk_num = 1;
+  h.wk_date = Date{2025, 3, 3};
+  const int32_t ptr = SaveWorkoutHeader(Db(), h);
+  WkLine swim, kick;
+  swim.wk_line = 1;
+  swim.set_reps = 3;
+  swim.set_dist = 100;
+  swim.set_interval = 90;
+  swim.set_type = "S";
+  kick = swim;
+  kick.wk_line = 2;
+  kick.set_reps = 1;
+  kick.set_type = "K";
+  WriteWorkoutLines(Db(), ptr, {swim, kick});
+  StatsOptions o;
+  o.type = StatType::kWork;
+  o.start = h.wk_date;
+  o.end = Date{2025, 3, 9};
+  const StatsResult r = BuildWorkoutStats(t.state, o);
+  ASSERT_EQ(r.tables.size(), 1u) << r.message;
+  const auto& lines = r.tables[0].lines;
+  ASSERT_EQ(lines.size(), 7u);
+  EXPECT_EQ(lines[2].text, "       Date       S  %       K  %      Total");
+  EXPECT_EQ(lines[3].text, "----------- ------- -- ------- -- ----------");
+  EXPECT_EQ(lines[4].text, " 03/03/2025     300 75     100 25        400");
+  EXPECT_EQ(lines[6].text, "    Average     300 75     100 25        400");
+}
 
 TEST_F(WorkoutExchange, GeneratedFileComesInWithMappedCodesAndNewNumbers) {
   HeaderEntry existing;
