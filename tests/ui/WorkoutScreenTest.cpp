@@ -3,7 +3,9 @@
 
 #include <cstdio>
 
+#include <QDialogButtonBox>
 #include <QMimeData>
+#include <QPushButton>
 
 #include "reports/ReportFrame.h"
 #include "reports/ReportLayout.h"
@@ -78,6 +80,33 @@ TEST(WorkoutScreen, AddedSetsDragAndTheEndRowTotal) {
   EXPECT_EQ(t.io.shown.back().text, "Reps and Distance cannot both be zero !");
   EXPECT_EQ(ReadWorkoutLines(*t.state.gDb, ptr).size(), 3u);
   test::Shoot(screen, "frmWorkout");
+}
+
+TEST(WorkoutLineDialog, CategoriesListedByNameAndCircuitTitleRequired) {
+  test::QtApp();
+  test::TempHome t;
+  const std::vector<WorkStrokeEntry> ws = {
+      {"S", "Swim", 1}, {"K", "Kick", 1}, {"FR", "Free", 2}, {"BK", "Back", 2}};
+  frmWorkoutLineAddEdit::Setup setup;
+  setup.values.type = "SK";
+  setup.values.category = "BK";
+  frmWorkoutLineAddEdit d(setup, EnergyArray{}, ws, {"Warm"}, t.io);
+  EXPECT_FALSE(d.stroke_->isEditable());
+  EXPECT_EQ(d.stroke_->currentText(), "BK  Back");
+  EXPECT_EQ(d.Values().type, "SK");  // letters combined by typing stay as typed
+  d.type_->setCurrentIndex(1);
+  d.stroke_->setCurrentIndex(0);
+  EXPECT_EQ(d.Values().type, "K");
+  EXPECT_EQ(d.Values().category, "");
+  test::Shoot(d, "frmWorkoutLineAddEdit");
+
+  frmWorkoutInsertMemCirName title({});
+  QPushButton* ok = title.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+  EXPECT_FALSE(ok->isEnabled());
+  title.title_->setText("  Sprint ladder ");
+  EXPECT_TRUE(ok->isEnabled());
+  EXPECT_EQ(title.Title(), "Sprint ladder");
+  test::Shoot(title, "frmWorkoutInsertMemCirName");
 }
 
 TEST(WorkoutLogbook, PdfHoldsTheBlockOfEachWorkout) {

@@ -5,7 +5,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QInputDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -148,15 +147,26 @@ frmWorkoutLineAddEdit::frmWorkoutLineAddEdit(const Setup& setup, const EnergyArr
                      static_cast<int>(i));
   }
   energy_->setCurrentIndex(std::clamp<int>(v.energyno, 0, 9));
+  // A work type may combine letters ("SK"), so its box stays open to typing; a stroke is
+  // one category or none.
   type_ = new QComboBox(this);
   type_->setObjectName("type");
   type_->setEditable(true);
+  type_->setInsertPolicy(QComboBox::NoInsert);
   stroke_ = new QComboBox(this);
   stroke_->setObjectName("stroke");
-  stroke_->setEditable(true);
-  for (const auto& e : work_stroke) (e.kind == 1 ? type_ : stroke_)->addItem(Q(e.abbr));
+  stroke_->addItem(QString(), QString());
+  for (const auto& e : work_stroke) {
+    const QString code = Q(Trim(e.abbr));
+    (e.kind == 1 ? type_ : stroke_)->addItem(code + "  " + Q(Trim(e.name)), code);
+  }
+  // Picking a named entry leaves only its code in the box.
+  connect(type_, &QComboBox::activated, this,
+          [this](int i) { type_->setEditText(type_->itemData(i).toString()); });
   type_->setEditText(Q(Trim(v.type)));
-  stroke_->setEditText(Q(Trim(v.category)));
+  const QString category = Q(Trim(v.category)).toUpper();
+  if (stroke_->findData(category) < 0) stroke_->addItem(category, category);  // kept as stored
+  stroke_->setCurrentIndex(stroke_->findData(category));
   energy_->setEnabled(!setup.disable_energy);
   stroke_->setEnabled(!setup.disable_stroke);
   auto* form = new QFormLayout;
@@ -192,8 +202,10 @@ SetValues frmWorkoutLineAddEdit::Values() const {
   v.interval = static_cast<int32_t>(gMMSSToSeconds(interval_->text().trimmed().toStdString()));
   v.desc = desc_->currentText().toStdString();
   if (!setup_.disable_energy) v.energyno = static_cast<int16_t>(energy_->currentData().toInt());
-  v.type = Trim(type_->currentText().toUpper().toStdString());
-  if (!setup_.disable_stroke) v.category = Trim(stroke_->currentText().toUpper().toStdString());
+  QString type = type_->currentText();
+  if (const int i = type_->findText(type); i >= 0) type = type_->itemData(i).toString();
+  v.type = Trim(type.toUpper().toStdString());
+  if (!setup_.disable_stroke) v.category = stroke_->currentData().toString().toStdString();
   return v;
 }
 
@@ -491,6 +503,25 @@ void frmWorkoutInsertMemSingle::Edit(bool add) {
   Load(current);
 }
 
+frmWorkoutInsertMemCirName::frmWorkoutInsertMemCirName(const QString& title, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmWorkoutInsertMemCirName");
+  setWindowTitle(tr("Circuit Title"));
+  title_ = new QLineEdit(title, this);
+  title_->setObjectName("title");
+  title_->setMaxLength(30);  // the width of cir_name
+  auto* form = new QFormLayout;
+  form->addRow(tr("Circuit Title :"), title_);
+  auto* buttons = OkCancel(this);
+  QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
+  ok->setEnabled(!Title().isEmpty());
+  connect(title_, &QLineEdit::textChanged, this, [this, ok] { ok->setEnabled(!Title().isEmpty()); });
+  auto* v = new QVBoxLayout(this);
+  v->addLayout(form);
+  v->addWidget(buttons);
+  title_->setFocus();
+}
+
 frmWorkoutInsertMemCircuit::frmWorkoutInsertMemCircuit(AppState& state, QWidget* parent)
     : QDialog(parent), state_(state) {
   setObjectName("frmWorkoutInsertMemCircuit");
@@ -506,21 +537,16 @@ frmWorkoutInsertMemCircuit::frmWorkoutInsertMemCircuit(AppState& state, QWidget*
   auto* rename = new QPushButton(tr("Edit Highlighted Set"), this);
   auto* del = new QPushButton(tr("Delete Highlighted Set"), this);
   connect(add, &QPushButton::clicked, this, [this] {
-    bool ok = false;
-    const QString name = QInputDialog::getText(this, tr("Circuit Title"), tr("Circuit Title"),
-                                               QLineEdit::Normal, {}, &ok);
-    if (!ok || name.trimmed().isEmpty()) return;
-    LoadNames(AddMemCircuit(*state_.gDb, name.trimmed().toStdString()));
+    frmWorkoutInsertMemCirName dialog({}, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    LoadNames(AddMemCircuit(*state_.gDb, dialog.Title().toStdString()));
   });
   connect(rename, &QPushButton::clicked, this, [this] {
     const int32_t cir = Current();
     if (cir == 0) return;
-    bool ok = false;
-    const QString name = QInputDialog::getText(this, tr("Circuit Title"), tr("Circuit Title"),
-                                               QLineEdit::Normal,
-                                               names_->item(names_->currentRow(), 0)->text(), &ok);
-    if (!ok || name.trimmed().isEmpty()) return;
-    RenameMemCircuit(*state_.gDb, cir, name.trimmed().toStdString());
+    frmWorkoutInsertMemCirName dialog(names_->item(names_->currentRow(), 0)->text(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    RenameMemCircuit(*state_.gDb, cir, dialog.Title().toStdString());
     LoadNames(cir);
   });
   connect(del, &QPushButton::clicked, this, [this] {

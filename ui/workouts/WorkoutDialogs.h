@@ -158,6 +158,16 @@ class frmWorkoutInsertMemSingle final : public QDialog {
   QTableWidget* grid_;
 };
 
+// The title of a memorized circuit: up to 30 characters, never empty.
+class frmWorkoutInsertMemCirName final : public QDialog {
+  Q_OBJECT
+ public:
+  explicit frmWorkoutInsertMemCirName(const QString& title, QWidget* parent = nullptr);
+  QString Title() const { return title_->text().trimmed(); }
+
+  QLineEdit* title_;
+};
+
 class frmWorkoutInsertMemCircuit final : public QDialog {
   Q_OBJECT
  public:
