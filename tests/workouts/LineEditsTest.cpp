@@ -11,9 +11,9 @@ namespace {
 using Lines = std::vector<WkLine>;
 
 // "a:S b:C1/2x3 ~n:S": a set (or with ~ a note) named by its text, and its circuit fields.
-Lines Make(const std::string& spec) {
+Lines Make(const std::string& layout) {
   Lines lines;
-  std::istringstream in(spec);
+  std::istringstream in(layout);
   std::string token;
   while (in >> token) {
     const auto colon = token.find(':');
