@@ -252,16 +252,29 @@ AddStart StartAdd(AppState& state, int type, const Date& date, std::optional<Tim
   }
 }
 
+std::optional<int> TypedEventStart(UserIo& io, std::string_view typed) {
+  std::string message;
+  const auto start = TypedMinutes(Trim(typed).empty() ? kFirstStart : typed, &message);
+  if (!start) io.Tell(message.empty() ? kInvalidStart : message);
+  return start;
+}
+
+std::optional<int> TypedEventEnd(UserIo& io, std::string_view typed, int start) {
+  std::string message;
+  const auto end = TypedMinutes(Trim(typed).empty() ? kFirstEnd : typed, &message);
+  if (!end) {
+    io.Tell(message.empty() ? kInvalidEnd : message);
+  } else if (*end < start) {
+    io.Tell(kEndBeforeStart);
+    return std::nullopt;
+  }
+  return end;
+}
+
 EventSaveResult SaveEvent(AppState& state, const CalendarEventForm& form) {
   UserIo& io = *state.io;
-  const std::string start_text = Trim(form.start).empty() ? std::string(kFirstStart) : form.start;
-  const std::string end_text = Trim(form.end).empty() ? std::string(kFirstEnd) : form.end;
-  std::string message;
-  const auto start = TypedMinutes(start_text, &message);
-  if (!start) {
-    io.Tell(message.empty() ? kInvalidStart : message);
-    return {false, EventFocus::kStart, form.id};
-  }
+  const auto start = TypedEventStart(io, form.start);
+  if (!start) return {false, EventFocus::kStart, form.id};
   return RunTrapped(
       state, "frmKVLEVENT.cmdOK_Click",
       [&]() -> EventSaveResult {
@@ -270,15 +283,8 @@ EventSaveResult SaveEvent(AppState& state, const CalendarEventForm& form) {
           io.Tell(kTwoEvents);
           return {false, EventFocus::kStart, form.id};
         }
-        const auto end = TypedMinutes(end_text, &message);
-        if (!end) {
-          io.Tell(message.empty() ? kInvalidEnd : message);
-          return {false, EventFocus::kEnd, form.id};
-        }
-        if (*end < *start) {
-          io.Tell(kEndBeforeStart);
-          return {false, EventFocus::kEnd, form.id};
-        }
+        const auto end = TypedEventEnd(io, form.end, *start);
+        if (!end) return {false, EventFocus::kEnd, form.id};
         SQLite::Transaction transaction(db);
         int64_t id = form.id;
         int32_t owner = state.gAthlete;

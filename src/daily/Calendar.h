@@ -53,6 +53,12 @@ std::optional<int> StoredMinutes(std::string_view stored);
 // A typed time through ParseTimeOfDay; nullopt when refused, with the normaliser's own
 // message (if any) in *message.
 std::optional<int> TypedMinutes(std::string_view text, std::string* message = nullptr);
+// The typed start of an event dialog (blank: the first slot's start), or nullopt after
+// telling the user why it isn't a time.
+std::optional<int> TypedEventStart(UserIo& io, std::string_view typed);
+// The typed end (blank: the first slot's end), or nullopt after telling the user it isn't a
+// time or lies before `start`.
+std::optional<int> TypedEventEnd(UserIo& io, std::string_view typed, int start);
 // `minutes` moved to the nearest quarter hour and kept within the day view.
 int SnapToQuarter(int minutes);
 

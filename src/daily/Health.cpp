@@ -102,14 +102,8 @@ HealthForm HealthFormOf(const HealthRecord& r) {
 
 EventSaveResult SaveHealth(AppState& state, const HealthForm& form) {
   UserIo& io = *state.io;
-  const std::string start_text = Trim(form.start).empty() ? std::string(kFirstStart) : form.start;
-  const std::string end_text = Trim(form.end).empty() ? std::string(kFirstEnd) : form.end;
-  std::string message;
-  const auto start = TypedMinutes(start_text, &message);
-  if (!start) {
-    io.Tell(message.empty() ? kInvalidStart : message);
-    return {false, EventFocus::kStart, form.id};
-  }
+  const auto start = TypedEventStart(io, form.start);
+  if (!start) return {false, EventFocus::kStart, form.id};
   return RunTrapped(
       state, "frmKVLEVENTHealth.cmdSave_Click",
       [&]() -> EventSaveResult {
@@ -124,15 +118,8 @@ EventSaveResult SaveHealth(AppState& state, const HealthForm& form) {
           io.Tell(kTwoEvents);
           return {false, EventFocus::kStart, form.id};
         }
-        const auto end = TypedMinutes(end_text, &message);
-        if (!end) {
-          io.Tell(message.empty() ? kInvalidEnd : message);
-          return {false, EventFocus::kEnd, form.id};
-        }
-        if (*end < *start) {
-          io.Tell(kEndBeforeStart);
-          return {false, EventFocus::kEnd, form.id};
-        }
+        const auto end = TypedEventEnd(io, form.end, *start);
+        if (!end) return {false, EventFocus::kEnd, form.id};
         std::string refused;
         const auto values = ReadHealthValues(form.values, &refused);
         if (!values) {

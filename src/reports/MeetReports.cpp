@@ -69,6 +69,18 @@ std::string MeetHeading(const AppState& state, const std::string& name, const st
 
 // ---- Meets
 
+// The end of a fill over a date range: with no rows the user is told, else the parameter row
+// names the range.
+bool EndRangeFill(AppState& state, const ReportRequest& r, int rows, std::string_view title,
+                  std::string_view sort_by = {}) {
+  if (rows == 0) {
+    state.io->Tell(kNothingToReport);
+    return false;
+  }
+  SetReportParameters(state, title, {"", "", RangeLine(state, r), ""}, sort_by);
+  return true;
+}
+
 // The meet's and the swimmer's columns both report queries select in one order, from
 // column `first` on: meet key, name, start, end, course, type, athlete, last, first,
 // initial, sex.
@@ -113,12 +125,7 @@ bool FillMeets(AppState& state, const ReportRequest& r) {
     ++rows;
   }
   transaction.commit();
-  if (rows == 0) {
-    state.io->Tell(kNothingToReport);
-    return false;
-  }
-  SetReportParameters(state, "Meets", {"", "", RangeLine(state, r), ""}, "Start");
-  return true;
+  return EndRangeFill(state, r, rows, "Meets", "Start");
 }
 
 ReportDoc LayoutMeets(AppState& state, const ReportRequest& r) {
@@ -202,12 +209,7 @@ bool FillMeetResults(AppState& state, const ReportRequest& r) {
     rows_out.Add(row);
   }
   transaction.commit();
-  if (rows == 0) {
-    state.io->Tell(kNothingToReport);
-    return false;
-  }
-  SetReportParameters(state, "Meet Results", {"", "", RangeLine(state, r), ""});
-  return true;
+  return EndRangeFill(state, r, rows, "Meet Results");
 }
 
 ReportDoc LayoutMeetResults(AppState& state, const ReportRequest& r) {
@@ -298,12 +300,7 @@ bool FillMeetEntries(AppState& state, const ReportRequest& r) {
     rows_out.Add(row);
   }
   transaction.commit();
-  if (rows == 0) {
-    state.io->Tell(kNothingToReport);
-    return false;
-  }
-  SetReportParameters(state, "Meet Entries", {"", "", RangeLine(state, r), ""}, "E");
-  return true;
+  return EndRangeFill(state, r, rows, "Meet Entries", "E");
 }
 
 ReportDoc LayoutMeetEntries(AppState& state, const ReportRequest& r) {
